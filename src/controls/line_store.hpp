@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pelrath {
+
+/// Many lines of text in one block of memory, in the order of their arrival.
+class LineStore {
+public:
+    [[nodiscard]] std::size_t count() const { return ends_.size(); }
+    [[nodiscard]] std::string_view line(std::size_t index) const {
+        const std::size_t start = index == 0 ? 0 : ends_[index - 1];
+        return std::string_view{text_}.substr(start, ends_[index] - start);
+    }
+
+    void append(std::string_view line) {
+        text_.append(line);
+        ends_.push_back(text_.size());
+    }
+    /// The bytes of the line that came last.
+    [[nodiscard]] std::span<char> lastLine() {
+        const std::size_t start = ends_.size() < 2 ? 0 : ends_[ends_.size() - 2];
+        return std::span{text_}.subspan(start);
+    }
+    /// Makes room for so many lines and bytes in all; a hint only.
+    void reserve(std::size_t lines, std::size_t bytes) {
+        ends_.reserve(lines);
+        text_.reserve(bytes);
+    }
+    /// Gives the memory back too.
+    void clear() {
+        text_ = {};
+        ends_ = {};
+    }
+
+private:
+    std::string text_;
+    std::vector<std::size_t> ends_;
+};
+
+} // namespace pelrath

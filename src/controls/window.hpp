@@ -1,0 +1,58 @@
+#pragma once
+
+#include "controls/control.hpp"
+
+namespace pelrath {
+
+/// A window as its model sees it: the box is its place on the screen and its outer size, frame included.
+class Window : public CaptionedControl {
+public:
+    Signal<> resize;   ///< after every change of the outer size, whoever makes it
+    Signal<> unloaded; ///< it is gone for good
+
+    [[nodiscard]] bool minimized() const { return minimized_; }
+    [[nodiscard]] bool isUnloaded() const { return isUnloaded_; }
+    /// Outer size less the size inside the frame.
+    [[nodiscard]] double frameWidth() const { return frameWidth_; }
+    [[nodiscard]] double frameHeight() const { return frameHeight_; }
+
+    /// The size below which the layout does not hold; the window system keeps the user above it.
+    [[nodiscard]] double smallestWidth() const { return smallestWidth_; }
+    [[nodiscard]] double smallestHeight() const { return smallestHeight_; }
+
+    void setSmallestSize(double width, double height) {
+        assign(smallestWidth_, width);
+        assign(smallestHeight_, height);
+    }
+    void setFrame(double width, double height) {
+        frameWidth_ = width;
+        frameHeight_ = height;
+    }
+    void setMinimized(bool minimized) { minimized_ = minimized; }
+    void setSize(double width, double height) {
+        const Box before = box();
+        setBox({before.left, before.top, width, height});
+        if (box() != before) resize.emit();
+    }
+    /// As before it was ever shown.
+    void load() {
+        isUnloaded_ = false;
+        setVisible(true);
+    }
+    void unload() {
+        if (isUnloaded_) return;
+        isUnloaded_ = true;
+        setVisible(false);
+        unloaded.emit();
+    }
+
+private:
+    bool minimized_ = false;
+    bool isUnloaded_ = false;
+    double frameWidth_ = 0;
+    double frameHeight_ = 0;
+    double smallestWidth_ = 0;
+    double smallestHeight_ = 0;
+};
+
+} // namespace pelrath

@@ -1,0 +1,165 @@
+#include "platform/files.hpp"
+
+#include "platform/runtime_error.hpp"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace pelrath {
+
+namespace {
+
+[[noreturn]] void fail(std::string_view operation, const std::string& path) {
+    throw makeSystemError(errno, operation, path);
+}
+
+bool isFolder(const std::string& path, bool& exists) {
+    struct stat info {};
+    exists = !path.empty() && ::stat(path.c_str(), &info) == 0;
+    return exists && S_ISDIR(info.st_mode);
+}
+
+// The path that a link leads to, be there a file or not; any other path as it is.
+std::string endOfLinks(const std::string& path) {
+    std::error_code none;
+    std::filesystem::path end{path};
+    constexpr int mostLinks = 40; // as the system itself
+    for (int i = 0; i < mostLinks && std::filesystem::is_symlink(end, none); ++i) {
+        end = end.parent_path() / std::filesystem::read_symlink(end, none);
+    }
+    return end.string();
+}
+
+void flushFolderOf(const std::string& path) {
+    const std::string folder{parentFolder(path)};
+    const int handle = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0) return; // the content is safe; only the name's moment is not ours to settle
+    ::fsync(handle);
+    ::close(handle);
+}
+
+} // namespace
+
+bool fileExists(const std::string& path) {
+    bool exists = false;
+    const bool folder = isFolder(path, exists);
+    return exists && !folder;
+}
+
+bool folderExists(const std::string& path) {
+    bool exists = false;
+    return isFolder(path, exists);
+}
+
+std::string joinPath(std::string_view folder, std::string_view name) {
+    std::string path{folder};
+    if (!path.empty() && path.back() != '/') path.push_back('/');
+    return path.append(name);
+}
+
+std::string_view withoutExtension(std::string_view name) { return name.substr(0, name.rfind('.')); }
+
+std::string_view fileName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
+
+std::string_view parentFolder(std::string_view path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string_view::npos) return {};
+    return path.substr(0, slash == 0 ? 1 : slash);
+}
+
+InputFile::InputFile(const std::string& path) : path_(path) {
+    // A pipe in the file's place must not hold the program up.
+    handle_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (handle_ < 0) fail("InputFile", path);
+    struct stat info {};
+    if (::fstat(handle_, &info) != 0 || !S_ISREG(info.st_mode)) {
+        const int reason = S_ISREG(info.st_mode) ? errno : EISDIR;
+        ::close(handle_);
+        throw makeSystemError(reason, "InputFile", path);
+    }
+    size_ = static_cast<std::uint64_t>(info.st_size);
+}
+
+InputFile::~InputFile() { ::close(handle_); }
+
+void InputFile::readAt(std::uint64_t offset, std::span<std::byte> into) const {
+    if (offset > size_ || into.size() > size_ - offset) {
+        throw makeError(ErrorNumber::InputPastEnd, "InputFile", path_);
+    }
+    while (!into.empty()) {
+        const ssize_t count = ::pread(handle_, into.data(), into.size(), static_cast<off_t>(offset));
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) fail("InputFile", path_);
+        if (count == 0) throw makeError(ErrorNumber::InputPastEnd, "InputFile", path_);
+        offset += static_cast<std::uint64_t>(count);
+        into = into.subspan(static_cast<std::size_t>(count));
+    }
+}
+
+FileReplacement::FileReplacement(const std::string& path) : finalPath_(endOfLinks(path)) {
+    struct stat old {};
+    if (::stat(path.c_str(), &old) == 0 && !S_ISREG(old.st_mode)) {
+        throw makeSystemError(EISDIR, "FileReplacement", path);
+    }
+    // A short name of its own: the final one may already be as long as a name can be.
+    path_ = joinPath(parentFolder(finalPath_), ".pelrath-XXXXXX");
+    handle_ = ::mkostemp(path_.data(), O_CLOEXEC);
+    if (handle_ < 0) fail("FileReplacement", finalPath_);
+}
+
+FileReplacement::~FileReplacement() {
+    if (handle_ >= 0) ::close(handle_);
+    if (!finished_) ::unlink(path_.c_str());
+}
+
+void FileReplacement::write(Bytes bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(handle_, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) fail("FileReplacement", finalPath_);
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+}
+
+void FileReplacement::takeOverMode() const {
+    struct stat old {};
+    mode_t mode = 0;
+    if (::stat(finalPath_.c_str(), &old) == 0) {
+        mode = old.st_mode & 07777U;
+    } else {
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        mode = 0666U & ~mask;
+    }
+    if (::fchmod(handle_, mode) != 0) fail("FileReplacement", finalPath_);
+}
+
+void FileReplacement::finish(Durability durability) {
+    takeOverMode();
+    if (durability == Durability::Flushed && ::fsync(handle_) != 0) fail("FileReplacement", finalPath_);
+    if (::close(std::exchange(handle_, -1)) != 0) fail("FileReplacement", finalPath_);
+    if (::rename(path_.c_str(), finalPath_.c_str()) != 0) fail("FileReplacement", finalPath_);
+    finished_ = true;
+    if (durability == Durability::Flushed) flushFolderOf(finalPath_);
+}
+
+void replaceFile(const std::string& path, std::span<const Bytes> pieces, Durability durability) {
+    FileReplacement file{path};
+    for (const Bytes piece : pieces) {
+        file.write(piece);
+    }
+    file.finish(durability);
+}
+
+void removeFile(const std::string& path) {
+    if (::unlink(path.c_str()) != 0 && errno != ENOENT) fail("removeFile", path);
+}
+
+} // namespace pelrath

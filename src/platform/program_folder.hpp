@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace pelrath {
+
+/// The running executable's path.
+[[nodiscard]] std::string executablePath();
+
+/// The folder for the program's own files: the executable's own when it can be written, else the user's
+/// data folder for the program (below XDG_DATA_HOME), made on first use. Never ends with a separator.
+[[nodiscard]] std::string programFolder();
+
+} // namespace pelrath

@@ -1,0 +1,89 @@
+#include "platform/files.hpp"
+
+#include "support/temporary_folder.hpp"
+
+#include <array>
+#include <cerrno>
+#include <limits>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace pelrath { namespace {
+
+using test::row;
+
+TEST(Files, PathsAreTakenApartAndPutTogether) {
+    const std::array<const char*, 3> joins[] = {{"/a", "b", "/a/b"}, {"/a/", "b", "/a/b"}, {"/", "b", "/b"}, {"", "b", "b"}};
+    for (const auto& [folder, name, joined] : joins) { EXPECT_EQ(joinPath(folder, name), joined); }
+    const std::pair<const char*, const char*> parts[] = {{"/a/b.c", "/a, /a/b"}, {"/b", "/, /b"}, {"b.c.d", ", b.c"}, {"b", ", b"}, {".bmp", ", "}};
+    for (const auto& [path, expected] : parts) { EXPECT_EQ(row(parentFolder(path), withoutExtension(path)), expected); }
+}
+
+TEST(Files, ExistenceTellsFilesFromFolders) {
+    const test::TemporaryFolder folder;
+    const std::string file = folder.write("f", "x");
+    const auto exists = [](const std::string& path) { return row(fileExists(path), folderExists(path)); };
+    EXPECT_EQ(exists(file), "true, false");
+    EXPECT_EQ(exists(folder.path()), "false, true");
+    for (const std::string& nothing : {std::string{}, folder.file("none"), file + "/below"}) {
+        EXPECT_EQ(exists(nothing), "false, false") << nothing;
+    }
+}
+
+TEST(Files, ReadsOnlyInsideTheFile) {
+    const test::TemporaryFolder folder;
+    const InputFile file{folder.write("f", "0123456789")};
+    for (const auto& [offset, count] : {std::pair{0U, 10U}, {10U, 0U}, {9U, 1U}}) {
+        std::string bytes(count, ' ');
+        file.readAt(offset, std::as_writable_bytes(std::span{bytes}));
+        EXPECT_EQ(bytes, std::string("0123456789").substr(offset, count));
+    }
+    for (const auto& [offset, count] : {std::pair<std::uint64_t, std::size_t>{9, 2}, {11, 0}, {std::numeric_limits<std::uint64_t>::max(), 2}}) {
+        std::vector<std::byte> bytes(count);
+        EXPECT_EQ(test::failureOf([&] { file.readAt(offset, bytes); }).number(), 62) << offset;
+    }
+    EXPECT_EQ(truncate(folder.file("f").c_str(), 4), 0); // shrinks while it is open
+    std::array<std::byte, 10> all{};
+    EXPECT_THROW(file.readAt(0, all), RuntimeError);
+    ASSERT_EQ(mkfifo(folder.file("pipe").c_str(), 0600), 0);
+    EXPECT_THROW(InputFile{folder.file("pipe")}, RuntimeError);
+}
+
+TEST(Files, ReplacingKeepsTheOldPermissions) {
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("f", "old and longer");
+    ASSERT_EQ(chmod(path.c_str(), 0640), 0);
+    const std::string text = "new";
+    const std::array<Bytes, 2> pieces{std::as_bytes(std::span{text}), std::as_bytes(std::span{text})};
+    replaceFile(path, pieces, Durability::Flushed);
+    EXPECT_EQ(folder.read("f"), "newnew");
+    struct stat info {};
+    ASSERT_EQ(stat(path.c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 0777U, 0640U);
+    std::filesystem::create_symlink("f", folder.file("link")); // leads to the file that is meant
+    replaceFile(folder.file("link"), std::span{pieces}.first(1), Durability::Scratch);
+    EXPECT_EQ(row(std::filesystem::is_symlink(folder.file("link")), folder.read("f")), "true, new");
+    std::filesystem::remove(folder.file("link"));
+    EXPECT_THROW(replaceFile("/dev/null", pieces, Durability::Scratch), RuntimeError);
+    // A name as long as the system allows leaves no room for anything appended to it.
+    const std::string longest = folder.file(std::string(255, 'n'));
+    replaceFile(longest, pieces, Durability::Scratch);
+    EXPECT_TRUE(fileExists(longest));
+    removeFile(longest);
+    removeFile(longest); // gone already
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"f"});
+}
+
+TEST(RuntimeErrors, NumbersAndSentences) {
+    const std::pair<int, const char*> cases[] = {
+        {ENOENT, "53, s, File not found (p)"},  {EACCES, "70, s, Permission denied (p)"}, {ENOSPC, "61, s, Disk full (p)"},
+        {ENOTDIR, "76, s, Path not found (p)"}, {EIO, "57, s, Device I/O error (p)"},     {EISDIR, "75, s, Path/File access error (p)"},
+        {EOVERFLOW, "6, s, Overflow (p)"},      {EPROTO, "57, s, Device I/O error (p)"},  {0, "57, s, Device I/O error (p)"}};
+    for (const auto& [system, expected] : cases) {
+        const RuntimeError error = makeSystemError(system, "s", "p");
+        EXPECT_EQ(row(error.number(), error.source(), error.description()), expected) << system;
+    }
+}
+
+}} // namespace pelrath

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "support/values.hpp"
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+
+#include <sys/resource.h>
+
+namespace pelrath::test {
+
+/// A folder of the test's own, gone with all that is in it at its end.
+class TemporaryFolder {
+public:
+    TemporaryFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "pelrath-test-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error{"no temporary folder"};
+        path_ = pattern;
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+    [[nodiscard]] std::string file(const std::string& name) const { return path_ + "/" + name; }
+
+    [[nodiscard]] std::string write(const std::string& name, std::string_view bytes) const {
+        std::ofstream out{file(name), std::ios::binary | std::ios::trunc};
+        out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return file(name);
+    }
+    [[nodiscard]] std::string read(const std::string& name) const {
+        std::ifstream in{file(name), std::ios::binary};
+        return {std::istreambuf_iterator<char>{in}, {}};
+    }
+    /// The names in it, sorted.
+    [[nodiscard]] std::vector<std::string> names() const {
+        std::vector<std::string> found;
+        for (const auto& entry : std::filesystem::directory_iterator{path_}) { found.push_back(entry.path().filename().string()); }
+        std::sort(found.begin(), found.end());
+        return found;
+    }
+
+private:
+    std::string path_;
+};
+
+/// While it lives, no file of this process grows past a size: the system refuses the write half-way.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t size) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit small{size, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+
+private:
+    rlimit before_{};
+    void (*handler_)(int);
+};
+
+} // namespace pelrath::test
