@@ -1,0 +1,64 @@
+#pragma once
+
+#include "archive/catalogue.hpp"
+#include "platform/files.hpp"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// DDS files made from an archive's level data, which is copied unchanged. Textures and levels are given by
+/// index; an index that the catalogue does not have leaves as "Subscript out of range". The archive is
+/// opened for each read alone and never written.
+namespace pelrath {
+
+inline constexpr std::size_t ddsHeaderSize = 128;
+
+/// The magic and the 124-byte surface description of the published DDS file header.
+using DdsHeader = std::array<std::byte, ddsHeaderSize>;
+
+enum class ImageFileKind { Bmp = 0, Tga = 1, Dds = 2 };
+
+struct NativeImageKind {
+    std::string_view extension; ///< upper case, without a dot
+    ImageFileKind kind;
+    bool operator==(const NativeImageKind&) const = default;
+};
+
+class DdsExport {
+public:
+    /// Both belong to the caller and are read at each call.
+    DdsExport(const CddsArchive& archive, const std::string& archivePath)
+        : archive_(archive), archivePath_(archivePath) {}
+
+    /// The header of a file that holds this one level.
+    [[nodiscard]] DdsHeader buildDdsHeader(std::int16_t textureIndex, std::int16_t level) const;
+
+    /// The level's bytes, exactly dataSize. Fails for a level without data, and where the archive cannot be
+    /// read or has become too short.
+    [[nodiscard]] std::vector<std::byte> readLevelData(std::int16_t textureIndex, std::int16_t level) const;
+
+    /// Writes header and data of one level: 128 + dataSize bytes. An existing file is replaced whole.
+    void writeDdsLevelFile(const std::string& path, std::int16_t textureIndex, std::int16_t level,
+                           Durability durability = Durability::Flushed) const;
+
+    /// Writes one file of all levels: level 0's header, made a chain's, and the data of each level in order.
+    void writeDdsChainFile(const std::string& path, std::int16_t textureIndex) const;
+
+    /// The kind of image file that suits a texture: BMP for DXT1, TGA for DXT5, compared without regard to
+    /// case; nothing for any other type.
+    [[nodiscard]] std::optional<NativeImageKind> nativeImageKind(std::int16_t textureIndex) const;
+
+private:
+    [[nodiscard]] const TextureRecord& texture(std::int16_t index) const;
+    [[nodiscard]] const MipmapRecord& level(std::int16_t textureIndex, std::int16_t index) const;
+
+    const CddsArchive& archive_;
+    const std::string& archivePath_;
+};
+
+} // namespace pelrath
