@@ -1,0 +1,355 @@
+#include "imaging/image_library_facade.hpp"
+
+#include "imaging/block_decoder.hpp"
+#include "imaging/error_names.hpp"
+#include "imaging/library_error.hpp"
+#include "imaging/loadable_file.hpp"
+#include "imaging/memory_files.hpp"
+#include "imaging/saved_file.hpp"
+#include "platform/files.hpp"
+#include "platform/text.hpp"
+
+#include <IL/il.h>
+#include <IL/ilu.h>
+#include <IL/ilut.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <new>
+#include <optional>
+#include <vector>
+
+namespace pelrath {
+
+/// How an operation words its failures.
+struct ImageLibraryFacade::FailureWords {
+    const char* ofLibrary;
+    const char* ofOthers;
+    bool traced;
+};
+
+namespace {
+
+constexpr std::array<ILenum, 9> scaleFilters{
+    ILU_NEAREST,    ILU_LINEAR,        ILU_BILINEAR,       ILU_SCALE_BOX,      ILU_SCALE_TRIANGLE,
+    ILU_SCALE_BELL, ILU_SCALE_BSPLINE, ILU_SCALE_LANCZOS3, ILU_SCALE_MITCHELL,
+};
+
+struct Output {
+    std::int32_t imageType;
+    const char* extension;
+    std::uint16_t convertFormat;
+    ILint dxtFormat; // 0: none
+    const char* traceLine;
+};
+
+constexpr std::array outputs{
+    Output{IL_BMP, ".bmp", IL_BGR, 0, ""},
+    Output{IL_TGA, ".tga", IL_BGRA, 0, ""},
+    Output{IL_JPG, ".jpg", IL_RGB, 0, ""},
+    Output{IL_DDS, ".dds", IL_RGBA, IL_DXT1, "Setting DXT1 format done."},
+    Output{IL_DDS, ".dds", IL_RGBA, IL_DXT5, "Setting DXT5 format done."},
+};
+
+/// What follows the name's last dot, in upper case.
+std::string extensionOf(const std::string& fileName) {
+    const std::size_t dot = fileName.rfind('.');
+    return dot == std::string::npos ? std::string{} : upperCase(std::string_view{fileName}.substr(dot + 1));
+}
+
+std::optional<FileKind> kindOf(const std::string& fileName) {
+    const std::string extension = extensionOf(fileName);
+    if (extension == "DDS") return FileKind::Dds;
+    if (extension == "BMP") return FileKind::Bmp;
+    if (extension == "TGA") return FileKind::Tga;
+    if (extension == "JPG") return FileKind::Jpg;
+    return std::nullopt;
+}
+
+/// A file's bytes; a failure leaves as the library's code for it.
+std::vector<std::byte> bytesOf(const std::string& fileName) {
+    // The largest picture, with room for what editors store beside the pixels.
+    constexpr std::uint64_t mostBytes = mostPixels * 4 + (std::uint64_t{1} << 24);
+    std::optional<InputFile> file;
+    try {
+        file.emplace(fileName);
+    } catch (const RuntimeError&) {
+        refuse(Refusal::CannotOpen);
+    }
+    if (file->size() > mostBytes) refuse(Refusal::ImpossibleSides);
+    std::vector<std::byte> bytes(static_cast<std::size_t>(file->size()));
+    try {
+        file->readAt(0, bytes);
+    } catch (const RuntimeError&) {
+        refuse(Refusal::Truncated);
+    }
+    return bytes;
+}
+
+LoadableFile loadableFile(FileKind kind, const std::string& fileName) try {
+    return makeLoadable(kind, bytesOf(fileName));
+} catch (const std::bad_alloc&) {
+    refuse(Refusal::OutOfMemory);
+}
+
+/// A replaced file need not be opened for writing, so that what would have stopped that is looked at here.
+bool mayBeWritten(const std::string& fileName) {
+    const std::string folder{parentFolder(fileName)};
+    if (!folderExists(folder.empty() ? "." : folder) || folderExists(fileName)) return false;
+    std::error_code none;
+    const std::filesystem::file_status old = std::filesystem::status(fileName, none);
+    const bool readOnly =
+        (old.permissions() & std::filesystem::perms::owner_write) == std::filesystem::perms::none;
+    return !std::filesystem::exists(old) || (std::filesystem::is_regular_file(old) && !readOnly);
+}
+
+} // namespace
+
+ImageLibraryFacade::ImageLibraryFacade(MessageBoxes& boxes, SaveImageOptions& options,
+                                       const LibraryFunctions& library)
+    : boxes_(boxes), options_(options), library_(library), images_(library) {}
+
+bool ImageLibraryFacade::checkImageLibraryVersion() {
+    constexpr ILint oldest = 160;
+    const ILint il = library_.ilGetInteger(IL_VERSION_NUM);
+    const ILint ilu = library_.iluGetInteger(ILU_VERSION_NUM);
+    const ILint ilut = library_.ilutGetInteger(ILUT_VERSION_NUM);
+    if (il >= oldest && ilu >= oldest && ilut >= oldest) return true;
+    boxes_.critical("Invalid Graphic Image Library version", "Devil version check");
+    return false;
+}
+
+bool ImageLibraryFacade::initImageLibrary() try {
+    library_.ilInit();
+    library_.iluInit();
+    // The renderer that exists everywhere; its two texture compression modes have the same numbers as those
+    // of the others.
+    library_.ilutRenderer(ILUT_OPENGL);
+    library_.ilutEnable(ILUT_GL_USE_S3TC);
+    check();
+    library_.ilutEnable(ILUT_GL_GEN_S3TC);
+    check();
+    return true;
+} catch (const ImageLibraryError& error) {
+    lastErrorCode_ = error.code();
+    throw;
+}
+
+bool ImageLibraryFacade::loadImage(const std::string& fileName, std::uint32_t& imageId) try {
+    library_.ilGenImages(1, &imageId);
+    check();
+    library_.ilBindImage(imageId);
+    check();
+    const std::optional<FileKind> kind = kindOf(fileName);
+    if (!kind) throw ImageLibraryError{images_.readErrorCode(), "loadImage"};
+    loadChecked(loadableFile(*kind, fileName), fileName);
+    return true;
+} catch (const ImageLibraryError& error) {
+    report("ilLoadImage Error Number: ", error.code());
+    return false;
+}
+
+void ImageLibraryFacade::loadChecked(const LoadableFile& file, const std::string& fileName) {
+    const ReadingFromMemory reading{file.bytes};
+    const bool loaded = library_.ilLoad(static_cast<ILenum>(file.readAs), fileName.c_str()) != 0;
+    // A load can answer true with pixels missing; then only the error stack says so.
+    const std::int32_t code = images_.readErrorCode();
+    if (!loaded || code != 0) {
+        discardErrors();
+        throw ImageLibraryError{code, "loadImage"};
+    }
+    const Sides sides = boundSides();
+    if (sides.width != file.sides.width || sides.height != file.sides.height) {
+        throw ImageLibraryError{IL_INTERNAL_ERROR, "loadImage"};
+    }
+    if (file.blocks) putExactPixels(file);
+}
+
+void ImageLibraryFacade::putExactPixels(const LoadableFile& file) {
+    const bool asExpected = library_.ilGetInteger(IL_IMAGE_FORMAT) == IL_RGBA &&
+                            library_.ilGetInteger(IL_IMAGE_TYPE) == IL_UNSIGNED_BYTE &&
+                            library_.ilGetInteger(IL_IMAGE_ORIGIN) == IL_ORIGIN_UPPER_LEFT;
+    ILubyte* const pixels = library_.ilGetData();
+    if (!asExpected || pixels == nullptr) throw ImageLibraryError{IL_INTERNAL_ERROR, "loadImage"};
+    const std::span<ILubyte> all{pixels, static_cast<std::size_t>(file.sides.pixels()) * sizeof(Texel)};
+    decodeLevel(*file.blocks, Bytes{file.bytes}.subspan(LoadableFile::blocksAt), file.sides.width,
+                file.sides.height, std::as_writable_bytes(all));
+}
+
+bool ImageLibraryFacade::setSaveImageOptions(std::int32_t fileType, std::int32_t& imageType,
+                                             std::string& extension) {
+    return attempt({"setSaveImageOptions Error Number: ", "setSaveImageOptions Error : ", false}, [&] {
+        if (fileType < 0 || fileType >= static_cast<std::int32_t>(outputs.size())) return true;
+        const Output& output = outputs[static_cast<std::size_t>(fileType)];
+        imageType = output.imageType;
+        extension = output.extension;
+        options_.convertFormat = output.convertFormat;
+        options_.convertType = IL_UNSIGNED_BYTE;
+        if (output.dxtFormat != 0) {
+            library_.ilSetInteger(IL_DXTC_FORMAT, output.dxtFormat);
+            check();
+            trace_.traceMessage(output.traceLine);
+        }
+        return true;
+    });
+}
+
+bool ImageLibraryFacade::saveImage([[maybe_unused]] std::int32_t imageType, const std::string& fileName,
+                                   bool overwrite) {
+    return attempt({"ilSave Error Number: ", "ImageSave Error : ", true}, [&] {
+        prepareBoundImage(overwrite);
+        if (!writeBoundImage(fileName)) return false;
+        trace_.traceMessage("ilSave done sucessfully.");
+        return true;
+    });
+}
+
+void ImageLibraryFacade::prepareBoundImage(bool overwrite) {
+    if (options_.imageType == IL_JPG) {
+        if (options_.jpgQuality < 0 || options_.jpgQuality > 65535) {
+            throw makeError(ErrorNumber::Overflow, "saveImage");
+        }
+        library_.ilSetInteger(IL_JPG_QUALITY, options_.jpgQuality);
+        trace_.traceMessage("Setting Jpg compression done.");
+    }
+    if (!convertImage(options_.convertFormat, options_.convertType)) check();
+    if (options_.imageType == IL_DDS && options_.buildMipmaps) {
+        if (library_.iluBuildMipmaps() != 0) {
+            trace_.traceMessage("iluBuildMipmaps done.");
+        } else {
+            check();
+        }
+    }
+    if (!setLibraryFlag(IL_FILE_OVERWRITE, overwrite)) check();
+}
+
+bool ImageLibraryFacade::writeBoundImage(const std::string& fileName) {
+    const Sides sides = boundSides();
+    const bool writable = mayBeWritten(fileName);
+    // The library looks whether the name is there by opening it, which a pipe would never let it.
+    if (!writable && fileExists(fileName) && !std::filesystem::is_regular_file(fileName)) {
+        throw ImageLibraryError{IL_COULD_NOT_OPEN_FILE, "saveImage"};
+    }
+    const WritingToMemory writing{writable};
+    const bool saved = librarySaves(fileName);
+    bindWholeImage();
+    const std::int32_t code = images_.readErrorCode();
+    discardErrors();
+    if (code != 0) throw ImageLibraryError{code, "saveImage"};
+    if (!saved) return false;
+    if (writing.outOfMemory()) throw ImageLibraryError{IL_OUT_OF_MEMORY, "saveImage"};
+    if (!isWholeFile(options_.imageType, sides, writing.bytes())) {
+        throw ImageLibraryError{IL_FILE_WRITE_ERROR, "saveImage"};
+    }
+    // An earlier save may have left its chain on the image.
+    const bool cutChain = options_.imageType == IL_DDS && !options_.buildMipmaps;
+    const std::vector<std::byte> single =
+        cutChain ? withoutChain(sides, writing.bytes()) : std::vector<std::byte>{};
+    const std::array<Bytes, 1> pieces{cutChain ? Bytes{single} : writing.bytes()};
+    replaceFile(fileName, pieces, Durability::Flushed);
+    return true;
+}
+
+/// Saving a chain leaves its last level as the one that the next call would work on.
+void ImageLibraryFacade::bindWholeImage() {
+    library_.ilBindImage(static_cast<std::uint32_t>(library_.ilGetInteger(IL_CUR_IMAGE)));
+}
+
+bool ImageLibraryFacade::librarySaves(const std::string& fileName) {
+    // By the name alone the library would choose the type by the extension, and a texture keeps its own name
+    // whatever it is saved as.
+    const bool nameSaysType =
+        options_.extension.empty() || "." + extensionOf(fileName) == upperCase(options_.extension);
+    if (nameSaysType) return library_.ilSaveImage(fileName.c_str()) != 0;
+    return library_.ilSave(static_cast<ILenum>(options_.imageType), fileName.c_str()) != 0;
+}
+
+bool ImageLibraryFacade::setLibraryFlag(std::uint32_t mode, bool enable) {
+    const std::string call = enable ? "ilEnable" : "ilDisable";
+    const bool done = (enable ? library_.ilEnable(mode) : library_.ilDisable(mode)) != 0;
+    if (done) {
+        trace_.traceMessage(call + " overwrite done sucessfully.");
+        return true;
+    }
+    const std::int32_t code = images_.readErrorCode();
+    report("ilEnable/Disable Error Number: ", code);
+    trace_.traceMessage(libraryFailureText(call + " Error Number: ", code));
+    return false;
+}
+
+bool ImageLibraryFacade::convertImage(std::uint16_t format, std::int32_t dataType) {
+    if (library_.ilConvertImage(format, static_cast<ILenum>(dataType)) != 0) {
+        trace_.traceMessage("ilConvertImage done sucessfully.");
+        return true;
+    }
+    trace_.traceMessage(report("ilConvertImage Error Number: ", images_.readErrorCode()));
+    return false;
+}
+
+bool ImageLibraryFacade::scaleImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex) {
+    return attempt({"ilScaleImage Error Number: ", "ImageSave Error : ", true}, [&] {
+        scaleBoundImage(width, height, filterIndex);
+        trace_.traceMessage("Image scaled to :" + std::to_string(width) + "x" + std::to_string(height));
+        return true;
+    });
+}
+
+void ImageLibraryFacade::scaleBoundImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex) {
+    const ILint depth = library_.ilGetInteger(IL_IMAGE_DEPTH);
+    check();
+    if (filterIndex >= 0 && filterIndex < static_cast<std::int16_t>(scaleFilters.size())) {
+        library_.iluImageParameter(ILU_FILTER, scaleFilters[static_cast<std::size_t>(filterIndex)]);
+    }
+    check();
+    trace_.traceMessage("Scale Filter set to : ");
+    // The library takes 0 for 1, and does not survive sides that it cannot hold.
+    if (!possibleSides(std::max(width, 1), std::max(height, 1)) || width < 0 || height < 0) {
+        throw ImageLibraryError{IL_BAD_DIMENSIONS, "scaleImage"};
+    }
+    const bool scaled = library_.iluScale(static_cast<ILuint>(width), static_cast<ILuint>(height),
+                                          static_cast<ILuint>(depth)) != 0;
+    if (!scaled) check();
+}
+
+/// Runs an operation and reports what it raises.
+template <typename Work>
+bool ImageLibraryFacade::attempt(const FailureWords& words, Work work) {
+    const auto reportOther = [&](const RuntimeError& error) {
+        boxes_.critical(words.ofOthers + std::to_string(error.number()) + " " + error.description(),
+                        programTitle);
+        return false;
+    };
+    try {
+        return work();
+    } catch (const ImageLibraryError& error) {
+        const std::string text = report(words.ofLibrary, error.code());
+        if (words.traced) trace_.traceMessage(text);
+        return false;
+    } catch (const RuntimeError& error) {
+        return reportOther(error);
+    } catch (const std::bad_alloc&) {
+        return reportOther(makeError(ErrorNumber::OutOfMemory, "ImageLibraryFacade"));
+    }
+}
+
+/// Shows the failure's text and answers it.
+std::string ImageLibraryFacade::report(const char* prefix, std::int32_t code) {
+    lastErrorCode_ = code;
+    std::string text = libraryFailureText(prefix, code);
+    boxes_.critical(text, programTitle);
+    return text;
+}
+
+/// One failure can leave several codes; the next operation must not find them.
+void ImageLibraryFacade::discardErrors() {
+    while (images_.readErrorCode() != 0) {
+    }
+}
+
+Sides ImageLibraryFacade::boundSides() const {
+    return {static_cast<std::uint32_t>(library_.ilGetInteger(IL_IMAGE_WIDTH)),
+            static_cast<std::uint32_t>(library_.ilGetInteger(IL_IMAGE_HEIGHT))};
+}
+
+} // namespace pelrath

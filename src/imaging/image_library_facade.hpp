@@ -1,0 +1,89 @@
+#pragma once
+
+#include "imaging/library_functions.hpp"
+#include "imaging/library_images.hpp"
+#include "imaging/refusal.hpp"
+#include "imaging/save_image_options.hpp"
+#include "imaging/trace.hpp"
+#include "platform/message_boxes.hpp"
+
+#include <cstdint>
+#include <string>
+
+namespace pelrath {
+
+struct LoadableFile;
+
+/// The layer through which pictures are loaded, converted, scaled and saved. Its operations work on the
+/// image that is bound in the library, whose images, error stack and settings are the process's own: one
+/// thread, one operation at a time. An operation that fails says so in a critical message box and answers
+/// false, unless said otherwise here.
+class ImageLibraryFacade {
+public:
+    ImageLibraryFacade(MessageBoxes& boxes, SaveImageOptions& options,
+                       const LibraryFunctions& library = imageLibrary());
+
+    /// True when each part of the library reports version 160 or later.
+    bool checkImageLibraryVersion();
+
+    /// Starts the library; true. Raises ImageLibraryError instead of showing a message.
+    bool initImageLibrary();
+
+    /// Generates and binds a new image, hands its id out at once, and loads a DDS, BMP, TGA or JPG file, by
+    /// its extension, into it. The caller removes the image, after a failure too. The pixels are exactly
+    /// those of the file; a DDS file's chain is not kept. What cannot be true of a file of its kind fails
+    /// before the library sees the file. An error that is not the library's leaves with its own number.
+    bool loadImage(const std::string& fileName, std::uint32_t& imageId);
+
+    /// Sets the options for an OutputFileType and hands the type and the extension out. An index outside
+    /// 0..4 changes nothing and is no failure.
+    bool setSaveImageOptions(std::int32_t fileType, std::int32_t& imageType, std::string& extension);
+
+    /// Converts the bound image as the options say, builds its levels if they want them, and writes it as
+    /// the options' image type, whatever extension the name has and whatever `imageType` says. The file
+    /// appears whole or not at all; a file that was there stays as it was until then.
+    bool saveImage(std::int32_t imageType, const std::string& fileName, bool overwrite);
+
+    /// Switches one of the library's modes.
+    bool setLibraryFlag(std::uint32_t mode, bool enable);
+
+    /// `format` and `dataType` are the library's numbers.
+    bool convertImage(std::uint16_t format, std::int32_t dataType);
+
+    /// Sides in pixels, to 16384, and no more than 2^27 pixels in all; 0 counts as 1. Filter index 0..8:
+    /// nearest, linear, bilinear, box, triangle, bell, B spline, Lanczos, Mitchell; any other leaves the
+    /// filter of an earlier call. True also when the library fails without a code.
+    bool scaleImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);
+
+    /// The code of the last library failure, for those who report what initImageLibrary() raised.
+    [[nodiscard]] std::int32_t lastErrorCode() const { return lastErrorCode_; }
+
+    [[nodiscard]] Trace& trace() { return trace_; }
+
+private:
+    struct FailureWords;
+    template <typename Work>
+    bool attempt(const FailureWords& words, Work work);
+
+    void check() { images_.check("ImageLibraryFacade"); }
+    std::string report(const char* prefix, std::int32_t code);
+    void discardErrors();
+    [[nodiscard]] Sides boundSides() const;
+
+    void loadChecked(const LoadableFile& file, const std::string& fileName);
+    void putExactPixels(const LoadableFile& file);
+    void prepareBoundImage(bool overwrite);
+    bool writeBoundImage(const std::string& fileName);
+    void bindWholeImage();
+    [[nodiscard]] bool librarySaves(const std::string& fileName);
+    void scaleBoundImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);
+
+    MessageBoxes& boxes_;
+    SaveImageOptions& options_;
+    const LibraryFunctions library_;
+    LibraryImages images_;
+    Trace trace_;
+    std::int32_t lastErrorCode_ = 0;
+};
+
+} // namespace pelrath

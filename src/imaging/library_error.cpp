@@ -1,0 +1,13 @@
+#include "imaging/library_error.hpp"
+
+#include "imaging/error_names.hpp"
+
+#include <utility>
+
+namespace pelrath {
+
+ImageLibraryError::ImageLibraryError(std::int32_t code, std::string source)
+    : RuntimeError(IMAGE_LIBRARY_ERROR, std::move(source), libraryFailureText("Image library error ", code)),
+      code_(code) {}
+
+} // namespace pelrath

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/files.hpp"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace pelrath {
+
+/// For as long as it lives, every file that the library opens for reading holds these bytes: what was
+/// checked is what the library sees, whatever happens to the file meanwhile. One at a time.
+class ReadingFromMemory {
+public:
+    /// The bytes must stay where they are.
+    explicit ReadingFromMemory(Bytes bytes);
+    ~ReadingFromMemory();
+    ReadingFromMemory(const ReadingFromMemory&) = delete;
+    ReadingFromMemory& operator=(const ReadingFromMemory&) = delete;
+};
+
+/// For as long as it lives, every file that the library opens for writing is kept in memory, so that
+/// nothing reaches the disk before it is known to be whole. One at a time.
+class WritingToMemory {
+public:
+    /// `mayBeWritten` false lets every opening fail, as it does for a file that cannot be written.
+    explicit WritingToMemory(bool mayBeWritten);
+    ~WritingToMemory();
+    WritingToMemory(const WritingToMemory&) = delete;
+    WritingToMemory& operator=(const WritingToMemory&) = delete;
+
+    [[nodiscard]] Bytes bytes() const;
+    /// True when memory ran out, and the bytes are not all.
+    [[nodiscard]] bool outOfMemory() const;
+};
+
+} // namespace pelrath

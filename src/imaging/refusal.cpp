@@ -1,0 +1,14 @@
+#include "imaging/refusal.hpp"
+
+#include "imaging/library_error.hpp"
+
+namespace pelrath {
+
+void refuse(Refusal reason) { throw ImageLibraryError{static_cast<std::int32_t>(reason), "loadImage"}; }
+
+Sides checkedSides(std::int64_t width, std::int64_t height) {
+    if (!possibleSides(width, height)) refuse(Refusal::ImpossibleSides);
+    return {static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height)};
+}
+
+} // namespace pelrath

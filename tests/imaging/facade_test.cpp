@@ -1,0 +1,119 @@
+#include "imaging/error_names.hpp"
+#include "imaging/library_error.hpp"
+#include "library_fixture.hpp"
+
+namespace pelrath::test { namespace {
+
+using Facade = LibraryTest;
+
+// What replaced functions of the library answer, and what they were given.
+std::int32_t versions[3];
+std::vector<std::uint32_t> filtersSet;
+
+/// A library whose scaling fails.
+LibraryFunctions failingLibrary() {
+    LibraryFunctions library = libraryWithCode();
+    library.iluImageParameter = [](std::uint32_t, std::uint32_t value) { filtersSet.push_back(value); };
+    library.iluScale = [](std::uint32_t, std::uint32_t, std::uint32_t) { return std::uint8_t{0}; };
+    return library;
+}
+
+TEST_F(Facade, NamesTheLibrarysCodes) {
+    const char* unknown = "Error Type not found !";
+    const std::pair<std::int32_t, std::string> names[] = {
+        {0, "IL_NO_ERROR"}, {1280, unknown}, {1281, "IL_INVALID_ENUM "}, {1298, "IL_FILE_READ_ERROR "},
+        {1299, unknown},    {-1, unknown},   {0x10501, unknown},         {1535, "IL_UNKNOWN_ERROR "}};
+    for (const auto& [code, name] : names) { EXPECT_EQ(libraryFailureText("Number: ", code), "Number: " + std::to_string(code) + " -> " + name); }
+}
+
+TEST_F(Facade, WantsVersion160OfEveryPart) {
+    LibraryFunctions library = imageLibrary();
+    library.ilGetInteger = [](std::uint32_t) { return versions[0]; };
+    library.iluGetInteger = [](std::uint32_t) { return versions[1]; };
+    library.ilutGetInteger = [](std::uint32_t) { return versions[2]; };
+    ImageLibraryFacade old{boxes, options, library};
+    std::fill_n(versions, 3, 160);
+    EXPECT_TRUE(old.checkImageLibraryVersion());
+    EXPECT_TRUE(facade.checkImageLibraryVersion()) << "the installed library";
+    for (std::int32_t& version : versions) {
+        std::fill_n(versions, 3, 200);
+        version = 159;
+        EXPECT_FALSE(old.checkImageLibraryVersion());
+        EXPECT_EQ(boxes.take(), std::vector{(ShownBox{"Invalid Graphic Image Library version", "Devil version check", BoxIcon::Critical})});
+    }
+}
+
+TEST_F(Facade, LeavesTheReportOfAFailedStartToItsCaller) {
+    ImageLibraryFacade failing{boxes, options, failingLibrary()};
+    pendingCode = 1289;
+    EXPECT_EQ(failureOf([&] { failing.initImageLibrary(); }).number(), -2147220991);
+    EXPECT_EQ(failing.lastErrorCode(), 1289);
+    images.shutDown();
+    EXPECT_TRUE(facade.initImageLibrary()) << "again after a shutdown";
+    EXPECT_EQ(images.readErrorCode(), 0);
+}
+
+TEST_F(Facade, SetsTheOptionsOfEachOutput) {
+    const std::tuple<std::int32_t, std::int32_t, const char*, std::uint16_t, std::vector<std::string>> cases[] = {
+        {-1, 0, "", 0, {}},
+        {5, 0, "", 0, {}},
+        {0, 0x0420, ".bmp", 0x80E0, {}},
+        {1, 0x042D, ".tga", 0x80E1, {}},
+        {2, 0x0425, ".jpg", 0x1907, {}},
+        {3, 0x0437, ".dds", 0x1908, {"Setting DXT1 format done."}},
+        {4, 0x0437, ".dds", 0x1908, {"Setting DXT5 format done."}},
+    };
+    for (const auto& [index, imageType, extension, convertFormat, trace] : cases) {
+        options = {};
+        EXPECT_TRUE(facade.setSaveImageOptions(index, options.imageType, options.extension)) << index;
+        EXPECT_EQ(row(options.imageType, options.extension, options.convertFormat), row(imageType, extension, convertFormat));
+        EXPECT_EQ(options.convertType, imageType == 0 ? 0 : 0x1401);
+        expectLines(trace);
+    }
+    pendingCode = 1285;
+    ImageLibraryFacade failing{boxes, options, failingLibrary()};
+    EXPECT_FALSE(failing.setSaveImageOptions(3, options.imageType, options.extension));
+    expectBox("setSaveImageOptions Error Number: 1285 -> IL_INVALID_VALUE ");
+}
+
+TEST_F(Facade, SwitchesAndConvertsWithATraceLine) {
+    images.bind(images.generate());
+    EXPECT_TRUE(facade.setLibraryFlag(0x0620, true) && facade.setLibraryFlag(0x0620, false) && facade.convertImage(0x1908, 0x1401));
+    expectLines({"ilEnable overwrite done sucessfully.", "ilDisable overwrite done sucessfully.", "ilConvertImage done sucessfully."});
+    EXPECT_FALSE(facade.setLibraryFlag(0x9999, false));
+    expectBox("ilEnable/Disable Error Number: 1281 -> IL_INVALID_ENUM ");
+    EXPECT_FALSE(facade.convertImage(0x1908, 0x7777));
+    expectBox("ilConvertImage Error Number: 1284 -> IL_INTERNAL_ERROR ");
+    expectLines({"ilDisable Error Number: 1281 -> IL_INVALID_ENUM ", "ilConvertImage Error Number: 1284 -> IL_INTERNAL_ERROR "});
+}
+
+TEST_F(Facade, ScalesToTheSidesAskedFor) {
+    std::uint32_t image = 0;
+    ASSERT_TRUE(facade.loadImage(folder.write("x.tga", bytesOf("000002 9*00 w4 w2 1800 24*77")), image));
+    const std::string refused = "ilScaleImage Error Number: 1297 -> IL_BAD_DIMENSIONS ";
+    const std::tuple<std::int32_t, std::int32_t, std::string> cases[] = {
+        {9, 6, "Image scaled to :9x6"}, {0, 1, "Image scaled to :0x1"}, {-1, 1, refused}, {16385, 1, refused},
+        {16384, 16384, refused},        {3, 2, "Image scaled to :3x2"}};
+    for (const auto& [width, height, trace] : cases) {
+        EXPECT_EQ(facade.scaleImage(width, height, 2), trace != refused) << width;
+        expectLines({"Scale Filter set to : ", trace});
+        if (trace == refused) expectBox(refused);
+    }
+    ASSERT_TRUE(chooseOutput(OutputFileType::Bmp));
+    ASSERT_TRUE(facade.saveImage(options.imageType, folder.file("scaled.bmp"), true));
+    EXPECT_EQ(folder.read("scaled.bmp").substr(18, 8), bytesOf("d3 d2"));
+}
+
+TEST_F(Facade, ScalesOnWhenTheLibraryGivesNoReason) {
+    LibraryFunctions library = failingLibrary();
+    pendingCode = 0;
+    filtersSet.clear();
+    ImageLibraryFacade failing{boxes, options, library};
+    for (const int filter : {9, -1, 8, 0}) { EXPECT_TRUE(failing.scaleImage(2, 2, static_cast<std::int16_t>(filter))) << filter; }
+    EXPECT_EQ(filtersSet, (std::vector<std::uint32_t>{0x2609, 0x2601}));
+    library.iluScale = [](std::uint32_t, std::uint32_t, std::uint32_t) { return pendingCode = 1286, std::uint8_t{0}; };
+    EXPECT_FALSE((ImageLibraryFacade{boxes, options, library}.scaleImage(2, 2, 0)));
+    expectBox("ilScaleImage Error Number: 1286 -> IL_ILLEGAL_OPERATION ");
+}
+
+}} // namespace pelrath::test

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "imaging/image_library_facade.hpp"
+#include "imaging/library_images.hpp"
+#include "support/recording_boxes.hpp"
+#include "support/temporary_folder.hpp"
+
+#include <map>
+
+namespace pelrath::test {
+
+/// The code that library functions of a test's own leave behind, to be read once.
+inline std::uint32_t pendingCode;
+
+/// The real library, except that its error stack holds what the test says.
+inline LibraryFunctions libraryWithCode() {
+    LibraryFunctions library = imageLibrary();
+    library.ilGetError = [] { return std::exchange(pendingCode, 0U); };
+    return library;
+}
+
+/// Pixels, four bytes each, from letters: see cases.txt.
+inline std::string pixels(std::string_view letters) {
+    const std::map<char, std::string> known{{'R', "FF0000FF"}, {'G', "00FF00FF"}, {'B', "0000FFFF"}, {'W', "FFFFFFFF"},
+                                            {'K', "000000FF"}, {'h', "FFFFFF80"}, {'.', "00000000"}, {' ', ""}};
+    std::string bytes;
+    for (const char letter : letters) { bytes += bytesOf(known.at(letter)); }
+    return bytes;
+}
+
+/// The started library with a facade over it, and pictures as text: rows from the top, four bytes a pixel
+/// (red, green, blue, alpha).
+class LibraryTest : public ::testing::Test {
+protected:
+    LibraryTest() {
+        facade.initImageLibrary();
+        facade.trace().setSink([this](const std::string& line) { lines.push_back(line); });
+    }
+    ~LibraryTest() override { images.shutDown(); }
+
+    bool chooseOutput(OutputFileType type) {
+        return facade.setSaveImageOptions(static_cast<std::int32_t>(type), options.imageType, options.extension);
+    }
+
+    /// Loads a file and answers its pixels by way of a saved TGA file, whose bytes are plain.
+    std::string pixelsOf(const std::string& path) {
+        std::uint32_t image = 0;
+        const bool loaded = facade.loadImage(path, image);
+        std::string pixels;
+        if (loaded && chooseOutput(OutputFileType::Tga) && facade.saveImage(options.imageType, folder.file("seen.tga"), true)) {
+            pixels = targaPixels(folder.read("seen.tga"));
+        }
+        images.remove(image);
+        return pixels;
+    }
+
+    /// The pixels of a TGA file of 32 bits without runs.
+    static std::string targaPixels(const std::string& file) {
+        const auto at = [&](std::size_t i) { return std::size_t{static_cast<unsigned char>(file[i])}; };
+        const std::size_t width = at(12) + at(13) * 256;
+        const std::size_t height = at(14) + at(15) * 256;
+        const bool topFirst = (at(17) & 0x20U) != 0;
+        std::string pixels;
+        for (std::size_t y = 0; y < height; ++y) {
+            for (std::size_t x = 0; x < width; ++x) {
+                const std::size_t p = 18 + ((topFirst ? y : height - 1 - y) * width + x) * 4;
+                pixels += {file[p + 2], file[p + 1], file[p], file[p + 3]};
+            }
+        }
+        return pixels;
+    }
+
+    void expectBox(const std::string& text) {
+        EXPECT_EQ(boxes.take(), (std::vector<ShownBox>{{text, "Pelrath", BoxIcon::Critical, BoxButtons::Ok}}));
+    }
+
+    /// The trace since the last call.
+    void expectLines(const std::vector<std::string>& expected) { EXPECT_EQ(std::exchange(lines, {}), expected); }
+
+    RecordingBoxes boxes;
+    TemporaryFolder folder;
+    SaveImageOptions options;
+    ImageLibraryFacade facade{boxes, options};
+    LibraryImages images;
+    std::vector<std::string> lines;
+};
+
+} // namespace pelrath::test

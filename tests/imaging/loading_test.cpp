@@ -1,0 +1,133 @@
+#include "imaging/block_decoder.hpp"
+#include "library_fixture.hpp"
+
+#include <cstdlib>
+
+namespace pelrath::test { namespace {
+
+class Loading : public LibraryTest {
+protected:
+    /// Runs one of the image editors' own writers in the folder.
+    void run(const std::string& command) const {
+        const std::string line = "cd '" + folder.path() + "' && PATH=/usr/bin:$PATH && " + command;
+        ASSERT_EQ(std::system(line.c_str()), 0) << command;
+    }
+
+    void expectRefused(const std::string& path, const std::string& code) {
+        std::uint32_t image = 0;
+        EXPECT_FALSE(facade.loadImage(path, image));
+        EXPECT_NE(image, 0U);
+        boxes.expect(("ilLoadImage Error Number: " + code + " -> IL_").c_str());
+        EXPECT_EQ(images.readErrorCode(), 0);
+        images.remove(image);
+    }
+};
+
+TEST_F(Loading, ReadsOrRefusesEveryCase) {
+    std::ifstream table{std::filesystem::path{__FILE__}.parent_path() / "cases.txt"};
+    int cases = 0;
+    for (std::string line; std::getline(table, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        SCOPED_TRACE(line);
+        ++cases;
+        std::istringstream parts{line};
+        std::string name, extension, bytes, outcome;
+        for (std::string* part : {&name, &extension, &bytes, &outcome}) { std::getline(parts, *part, '|'); }
+        outcome.erase(0, 1);
+        const std::string path = folder.write("case." + extension.substr(1, 3), bytesOf(bytes));
+        if (std::isdigit(static_cast<unsigned char>(outcome[0])) != 0) {
+            expectRefused(path, outcome);
+        } else {
+            const bool hex = outcome[0] == '#';
+            EXPECT_TRUE(pixelsOf(path) == (hex ? bytesOf(outcome.substr(1)) : pixels(outcome)));
+        }
+    }
+    EXPECT_GT(cases, 80);
+}
+
+/// 7 x 5 pixels of few enough colours for any palette, or of greys.
+std::string picture(bool grey, bool withAlpha) {
+    std::string bytes;
+    for (int i = 0; i < 35; ++i) {
+        const int c = i * 5 % 13;
+        const int alpha = withAlpha ? 40 + c * 12 : 255;
+        for (const int part : {c * 19, grey ? c * 19 : 255 - c * 17, grey ? c * 19 : c * 53 % 256, alpha}) { bytes += static_cast<char>(part); }
+    }
+    return bytes;
+}
+
+TEST_F(Loading, ReadsWhatEditorsWrite) {
+    const std::string alpha = picture(false, true);
+    const std::string opaque = picture(false, false);
+    const std::string greys = picture(true, false);
+    // ImageMagick writes TGA rows in the order that the header names only when it is told one.
+    // Each with ImageMagick's words, or Pillow's for the picture i.
+    const std::tuple<const char*, std::string, std::string> cases[] = {
+        {"m5a.bmp", alpha, ""},
+        {"m5.bmp", opaque, "-alpha off"},
+        {"m4.bmp", alpha, "-define bmp:format=bmp4"},
+        {"m3.bmp", opaque, "-alpha off -define bmp:format=bmp3"},
+        {"m2.bmp", opaque, "-alpha off -define bmp:format=bmp2"},
+        {"rle.bmp", opaque, "-alpha off -type palette -compress RLE -define bmp:format=bmp3"},
+        {"pal.bmp", opaque, "-alpha off -type palette"},
+        {"m.tga", alpha, "-flip -orient BottomLeft"},
+        {"mrle.tga", alpha, "-orient TopLeft -compress RLE"},
+        {"mgrey.tga", greys, "-orient TopLeft -alpha off -type grayscale"},
+        {"mpal.tga", opaque, "-orient TopLeft -alpha off -type palette"},
+        {"p32.bmp", alpha, "i.save"},
+        {"p8.bmp", opaque, "i.convert('RGB').quantize(16).save"},
+        {"pgrey.bmp", greys, "i.convert('L').save"},
+        {"ppal.tga", opaque, "i.convert('RGB').quantize(16).save"},
+        {"pla.tga", greys, "i.convert('LA').save"},
+    };
+    const std::string pillow = "python3 -c \"from PIL import Image; i = Image.frombytes('RGBA', (7, 5), open('source', 'rb').read()); ";
+    for (const auto& [name, source, words] : cases) {
+        static_cast<void>(folder.write("source", source));
+        run(words.starts_with("i.") ? pillow + words + "('" + name + "')\"" : "convert -size 7x5 -depth 8 rgba:source " + words + " " + name);
+        EXPECT_TRUE(pixelsOf(folder.file(name)) == source) << name << ' ' << words;
+    }
+}
+
+TEST_F(Loading, NeedsAFileWithAKnownExtension) {
+    expectRefused(folder.file("missing.tga"), "1290");
+    expectRefused(folder.write("picture.jpeg", "anything"), "0");
+    expectRefused(folder.write("noextension", "anything"), "0");
+    run("convert -size 8x8 xc:white white.jpg && mv white.jpg white.JpG");
+    EXPECT_EQ(pixelsOf(folder.file("white.JpG")), std::string(64 * 4, '\xFF'));
+}
+
+TEST_F(Loading, DoesNotBelieveALoadThatLeavesACode) {
+    LibraryFunctions library = libraryWithCode();
+    library.ilLoad = [](std::uint32_t type, const char* name) { return pendingCode = 1298, imageLibrary().ilLoad(type, name); };
+    std::uint32_t image = 0;
+    const std::string file = folder.write("x.tga", bytesOf("000002 9*00 w1 w1 1800 3*00"));
+    EXPECT_FALSE((ImageLibraryFacade{boxes, options, library}.loadImage(file, image)));
+    expectBox("ilLoadImage Error Number: 1298 -> IL_FILE_READ_ERROR ");
+}
+
+TEST_F(Loading, LeavesNoImageBehind) {
+    const std::string good = folder.write("good.tga", bytesOf("000002 9*00 w1 w1 1800 3*00"));
+    const std::string bad = folder.write("bad.tga", bytesOf("000002 9*00 w9 w9 1800 3*00"));
+    const std::uint32_t first = images.generate();
+    images.remove(first);
+    for (int i = 0; i < 40; ++i) {
+        EXPECT_NE(pixelsOf(good), "");
+        expectRefused(bad, "1298");
+    }
+    // The library gives the ids of removed images out again.
+    EXPECT_EQ(images.generate(), first);
+}
+
+TEST(BlockDecoder, RefusesWhatDoesNotFit) {
+    const std::string block(8, '\0');
+    const auto bytes = std::as_bytes(std::span{block});
+    const std::tuple<BlockFormat, std::uint32_t, std::uint32_t, std::size_t> cases[] = {
+        {BlockFormat::Dxt1, 5, 1, 20}, {BlockFormat::Dxt5, 1, 1, 4}, {BlockFormat::Dxt1, 0, 1, 0}, {BlockFormat::Dxt1, 1, 1, 8}};
+    for (const auto& [format, width, height, room] : cases) {
+        std::vector<std::byte> texels(room);
+        EXPECT_THROW(decodeLevel(format, bytes, width, height, texels), RuntimeError) << width << ' ' << room;
+    }
+    EXPECT_THROW(static_cast<void>(decodeBlock(BlockFormat::Dxt5, bytes)), RuntimeError);
+}
+
+}} // namespace pelrath::test

@@ -1,0 +1,123 @@
+#include "library_fixture.hpp"
+
+namespace pelrath::test { namespace {
+
+class Saving : public LibraryTest {
+protected:
+    Saving() {
+        // 4 x 8, the upper half red, the lower one blue: no block of a DDS file needs to mix
+        const std::string file = folder.write("source.tga", bytesOf("00000A 9*00 w4 w8 1820 8F 0000FF 8F FF0000"));
+        EXPECT_TRUE(facade.loadImage(file, image));
+        std::filesystem::remove(file);
+    }
+
+    bool save(OutputFileType type, const std::string& name, bool overwrite = true) {
+        return chooseOutput(type) && facade.saveImage(options.imageType, folder.file(name), overwrite);
+    }
+
+    std::uint32_t image = 0;
+};
+
+TEST_F(Saving, WritesEachOutputWholeAndUpright) {
+    // Name, type, mipmaps wanted, how the file begins, its length (0: not known beforehand), levels that a DDS header declares.
+    const std::tuple<const char*, OutputFileType, bool, std::string, std::size_t, std::int64_t> cases[] = {
+        {"a.bmp", OutputFileType::Bmp, true, "BM", 54 + 8 * 12, 0},
+        {"a.TGA", OutputFileType::Tga, false, bytesOf("000002"), 0, 0},
+        {"a.jpg", OutputFileType::Jpg, false, bytesOf("FFD8"), 0, 0},
+        {"a.dds", OutputFileType::DdsDxt1, false, "DDS ", 128 + 16, 1},
+        {"b.dds", OutputFileType::DdsDxt1, true, "DDS ", 128 + 16 + 3 * 8, 4},
+        {"c.dds", OutputFileType::DdsDxt5, true, "DDS ", 128 + 32 + 3 * 16, 4},
+        // The image still has the chain of the save before.
+        {"d.dds", OutputFileType::DdsDxt5, false, "DDS ", 128 + 32, 1},
+        // The name is the texture's, the type is not the name's.
+        {"texture.tga", OutputFileType::Bmp, false, "BM", 54 + 8 * 12, 0},
+        {"texture", OutputFileType::Tga, false, bytesOf("000002"), 0, 0},
+    };
+    for (const auto& [name, type, mipmaps, start, length, levels] : cases) {
+        options.buildMipmaps = mipmaps;
+        ASSERT_TRUE(save(type, name)) << name;
+        const std::string file = folder.read(name);
+        EXPECT_TRUE(file.starts_with(start) && (length == 0 || file.size() == length)) << name << ' ' << file.size();
+        EXPECT_TRUE(levels == 0 || file.substr(28, 4) == little(levels, 4)) << name;
+    }
+    EXPECT_EQ(folder.names().size(), std::size(cases));
+    EXPECT_EQ(folder.read("d.dds").substr(108, 4), little(0x1000, 4)) << "a texture and nothing more";
+    for (const char* name : {"a.bmp", "a.TGA", "a.dds", "b.dds", "c.dds", "d.dds"}) {
+        EXPECT_TRUE(pixelsOf(folder.file(name)) == pixels(std::string(16, 'R') + std::string(16, 'B'))) << name;
+    }
+}
+
+TEST_F(Saving, TracesItsSteps) {
+    const std::string converted = "ilConvertImage done sucessfully.";
+    const std::string saved = "ilSave done sucessfully.";
+    options.buildMipmaps = true;
+    ASSERT_TRUE(save(OutputFileType::DdsDxt5, "a.dds"));
+    expectLines({"Setting DXT5 format done.", converted, "iluBuildMipmaps done.", "ilEnable overwrite done sucessfully.", saved});
+    ASSERT_TRUE(save(OutputFileType::Jpg, "a.jpg", false));
+    expectLines({"Setting Jpg compression done.", converted, "ilDisable overwrite done sucessfully.", saved});
+}
+
+TEST_F(Saving, ReplacesAFileOnlyWhenAskedTo) {
+    for (const char* name : {"there.bmp", "there"}) {
+        static_cast<void>(folder.write(name, "before"));
+        EXPECT_FALSE(save(OutputFileType::Bmp, name, false));
+        expectBox("ilSave Error Number: 1292 -> IL_FILE_ALREADY_EXISTS ");
+        EXPECT_EQ(lines.back(), "ilSave Error Number: 1292 -> IL_FILE_ALREADY_EXISTS ");
+        EXPECT_EQ(folder.read(name), "before");
+        EXPECT_TRUE(save(OutputFileType::Bmp, name, true));
+        EXPECT_EQ(folder.read(name).size(), 54U + 8 * 12);
+    }
+}
+
+TEST_F(Saving, LeavesNothingBehindWhereItCannotWrite) {
+    std::filesystem::create_directory(folder.file("folder.bmp"));
+    std::filesystem::permissions(folder.write("readonly.bmp", "before"), std::filesystem::perms::owner_read);
+    for (const std::string name : {"gone/a.bmp", "folder.bmp", "readonly.bmp"}) {
+        EXPECT_FALSE(save(OutputFileType::Bmp, name)) << name;
+        expectBox("ilSave Error Number: 1290 -> IL_COULD_NOT_OPEN_FILE ");
+        EXPECT_EQ(images.readErrorCode(), 0);
+    }
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"folder.bmp", "readonly.bmp"}));
+    EXPECT_EQ(folder.read("readonly.bmp"), "before");
+}
+
+TEST_F(Saving, KeepsTheOldFileWhenTheDiskEndsBeforeTheNewOne) {
+    const std::string path = folder.write("a", "before");
+    for (const OutputFileType type : {OutputFileType::Bmp, OutputFileType::Tga, OutputFileType::Jpg, OutputFileType::DdsDxt1}) {
+        EXPECT_FALSE((FullDisk{100}, save(type, "a"))); // less than any of them takes
+        expectBox("ImageSave Error : 6 Overflow (" + path + ")");
+        EXPECT_EQ(folder.read("a"), "before");
+        EXPECT_EQ(folder.names().size(), 1U);
+    }
+}
+
+TEST_F(Saving, ChecksTheQualityBeforeTheLibraryDoes) {
+    for (const std::int32_t quality : {-1, 65536}) {
+        options.jpgQuality = quality;
+        EXPECT_FALSE(save(OutputFileType::Jpg, "a.jpg"));
+        expectBox("ImageSave Error : 6 Overflow");
+    }
+    options.jpgQuality = 90;
+    EXPECT_TRUE(save(OutputFileType::Jpg, "a.jpg"));
+}
+
+TEST_F(Saving, DoesNotBelieveASaveThatIsNotWhole) {
+    // How the library saves, the code that it leaves, and the message; null: none.
+    const std::tuple<std::uint8_t (*)(const char*), std::uint32_t, const char*> cases[] = {
+        {[](const char*) { return std::uint8_t{1}; }, 0, "ilSave Error Number: 1298 -> IL_FILE_READ_ERROR "},
+        {imageLibrary().ilSaveImage, 1286, "ilSave Error Number: 1286 -> IL_ILLEGAL_OPERATION "},
+        {[](const char*) { return std::uint8_t{0}; }, 0, nullptr},
+    };
+    LibraryFunctions library = libraryWithCode();
+    ASSERT_TRUE(chooseOutput(OutputFileType::Tga));
+    for (const auto& [save, code, box] : cases) {
+        library.ilSaveImage = save;
+        pendingCode = code;
+        ImageLibraryFacade failing{boxes, options, library};
+        EXPECT_FALSE(failing.saveImage(options.imageType, folder.file("a.tga"), true)) << code;
+        boxes.expect(box);
+        EXPECT_EQ(folder.names(), std::vector<std::string>{});
+    }
+}
+
+}} // namespace pelrath::test
