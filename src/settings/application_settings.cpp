@@ -1,0 +1,80 @@
+#include "settings/application_settings.hpp"
+
+#include "platform/runtime_error.hpp"
+#include "settings/csetting.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace pelrath {
+
+namespace {
+
+// One place for all that stands in the file, in its order. Whole numbers and texts are told apart by what
+// they are kept in.
+template <class Settings, class Pass>
+void eachKey(Settings& s, const Pass& pass) {
+    pass("Settings", "MainTop", s.mainTop);
+    pass("Settings", "MainLeft", s.mainLeft);
+    pass("Setup", "extractionfolder", s.extractionFolder);
+    pass("Setup", "firsttimedone", s.firstTimeDone);
+    pass("Settings", "ViewPortWidth", s.viewPortWidth);
+    pass("Settings", "ViewPortHeight", s.viewPortHeight);
+    pass("Settings", "ViewPortColor", s.viewPortColor);
+    pass("Settings", "bazartempfolder", s.bazarTempFolder);
+    pass("Settings", "cddsbackupfolder", s.cddsBackupFolder);
+}
+
+template <class Operation>
+void atKey(const char* key, const Operation& operation) {
+    try {
+        operation();
+    } catch (const RuntimeError& error) {
+        throw SettingsPassEnded{key, error.description()};
+    }
+}
+
+struct Load {
+    CSetting& store;
+
+    void operator()(const char* section, const char* key, std::string& value) const {
+        atKey(key, [&] { value = store.GetSettingStr(section, key, value); });
+    }
+    template <class Number>
+    void operator()(const char* section, const char* key, Number& value) const {
+        atKey(key, [&] { value = store.GetSettingInt(section, key, static_cast<std::int16_t>(value)); });
+    }
+};
+
+struct Save {
+    CSetting& store;
+
+    void operator()(const char* section, const char* key, const std::string& value) const {
+        atKey(key, [&] { store.SaveSettingStr(section, key, value); });
+    }
+    template <class Number>
+    void operator()(const char* section, const char* key, const Number& value) const {
+        atKey(key, [&] {
+            const double rounded = std::nearbyint(static_cast<double>(value));
+            store.SaveSettingInt(section, key,
+                                 narrowed(static_cast<std::int64_t>(std::clamp(rounded, -1e6, 1e6))));
+        });
+    }
+};
+
+} // namespace
+
+void loadApplicationSettings(const std::string& settingsBaseName, ApplicationSettings& settings) {
+    settings = {};
+    CSetting store;
+    store.Init(settingsBaseName, CSetting::IniMode);
+    eachKey(settings, Load{store});
+}
+
+void saveApplicationSettings(const std::string& settingsBaseName, const ApplicationSettings& settings) {
+    CSetting store;
+    store.Init(settingsBaseName, CSetting::IniMode);
+    eachKey(settings, Save{store});
+}
+
+} // namespace pelrath
