@@ -1,0 +1,61 @@
+#pragma once
+
+#include "mainwindow/viewer/device.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace pelrath {
+
+/// An OpenGL 3.3 core context of the viewer's own, and the way from it to the screen.
+class GlContext {
+public:
+    virtual ~GlContext() = default;
+
+    /// Fails with DeviceLost.
+    virtual void makeCurrent() = 0;
+    /// Puts the picture in a texture of this context on the viewport, stretched over all of it. The first
+    /// row in the texture is the bottom one.
+    virtual void present(std::uint32_t texture, std::int32_t width, std::int32_t height) = 0;
+    /// True when the last picture presented has been shown.
+    [[nodiscard]] virtual bool ready() const = 0;
+};
+
+/// Draws with OpenGL into a back buffer of its own. Takes textures as they are compressed in their files.
+class GlRenderer : public Device {
+public:
+    /// Fails where the context lacks what the renderer needs. Sizes are pixels.
+    GlRenderer(std::unique_ptr<GlContext> context, std::int32_t width, std::int32_t height);
+    ~GlRenderer() override;
+    GlRenderer(const GlRenderer&) = delete;
+    GlRenderer& operator=(const GlRenderer&) = delete;
+
+    void loadTexture(const std::string& path) override;
+    [[nodiscard]] PixelFormat textureFormat() const override { return format_; }
+    [[nodiscard]] bool readyForFrame() const override { return context_->ready(); }
+    void drawFrame(const FramePicture& picture) override;
+
+    /// The back buffer as it is: width * height pixels of red, green, blue and alpha bytes, top row first.
+    [[nodiscard]] std::vector<std::byte> readBackBuffer();
+
+private:
+    void makeBackBuffer();
+    void makeProgram();
+
+    std::unique_ptr<GlContext> context_;
+    std::int32_t width_;
+    std::int32_t height_;
+    PixelFormat format_ = PixelFormat::Dxt1;
+    std::uint32_t backTexture_ = 0;
+    std::uint32_t backBuffer_ = 0;
+    std::uint32_t vertexArray_ = 0;
+    std::uint32_t program_ = 0;
+    std::int32_t cornersPlace_ = -1;
+    std::int32_t backSizePlace_ = -1;
+    std::int32_t quadSizePlace_ = -1;
+    std::uint32_t texture_ = 0;
+};
+
+} // namespace pelrath

@@ -1,0 +1,193 @@
+#include "mainwindow/viewer/texture_viewer.hpp"
+
+#include "mainwindow/viewer/dds_probe.hpp"
+#include "support/fake_device.hpp"
+#include "support/recording_boxes.hpp"
+#include "support/temporary_folder.hpp"
+
+namespace pelrath { namespace {
+
+using test::row;
+using test::ShownBox;
+
+TEST(Probe, ReadsTheHeadAndTellsWhatIsNotOne) {
+    const test::TemporaryFolder folder;
+    std::string whole = test::ddsFile("DXT5", 256, 128, "");
+    whole[24] = 7;
+    whole[28] = 9;
+    // Name, content, what is read, and the complaint behind the path.
+    const std::tuple<const char*, const char*, ImageInfo, const char*> cases[] = {
+        {"magic only", "DDS ", {}, nullptr},           {"lower case", "dds and more", {}, " is not in DDS format."},
+        {"empty", "", {}, " is not in DDS format."},   {"short", "DD", {}, " is not in DDS format."},
+        {"missing", nullptr, {}, " not found."},       {".", nullptr, {}, " not found."},
+        {"whole", nullptr, {256, 128, 7, 9}, nullptr},
+    };
+    (void)folder.write("whole", whole);
+    for (const auto& [name, content, info, complaint] : cases) {
+        test::RecordingBoxes boxes;
+        const std::string path = content == nullptr ? folder.file(name) : folder.write(name, content);
+        ImageInfo read{1, 2, 3, 4};
+        EXPECT_EQ(getImageInfo(path, read, boxes), complaint == nullptr) << name;
+        EXPECT_EQ(read, info) << name;
+        std::vector<ShownBox> expected;
+        if (complaint != nullptr) expected = {{"Image File " + path + complaint, "getImageInfo", BoxIcon::Critical}};
+        EXPECT_EQ(boxes.take(), expected);
+    }
+}
+
+TEST(FitQuad, NeverEnlargesAndKeepsTheShape) {
+    const std::tuple<std::uint32_t, std::uint32_t, std::int32_t, float, float> cases[] = {
+        {1024, 256, 512, 512, 128}, {1024, 256, 256, 512, 128},     {128, 128, 512, 128, 128}, {128, 128, 256, 256, 256},
+        {64, 512, 512, 64, 512},    {512, 512, 512, 512, 512},      {1, 1, 512, 1, 1},         {2048, 2048, 256, 512, 512},
+        {1, 2048, 512, 0.25F, 512}, {300, 200, 256, 512, 341.3333F}};
+    for (const auto& [width, height, viewport, right, bottom] : cases) {
+        ViewerState state;
+        state.viewPortWidth = state.viewPortHeight = viewport;
+        state.referenceWidth = state.referenceHeight = 512;
+        const float corners[4][4] = {{0, 0, 0, 0}, {right, 0, 1, 0}, {0, bottom, 0, 1}, {right, bottom, 1, 1}};
+        for (std::size_t i = 0; const auto& corner : fitQuad(width, height, state)) {
+            const auto& [x, y, tu, tv] = corners[i++];
+            EXPECT_NEAR(corner.x, x, 1e-3) << width << 'x' << height;
+            EXPECT_NEAR(corner.y, y, 1e-3) << width << 'x' << height;
+            EXPECT_EQ(row(corner.tu, corner.tv, corner.diffuse), row(tu, tv, 0xFFFFFFFF));
+        }
+    }
+}
+
+class ViewerTest : public testing::Test {
+protected:
+    ViewerTest() {
+        state.referenceWidth = state.referenceHeight = 512;
+        state.clearColor = 0xFF102030;
+        Label11.setVisible(false);
+        for (std::size_t i = 0; i < cmdShow.size(); ++i) {
+            clicks.push_back(cmdShow[i].click.connect([this, i] { state.displayMode = static_cast<DisplayMode>(i); }));
+        }
+    }
+    std::string stage(const char* fourCC, std::uint32_t width, std::uint32_t height, std::size_t dataSize) const {
+        return folder.write("tmp.dds", test::ddsFile(fourCC, width, height, std::string(dataSize, '\0')));
+    }
+    [[nodiscard]] std::string modes() const { return row(cmdShow.selectedIndex(), cmdShow[1].enabled(), cmdShow[2].enabled()); }
+
+    test::TemporaryFolder folder;
+    ViewerState state;
+    test::FakeSurface surface;
+    test::ScriptedPump pump;
+    test::RecordingBoxes boxes;
+    Label Label11;
+    OptionGroup<3> cmdShow;
+    Connections clicks;
+    TextureViewer viewer{{state, surface, pump, boxes, Label11, cmdShow}};
+};
+
+TEST_F(ViewerTest, TheFormatDecidesWhichModesThereAre) {
+    viewer.createDirect3D();
+    EXPECT_EQ(surface.size, (std::pair{512, 512}));
+    cmdShow[1].select();
+    viewer.showTexture(stage("DXT5", 8, 8, 64));
+    EXPECT_EQ(modes(), "1, true, true");
+    viewer.showTexture(stage("DXT1", 8, 8, 32));
+    EXPECT_EQ(state.displayMode, DisplayMode::Texture);
+    EXPECT_EQ(modes(), "0, false, false");
+    viewer.showTexture(stage("DXT5", 8, 8, 64));
+    EXPECT_EQ(modes(), "0, true, true");
+    EXPECT_FALSE(Label11.visible());
+}
+
+TEST_F(ViewerTest, FilesThatCannotBeShownSayWhy) {
+    viewer.createDirect3D();
+    for (const bool missing : {false, true}) {
+        Label11.setVisible(false);
+        viewer.showTexture(missing ? folder.file("none") : stage("DXT1", 0, 8, 32));
+        EXPECT_EQ(row(Label11.caption(), Label11.visible()), "Invalid DXT Format, true");
+        boxes.expect(missing ? " not found." : nullptr);
+    }
+    const std::string tail = "\r\nIt does not work. \r\nDLL error:";
+    const std::pair<int, const char*> failures[] = {{-2005530516, "Error: -2005530516 . The method call is invalid."},
+                                                    {-2005532292, "Error: -2005532292 . Direct3D does not have enough display memory."},
+                                                    {-2005530518, "Error: -2005530518 . The queried technique is not supported by this device."},
+                                                    {-2005529767, "Error: -2005529767 . The data is invalid."},
+                                                    {57, ""}};
+    for (const auto& [number, text] : failures) {
+        surface.record.nextLoadFails = number;
+        viewer.showTexture(stage("DXT1", 8, 8, 32));
+        EXPECT_EQ(row(Label11.caption(), Label11.visible()), "File not found !, true");
+        const ShownBox box = boxes.take().at(0);
+        EXPECT_EQ(box, (ShownBox{box.text, "loadTextureFile Error", BoxIcon::Critical}));
+        EXPECT_TRUE(number == 57 ? box.text.empty() : box.text.starts_with(text + tail)) << box.text;
+    }
+    const std::tuple<const char*, std::uint32_t, std::size_t, const char*> files[] = {{"DXT1", 8, 31, "-2005529767 . The data is invalid."},
+                                                                                      {"DXT3", 8, 64, "-2005529767 . The data is invalid."},
+                                                                                      {"DXT1", 20000, 64, "-2005530518 . The queried technique"}};
+    for (const auto& [fourCC, width, size, reason] : files) {
+        viewer.showTexture(stage(fourCC, width, 8, size));
+        boxes.expect(reason);
+    }
+    EXPECT_TRUE(surface.record.loaded.empty());
+}
+
+TEST_F(ViewerTest, DrawsOnlyWhatIsNew) {
+    state.Running = true; // as the loop sets it
+    const auto mode = [this](DisplayMode m) { return [this, m] { state.displayMode = m; }; };
+    pump.steps = {[this] { viewer.showTexture(stage("DXT5", 8, 8, 64)); },
+                  [] {}, // an event that changes nothing
+                  mode(DisplayMode::Mask),
+                  mode(DisplayMode::AlphaChannel),
+                  [this] { state.clearColor = 0xFFFFFFFF; },
+                  [this] { surface.record.ready = false, state.clearColor = 0xFF000000; },
+                  [this] { surface.record.ready = true; },
+                  [this] { viewer.showTexture(stage("DXT5", 8, 8, 64)); }, // the same sides, another texture
+                  [this] { viewer.stopRendering(); }};
+    viewer.startRendering();
+    const auto& frames = surface.record.frames;
+    ASSERT_EQ(frames.size(), 7U);
+    EXPECT_EQ(row(frames[0].texture, frames[1].quad[3].x), "0, 8");
+    EXPECT_NE(frames[6].texture, frames[5].texture);
+    const std::pair<std::uint32_t, Blend> expected[] = {
+        {0xFF102030, frames[0].blend},    {0xFF102030, Blend::None},        {0xFF102030, Blend::Mask},       {0xFF102030, Blend::InverseBoth},
+        {0xFFFFFFFF, Blend::InverseBoth}, {0xFF000000, Blend::InverseBoth}, {0xFF000000, Blend::InverseBoth}};
+    for (std::size_t i = 0; i < 7; ++i) { EXPECT_EQ((std::pair{frames[i].clearColor, frames[i].blend}), expected[i]) << i; }
+    EXPECT_EQ(row(pump.pending, state.Running), "7, false");
+}
+
+TEST_F(ViewerTest, AFailedFrameEndsTheLoopAndLeavesItsFlag) {
+    for (const auto& [number, reason] : {std::pair{-2005530516, " . The method call is invalid."}, std::pair{-2005530520, " . Unknown error."}}) {
+        surface.record.nextFrameFails = number;
+        viewer.startRendering();
+        boxes.expect(("Error: " + std::to_string(number) + reason + "\r\nIt does not work. \r\nDLL error:").c_str());
+        EXPECT_TRUE(state.Running);
+    }
+}
+
+TEST_F(ViewerTest, WithoutADeviceTheLoopReportsAndTriesAgain) {
+    surface.record.creationFails = true;
+    viewer.startRendering();
+    auto shown = boxes.take();
+    ASSERT_EQ(shown.size(), 2U);
+    EXPECT_EQ(shown[0], (ShownBox{"An error occurred while creating Direct3D.", "ERROR!", BoxIcon::Exclamation}));
+    EXPECT_EQ(shown[1].title, "Render Error");
+    EXPECT_NE(shown[1].text.find(" . Unknown error."), std::string::npos);
+    EXPECT_FALSE(state.d3dCreated);
+    surface.record.creationFails = false;
+    pump.steps = {[this] { viewer.stopRendering(); }};
+    viewer.startRendering();
+    EXPECT_TRUE(state.d3dCreated);
+    EXPECT_EQ(surface.record.frames.size(), 1U);
+}
+
+TEST_F(ViewerTest, StoppingAndStartingInsideTheLoopGoesOnInIt) {
+    int depth = 0;
+    pump.steps = {[&] {
+                      viewer.stopRendering();
+                      ++depth, viewer.startRendering(), --depth; // returns at once: the loop below it goes on
+                      state.clearColor = 1;
+                  },
+                  [&] {
+                      EXPECT_EQ(depth, 0);
+                      viewer.stopRendering();
+                  }};
+    viewer.startRendering();
+    EXPECT_EQ(surface.record.frames.size(), 2U);
+}
+
+}} // namespace pelrath
