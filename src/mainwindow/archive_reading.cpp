@@ -1,0 +1,171 @@
+#include "mainwindow/archive_reading.hpp"
+
+#include "archive/listing.hpp"
+#include "archive/number_text.hpp"
+#include "platform/files.hpp"
+#include "platform/runtime_error.hpp"
+
+#include <string_view>
+
+namespace pelrath {
+
+namespace {
+
+/// What the panes show of a layout.
+struct LayoutWords {
+    std::string_view type;
+    std::string_view headerTitle;
+    std::string_view textureTitle;
+};
+
+LayoutWords wordsOf(const Tables0C& /*layout*/) {
+    return {"0C", listing::headerTitle0C, listing::textureTitle0C};
+}
+LayoutWords wordsOf(const TablesCdds& /*layout*/) {
+    return {"cdds", listing::headerTitleCdds, listing::textureTitleCdds};
+}
+
+class CommandsDisabled {
+public:
+    explicit CommandsDisabled(const std::vector<CommandButton*>& commands) : commands_(commands) {
+        enable(false);
+    }
+    ~CommandsDisabled() { enable(true); }
+    CommandsDisabled(const CommandsDisabled&) = delete;
+    CommandsDisabled& operator=(const CommandsDisabled&) = delete;
+
+private:
+    void enable(bool enabled) {
+        for (CommandButton* command : commands_) {
+            command->setEnabled(enabled);
+        }
+    }
+    const std::vector<CommandButton*>& commands_;
+};
+
+constexpr int texturesPerPump = 10;
+constexpr const char* notFoundTitle = "Pelrath - File not found";
+
+} // namespace
+
+ArchiveReading::ArchiveReading(const Controls& controls, const Services& services, Session& session,
+                               ArchiveListing& listing, WindowLayout& layout, Splash& splash)
+    : c_(controls), services_(services), session_(session), listing_(listing), layout_(layout),
+      splash_(splash) {
+    connections_.push_back(c_.Command1.click.connect([this] { browse(); }));
+    connections_.push_back(c_.cmdReadCDDS.click.connect([this] { openArchive(); }));
+}
+
+void ArchiveReading::browse() {
+    listing_.resetArchiveDisplay();
+    const auto chosen = services_.fileOpen.choose({"Select .CDDS file to analyse", "Cdds File (*.cdds)",
+                                                   std::string{parentFolder(session_.archivePath)}});
+    if (!chosen) return;
+    session_.archivePath = *chosen;
+    c_.Text1.setText(*chosen);
+    openArchive();
+}
+
+void ArchiveReading::openArchive() {
+    const CommandsDisabled reading{c_.archiveCommands};
+    c_.dynImage.setVisible(false);
+    if (session_.archivePath.empty()) {
+        services_.boxes.exclamation("No CDDS file selected. Please try again.", notFoundTitle);
+    } else if (!fileExists(session_.archivePath)) {
+        services_.boxes.exclamation("Selected file was not found. Please try again.", notFoundTitle);
+    } else {
+        readFile();
+    }
+    if (c_.window.isUnloaded()) return; // closed meanwhile
+    c_.Output[TexturePane].setSelected(0, true);
+    splash_.layoutSplash(false);
+    c_.dynImage.setVisible(true);
+}
+
+std::optional<ArchiveContents> ArchiveReading::readTables() {
+    try {
+        return readArchive(session_.archivePath);
+    } catch (const DamagedArchive& damage) {
+        refuse(session_.archivePath + " is damaged and was not opened.\r\n\r\n" + damage.what() +
+                   "\r\n\r\nPlease take a fresh copy of the file.",
+               "Pelrath - Invalid CDDS file");
+    } catch (const RuntimeError& error) {
+        refuse("The file cannot be read: " + error.description() + ".\r\n\r\nPlease check it and try again.",
+               "Pelrath - File not readable");
+    }
+    return std::nullopt;
+}
+
+void ArchiveReading::readFile() {
+    const std::optional<ArchiveContents> contents = readTables();
+    if (!contents) return;
+    if (const auto* tables = std::get_if<Tables0C>(&*contents)) show(*tables, makeCatalogue(*tables));
+    if (const auto* tables = std::get_if<TablesCdds>(&*contents)) show(*tables, makeCatalogue(*tables));
+}
+
+void ArchiveReading::refuse(const std::string& text, const char* title) {
+    // The catalogue of another file must not be used on this one.
+    listing_.resetArchiveDisplay();
+    takeOver({});
+    services_.boxes.exclamation(text, title);
+}
+
+void ArchiveReading::takeOver(CddsArchive archive) {
+    session_.archive = std::move(archive);
+    session_.selectedTexture = -1;
+    session_.selectedBaseName.clear();
+}
+
+template <class Tables>
+void ArchiveReading::show(const Tables& tables, CddsArchive archive) {
+    const LayoutWords words = wordsOf(tables);
+    listing_.clearListingPane(c_.Output[HeaderPane]);
+    c_.Text9.setText(std::string{words.headerTitle});
+    c_.Text3.setText(std::string{words.type});
+    c_.Text4.setText(fileNumberText(tables.header.textureCount));
+    listing_.appendListingLine(c_.Output[HeaderPane], listing::headerLine(tables.header));
+
+    beginPane(TexturePane, words.textureTitle);
+    beginPane(MipmapPane, listing::mipmapTitle);
+    takeOver(std::move(archive));
+    fillPanes(tables);
+}
+
+void ArchiveReading::beginPane(Pane pane, std::string_view title) {
+    listing_.clearListingPane(c_.Output[pane]);
+    c_.Text2[pane].setText(std::string{title});
+    layout_.layoutListPane(pane);
+}
+
+template <class Tables>
+void ArchiveReading::fillPanes(const Tables& tables) {
+    const auto textures = static_cast<std::int32_t>(tables.textures.size());
+    const auto mipmaps = static_cast<std::int32_t>(tables.mipmaps.size());
+    c_.Output[TexturePane].reserve(textures,
+                                   tables.textures.size() * (c_.Text2[TexturePane].text().size() + 4));
+    c_.Output[MipmapPane].reserve(mipmaps, tables.mipmaps.size() * listing::mipmapTitle.size());
+    std::string line;
+    std::int32_t number = 0;
+    for (std::int32_t i = 0; i < textures; ++i) {
+        if (i % texturesPerPump == 0) services_.pump.processPending();
+        if (c_.window.isUnloaded()) return;
+        const auto& texture = tables.textures[static_cast<std::size_t>(i)];
+        const std::string& name = session_.archive.textures[static_cast<std::size_t>(i)].name;
+        c_.Text7.setText(std::to_string(i + 1));
+        listing::textureLine(texture, i, name, line);
+        listing_.appendListingLine(c_.Output[TexturePane], line);
+        listing_.appendListingLine(c_.incrementalSearchList, listing::nameListEntry(name));
+        const std::int32_t last = number + mipmapCountOf(texture);
+        while (number < last) {
+            const PlacedMipmapEntry& mipmap = tables.mipmaps[static_cast<std::size_t>(number)];
+            ++number;
+            c_.Text5.setText(indexText(number));
+            listing::mipmapLine(mipmap, number, line);
+            listing_.appendListingLine(c_.Output[MipmapPane], line);
+        }
+        if (mipmapCountOf(texture) == 0) c_.Text5.setText("");
+    }
+    c_.Text7.setText(std::to_string(textures));
+}
+
+} // namespace pelrath

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "archive/reader.hpp"
+#include "controls/control.hpp"
+#include "controls/list_box.hpp"
+#include "controls/text_box.hpp"
+#include "controls/window.hpp"
+#include "mainwindow/archive_listing.hpp"
+#include "mainwindow/splash.hpp"
+#include "mainwindow/window_layout.hpp"
+#include "platform/event_pump.hpp"
+#include "platform/file_open_dialog.hpp"
+#include "platform/message_boxes.hpp"
+#include "session/session.hpp"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pelrath {
+
+/// Chooses an archive, reads it into the session's catalogue and fills the panes and the name list. While a
+/// read runs, the commands that use an archive are disabled.
+class ArchiveReading {
+public:
+    struct Controls {
+        const Window& window;
+        CommandButton& Command1;
+        CommandButton& cmdReadCDDS;
+        TextBox& Text1;
+        TextBox& Text3;
+        TextBox& Text4;
+        TextBox& Text5;
+        TextBox& Text7;
+        TextBox& Text9;
+        std::array<TextBox, 2>& Text2;
+        std::array<ListBox, 3>& Output;
+        ListBox& incrementalSearchList;
+        PictureBox& dynImage;
+        std::vector<CommandButton*> archiveCommands; ///< disabled during a read
+    };
+    struct Services {
+        MessageBoxes& boxes;
+        FileOpenDialog& fileOpen;
+        EventPump& pump;
+    };
+
+    ArchiveReading(const Controls& controls, const Services& services, Session& session,
+                   ArchiveListing& listing, WindowLayout& layout, Splash& splash);
+
+private:
+    void browse();
+    void openArchive();
+    void readFile();
+    /// Nothing when the file was refused or could not be read, which has then been reported.
+    std::optional<ArchiveContents> readTables();
+    void refuse(const std::string& text, const char* title);
+
+    template <class Tables>
+    void show(const Tables& tables, CddsArchive archive);
+    template <class Tables>
+    void fillPanes(const Tables& tables);
+    void beginPane(Pane pane, std::string_view title);
+    void takeOver(CddsArchive archive);
+
+    Controls c_;
+    Services services_;
+    Session& session_;
+    ArchiveListing& listing_;
+    WindowLayout& layout_;
+    Splash& splash_;
+    Connections connections_;
+};
+
+} // namespace pelrath

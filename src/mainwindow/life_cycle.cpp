@@ -1,0 +1,129 @@
+#include "mainwindow/life_cycle.hpp"
+
+#include "platform/files.hpp"
+#include "platform/runtime_error.hpp"
+
+#include <array>
+#include <vector>
+
+namespace pelrath {
+
+LifeCycle::LifeCycle(const Controls& controls, const Screen& screen, MessageBoxes& boxes, Session& session,
+                     const Parts& parts)
+    : c_(controls), screen_(screen), boxes_(boxes), session_(session), parts_(parts),
+      connection_(c_.Timer1.tick.connect([this] { Timer1_Timer(); })) {}
+
+void LifeCycle::Form_Load() {
+    settingsBaseName_ = joinPath(session_.programFolder, "Pelrath");
+    loadSettings();
+    session_.exportImportFolder = session_.settings.extractionFolder;
+    c_.Text8.setText(session_.exportImportFolder);
+    session_.viewer.d3dCreated = false;
+    if (!passFirstRunGate()) {
+        Form_QueryUnload();
+        return;
+    }
+    parts_.viewport.resetViewportSize();
+}
+
+void LifeCycle::loadSettings() {
+    ApplicationSettings& settings = session_.settings;
+    try {
+        loadApplicationSettings(settingsBaseName_, settings);
+    } catch (const SettingsPassEnded& end) {
+        boxes_.exclamation("The setting \"" + end.key() + "\" in " + settingsBaseName_ +
+                               ".ini cannot be used: " + end.what() +
+                               ".\r\n\r\nIt and the settings behind it have their defaults now." +
+                               keepWornSettings(),
+                           "Pelrath - Settings");
+    }
+    c_.window.moveTo(settings.mainLeft * screen_.twipsPerPixel(), settings.mainTop * screen_.twipsPerPixel());
+    session_.viewer.viewPortWidth = settings.viewPortWidth;
+    session_.viewer.viewPortHeight = settings.viewPortHeight;
+    session_.viewer.viewPortColor = settings.viewPortColor;
+}
+
+// The next save puts the defaults in the place of what could not be loaded.
+std::string LifeCycle::keepWornSettings() const {
+    const std::string kept = settingsBaseName_ + ".ini.bak";
+    try {
+        const InputFile worn{settingsBaseName_ + ".ini"};
+        std::vector<std::byte> bytes(static_cast<std::size_t>(worn.size()));
+        worn.readAt(0, bytes);
+        const std::array<Bytes, 1> pieces{Bytes{bytes}};
+        replaceFile(kept, pieces, Durability::Flushed);
+        return " The file as it was is kept as " + kept + ".";
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+void LifeCycle::saveSettings() {
+    ApplicationSettings& settings = session_.settings;
+    settings.mainLeft = c_.window.box().left / screen_.twipsPerPixel();
+    settings.mainTop = c_.window.box().top / screen_.twipsPerPixel();
+    settings.viewPortWidth = session_.viewer.viewPortWidth;
+    settings.viewPortHeight = session_.viewer.viewPortHeight;
+    settings.viewPortColor = session_.viewer.viewPortColor;
+    try {
+        saveApplicationSettings(settingsBaseName_, settings);
+    } catch (const SettingsPassEnded& end) {
+        boxes_.exclamation("The setting \"" + end.key() + "\" cannot be saved: " + end.what() +
+                               ".\r\n\r\nIt and the settings behind it stay as they were.",
+                           "Pelrath - Settings");
+    }
+}
+
+bool LifeCycle::passFirstRunGate() {
+    if (session_.settings.firstTimeDone == "True") return true;
+    parts_.disclaimer.show();
+    if (!session_.disclaimerAccepted) return false;
+    session_.settings.firstTimeDone = "True";
+    saveSettings();
+    return true;
+}
+
+void LifeCycle::Form_Activate() {
+    if (c_.window.isUnloaded()) return;
+    c_.window.setCaption("Pelrath V1.0-1");
+    c_.Label11.setWidth((session_.viewer.viewPortWidth + 4) * screen_.twipsPerPixel());
+    c_.Label11.setVisible(false);
+    c_.Label11.setCaption("");
+    parts_.viewport.paintSwatches();
+    parts_.viewport.resetViewportSize();
+    if (!session_.viewer.d3dCreated) parts_.viewer.createDirect3D();
+    if (!parts_.splash.splashDismissed()) {
+        c_.chkGraphicDisplay.setChecked(true);
+        c_.SplashFrame.setVisible(true);
+        c_.dynImage.setVisible(false);
+    }
+    if (c_.texturePane.count() > 0) parts_.viewport.reselectCurrentRow();
+}
+
+void LifeCycle::Timer1_Timer() {
+    c_.Timer1.setEnabled(false);
+    if (!session_.viewer.Running) parts_.viewer.startRendering();
+}
+
+void LifeCycle::Form_QueryUnload() {
+    if (c_.window.isUnloaded()) return;
+    if (session_.viewer.Running) parts_.viewer.stopRendering();
+    parts_.viewer.release();
+    if (!session_.exportImportFolder.empty())
+        session_.settings.extractionFolder = session_.exportImportFolder;
+    saveSettings();
+    deleteTemporaryFiles();
+    c_.Timer1.setEnabled(false); // a tick that is still due must find nothing to start
+    c_.window.unload();
+}
+
+void LifeCycle::deleteTemporaryFiles() {
+    for (const char* name : {"tmp.dds", "tmp1.dds", "tmp2.dds"}) {
+        try {
+            removeFile(joinPath(session_.programFolder, name));
+        } catch (const RuntimeError&) { // nothing may keep the program from ending
+        }
+    }
+}
+
+} // namespace pelrath

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "dialogs/disclaimer.hpp"
+#include "mainwindow/main_controls.hpp"
+#include "mainwindow/splash.hpp"
+#include "mainwindow/viewer/texture_viewer.hpp"
+#include "mainwindow/viewport_controls.hpp"
+#include "platform/message_boxes.hpp"
+#include "platform/screen.hpp"
+#include "session/session.hpp"
+
+#include <string>
+
+namespace pelrath {
+
+/// What happens from the main window's load to the end of the program.
+class LifeCycle {
+public:
+    struct Controls {
+        Window& window;
+        Timer& Timer1;
+        Label& Label11;
+        CheckBox& chkGraphicDisplay;
+        Frame& SplashFrame;
+        PictureBox& dynImage;
+        ListBox& texturePane;
+        TextBox& Text8;
+    };
+    struct Parts {
+        TextureViewer& viewer;
+        ViewportControls& viewport;
+        Splash& splash;
+        Disclaimer& disclaimer;
+    };
+
+    LifeCycle(const Controls& controls, const Screen& screen, MessageBoxes& boxes, Session& session,
+              const Parts& parts);
+
+    void Form_Load();
+    void Form_Activate();
+    /// The close; it cannot be refused. Nothing of the window reacts afterwards.
+    void Form_QueryUnload();
+
+private:
+    void Timer1_Timer();
+    void loadSettings();
+    /// Says where, behind a blank; nothing when it cannot be kept.
+    [[nodiscard]] std::string keepWornSettings() const;
+    void saveSettings();
+    /// False when the program must end.
+    bool passFirstRunGate();
+    void deleteTemporaryFiles();
+
+    Controls c_;
+    const Screen& screen_;
+    MessageBoxes& boxes_;
+    Session& session_;
+    Parts parts_;
+    std::string settingsBaseName_;
+    Connection connection_;
+};
+
+} // namespace pelrath

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "dialogs/disclaimer.hpp"
+#include "mainwindow/archive_listing.hpp"
+#include "mainwindow/archive_reading.hpp"
+#include "mainwindow/incremental_search.hpp"
+#include "mainwindow/life_cycle.hpp"
+#include "mainwindow/main_controls.hpp"
+#include "mainwindow/splash.hpp"
+#include "mainwindow/texture_choice.hpp"
+#include "mainwindow/viewer/texture_viewer.hpp"
+#include "mainwindow/viewport_controls.hpp"
+#include "mainwindow/window_layout.hpp"
+#include "platform/screen.hpp"
+
+namespace pelrath {
+
+/// What the main window needs of the system.
+struct MainServices {
+    MessageBoxes& boxes;
+    FileOpenDialog& fileOpen;
+    EventPump& pump;
+    const Screen& screen;
+    ViewportSurface& surface;
+    ModalWindows& windows;
+};
+
+/// The main window: its controls, and one object for each concern. Holds no logic of its own. The window
+/// system calls load(), then activate() when the window is first shown and after each of the program's own
+/// dialogs, then queryUnload(); sizes and the user's doings arrive through the controls.
+class Main : public MainControls {
+public:
+    Main(Session& session, const MainServices& services);
+
+    void load() { lifeCycle_.Form_Load(); }
+    void activate() { lifeCycle_.Form_Activate(); }
+    void queryUnload() { lifeCycle_.Form_QueryUnload(); }
+    /// The layout pass as it runs before the window is first shown.
+    void layOut() { layout_.Form_Resize(); }
+
+    Disclaimer disclaimer;
+
+private:
+    TextureViewer viewer_;
+    Splash splash_;
+    WindowLayout layout_;
+    ViewportControls viewport_;
+    ArchiveListing listing_;
+    TextureChoice choice_;
+    IncrementalSearch search_;
+    ArchiveReading reading_;
+    LifeCycle lifeCycle_;
+};
+
+} // namespace pelrath

@@ -1,0 +1,59 @@
+#include "mainwindow/texture_choice.hpp"
+
+#include "mainwindow/main_controls.hpp"
+#include "platform/files.hpp"
+#include "platform/runtime_error.hpp"
+
+#include <numeric>
+
+namespace pelrath {
+
+TextureChoice::TextureChoice(const Controls& controls, Session& session, TextureViewer& viewer,
+                             MessageBoxes& boxes)
+    : c_(controls), session_(session), viewer_(viewer), boxes_(boxes),
+      dds_(session.archive, session.archivePath),
+      connection_(c_.Output[TexturePane].click.connect([this] { showSelectedTexture(); })) {}
+
+void TextureChoice::showSelectedTexture() {
+    c_.Label11.setVisible(false);
+    c_.Label11.setCaption("");
+    session_.selectedTexture = static_cast<std::int16_t>(c_.Output[TexturePane].selectedRow());
+    if (session_.selectedTexture == -1) return;
+    // May choose another texture, nested in this reaction; from here on that one counts.
+    c_.incrementalSearchList.setSelected(session_.selectedTexture, true);
+    const std::int16_t texture = session_.selectedTexture;
+    if (texture == -1) return;
+    session_.selectedBaseName =
+        withoutExtension(session_.archive.textures[static_cast<std::size_t>(texture)].name);
+    highlightLevels(texture);
+    if (!dds_.nativeImageKind(texture)) {
+        c_.Label11.setCaption("Invalid DXT Format");
+        c_.Label11.setVisible(true);
+        return;
+    }
+    if (session_.viewer.graphicDisplayOff == 0) stageAndShow(texture);
+}
+
+void TextureChoice::highlightLevels(std::int16_t texture) {
+    const auto chosen = session_.archive.textures.begin() + texture;
+    const int first = std::accumulate(session_.archive.textures.begin(), chosen, 0,
+                                      [](int sum, const TextureRecord& t) { return sum + t.mipmapCount; });
+    c_.Output[MipmapPane].selectOnly(first, chosen->mipmapCount);
+}
+
+void TextureChoice::stageAndShow(std::int16_t texture) {
+    const std::string path = joinPath(session_.programFolder, "tmp.dds");
+    try {
+        dds_.writeDdsLevelFile(path, texture, 0, Durability::Scratch);
+    } catch (const RuntimeError& error) {
+        c_.Label11.setCaption("Texture not available !");
+        c_.Label11.setVisible(true);
+        const std::string& name = session_.archive.textures[static_cast<std::size_t>(texture)].name;
+        boxes_.exclamation("The texture \"" + name + "\" cannot be shown: " + error.description() + ".",
+                           "Pelrath - Texture not available");
+        return;
+    }
+    viewer_.showTexture(path);
+}
+
+} // namespace pelrath

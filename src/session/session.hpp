@@ -1,0 +1,31 @@
+#pragma once
+
+#include "archive/catalogue.hpp"
+#include "mainwindow/viewer/viewer_state.hpp"
+#include "settings/application_settings.hpp"
+
+#include <cstdint>
+#include <string>
+
+namespace pelrath {
+
+/// The values that the program's windows share. Made once, in main(), and handed on by reference.
+struct Session {
+    std::string programFolder;
+
+    CddsArchive archive;     ///< of the last read; replaced whole
+    std::string archivePath; ///< chosen last; the next read reads it
+    /// Row of the texture pane chosen last, -1 when none is; always a texture of `archive` when not -1,
+    /// save for the 0 it starts with.
+    std::int16_t selectedTexture = 0;
+    std::string selectedBaseName; ///< the chosen texture's name without its extension, empty before any
+
+    std::string exportImportFolder; ///< where image files are written to and read from
+
+    bool disclaimerAccepted = false;
+    ApplicationSettings settings; ///< as loaded; what changes meanwhile is put back into it at the close
+
+    ViewerState viewer;
+};
+
+} // namespace pelrath

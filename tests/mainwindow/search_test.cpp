@@ -1,0 +1,108 @@
+#include "main_harness.hpp"
+
+namespace pelrath { namespace {
+
+using test::row;
+
+class Search : public testing::Test, protected test::MainHarness {
+protected:
+    Search() {
+        start();
+        open(test::archiveOf({"first.bmp", "ABC.bmp", "abd.bmp", "  lead.tga", "hull.bmp", "hull", "r\xE9servoir.tga"}));
+        emptyBox(); // of the first texture's name
+    }
+    void emptyBox() { box.edit("", 0, 0); }
+    // The box's text, what of it is selected, and the chosen row.
+    std::string state() { return row(box.text(), box.selectionStart(), box.selectionLength(), chosen()); }
+    // The three that never disagree.
+    int chosen() {
+        EXPECT_EQ(main.Output[TexturePane].selectedRow(), session.selectedTexture);
+        EXPECT_EQ(main.incrementalSearchList.selectedRow(), session.selectedTexture);
+        return session.selectedTexture;
+    }
+    TextBox& box = main.incrementalSearchText;
+    ListBox& names = main.incrementalSearchList;
+};
+
+TEST_F(Search, TypingCompletes) {
+    const std::pair<std::u32string, const char*> cases[] = {
+        {U"ab", "ABC.bmp, 2, 5, 1"},
+        {U"abd", "abd.bmp, 3, 4, 2"},
+        {U"le", "lead.tga, 2, 6, 3"},
+        {U"l\b", ", 0, 0, 3"},           // the completion goes, and the character before it
+        {U"hull.b\b", "hull., 5, 0, 4"}, // nothing completes after a Backspace
+        {U"hull.b\b\b", "hull, 4, 0, 4"},
+        {U"f\bf", "first.bmp, 1, 8, 0"},
+        {U"r", "r\u00E9servoir.tga, 1, 12, 6"},
+        {U"abdx", "abdx, 4, 0, 2"}, // what nothing begins with stays as typed
+        {U"abdx\b", "abd, 3, 0, 2"},
+    };
+    for (const auto& [keys, expected] : cases) {
+        emptyBox();
+        type(keys);
+        EXPECT_EQ(state(), expected);
+    }
+    emptyBox(); // chooses nothing
+    EXPECT_EQ(state(), ", 0, 0, 2");
+}
+
+TEST_F(Search, NothingCompletesBeforeAKey) {
+    box.edit("abd", 3, 0); // from a menu
+    EXPECT_EQ(state(), "abd, 3, 0, 0");
+    names.setSelected(4, true);
+    EXPECT_EQ(row(box.text(), session.selectedTexture), "hull.bmp, 0");
+    box.keyPress.emit(22); // Ctrl+V: pasting completes like typing
+    box.edit("ABD", 3, 0);
+    EXPECT_EQ(state(), "abd.bmp, 3, 4, 2");
+    // The name copied into the box completes in turn, to the first of the names that begin with it.
+    choose(5);
+    EXPECT_EQ(row(box.text(), chosen()), "hull.bmp, 4");
+}
+
+TEST_F(Search, ArrowsStepThroughTheTextures) {
+    EXPECT_TRUE(press(KeyCode::Up)); // at the first already
+    EXPECT_EQ(chosen(), 0);
+    EXPECT_TRUE(press(KeyCode::Down));
+    EXPECT_EQ(row(box.text(), chosen()), "ABC.bmp, 1");
+    EXPECT_FALSE(press(KeyCode::Down, true) || press(KeyCode::Other));
+    EXPECT_EQ(chosen(), 1);
+    for (int i = 0; i < 9; ++i) { EXPECT_TRUE(press(KeyCode::Down)); }
+    EXPECT_EQ(chosen(), 6);
+    emptyBox();
+    type(U"a");
+    press(KeyCode::Down);
+    EXPECT_EQ(chosen(), 2);
+}
+
+TEST_F(Search, TexturesOfOneNameAreAllReached) {
+    open(test::archiveOf({"a", "dup", "z", "dup", "", "q"}));
+    emptyBox();
+    type(U"d");
+    for (const int next : {2, 3, 4, 5, 4, 3, 2, 1, 0}) {
+        press(next > chosen() ? KeyCode::Down : KeyCode::Up);
+        EXPECT_EQ(chosen(), next);
+    }
+}
+
+TEST_F(Search, TheListGivesItsNameToTheBox) {
+    type(U"ab");
+    for (Signal<>* event : {&names.mouseDown, &names.mouseMove}) {
+        box.edit("zz", 2, 0);
+        event->emit();
+        EXPECT_EQ(box.text(), "ABC.bmp");
+    }
+    names.setSelected(2, true); // a key was typed before: it chooses the texture too
+    EXPECT_EQ(chosen(), 2);
+}
+
+TEST(SearchWithoutArchive, TypingStaysWhatItIs) {
+    test::MainHarness harness;
+    harness.start();
+    harness.type(U"ab\bc");
+    EXPECT_EQ(harness.main.incrementalSearchText.text(), "ac");
+    EXPECT_TRUE(harness.press(KeyCode::Down));
+    harness.main.incrementalSearchList.mouseMove.emit();
+    EXPECT_EQ(harness.main.incrementalSearchText.text(), "ac");
+}
+
+}} // namespace pelrath
