@@ -1,0 +1,224 @@
+#include "desktop/application.hpp"
+#include "desktop/list_box_view.hpp"
+#include "platform/files.hpp"
+#include "user_script.hpp"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <initializer_list>
+#include <iostream>
+#include <optional>
+
+namespace {
+
+using namespace pelrath;
+using pelrath::tour::UserScript;
+
+/// Drives the real windows through what a user does, and leaves a picture of the screen after each step.
+class Tour {
+public:
+    Tour(QString archives, QString pictures)
+        : archives_(std::move(archives)), pictures_(std::move(pictures)) {}
+
+    /// The first run, refused; then accepted, and all the rest.
+    int take() {
+        const QTemporaryDir folder; // as new as the program's own folder on its first run
+        folder_ = folder.path();
+        return refuse() && goAround() ? 0 : 1;
+    }
+
+private:
+    bool refuse() {
+        UserScript user;
+        user.until("the terms", [] { return dialog<QDialog>() != nullptr; })
+            .then([] { dialog<QDialog>()->findChild<QPushButton*>("Command11")->setFocus(); })
+            .until("a moment's rest", [turns = 0]() mutable { return ++turns > restingTurns; })
+            .then([this] { photograph("first-run-about-to-refuse"); })
+            .then([] { dialog<QDialog>()->findChild<QPushButton*>("Command11")->click(); });
+        return run(user);
+    }
+    bool goAround() {
+        user_.onGivingUp = [this] {
+            while (QWidget* dialog = QApplication::activeModalWidget()) {
+                dialog->close();
+            }
+            program_->window.close();
+        };
+        firstRun();
+        begin();
+        openArchive("demo-cdds.cdds");
+        look("archive-opened");
+        search();
+        modes();
+        sizes();
+        damagedArchive();
+        user_.then([this] { program_->window.close(); });
+        return run(user_);
+    }
+    bool run(UserScript& user) {
+        program_.emplace();
+        program_->session.programFolder = folder_.toStdString();
+        user.start(); // the first run's terms are shown before start() returns
+        program_->start();
+        QApplication::exec();
+        const bool finished = user.finished();
+        if (!finished) std::cerr << "The tour waited in vain for " << user.missed().toStdString() << ".\n";
+        program_.reset();
+        return finished;
+    }
+
+    template <class Widget>
+    Widget& widget(const char* name) {
+        return *program_->window.findChild<Widget*>(name);
+    }
+    template <class Dialog>
+    static Dialog* dialog() {
+        return qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    }
+
+    // Whatever is on the screen once it has come to rest.
+    void look(const char* name) {
+        auto turns = std::make_shared<int>(0);
+        user_.until("a moment's rest", [turns] { return ++*turns > restingTurns; });
+        user_.then([this, name] { photograph(name); });
+    }
+    void photograph(const char* name) {
+        const QString number = QString{"%1"}.arg(++taken_, 2, 10, QChar{'0'});
+        const QString file = pictures_ + '/' + number + '-' + name + ".png";
+        QGuiApplication::primaryScreen()->grabWindow(0).save(file);
+        std::cout << file.toStdString() << '\n';
+    }
+    void press(const char* button) {
+        user_.then([this, button] { widget<QAbstractButton>(button).click(); });
+    }
+    void type(const QString& text) {
+        user_.then([this, text] {
+            auto& box = widget<QLineEdit>("incrementalSearchText");
+            box.setFocus(Qt::TabFocusReason);
+            box.selectAll();
+            QTest::keyClicks(&box, text);
+        });
+    }
+
+    void firstRun() {
+        user_.until("the terms", [] { return dialog<QDialog>() != nullptr; });
+        look("first-run-in-english");
+        user_.then([] { dialog<QDialog>()->findChild<QRadioButton*>("Option10")->click(); });
+        look("first-run-in-french");
+        user_.then([] { dialog<QDialog>()->findChild<QPushButton*>("Command10")->click(); });
+    }
+    void begin() {
+        user_.until("the window", [this] { return program_->session.viewer.Running; });
+        look("splash");
+    }
+    void openArchive(const QString& name) {
+        press("Command1");
+        user_.until("the file dialog", [] { return dialog<QFileDialog>() != nullptr; });
+        look("choosing-an-archive");
+        user_.then([this, name] {
+            auto* box = dialog<QFileDialog>()->findChild<QLineEdit*>("fileNameEdit");
+            box->setText(QDir{archives_}.absoluteFilePath(name));
+            QTest::keyClick(box, Qt::Key_Return);
+        });
+        user_.until("the end of the dialog", [] { return dialog<QFileDialog>() == nullptr; });
+    }
+    void search() {
+        type("gau");
+        look("search-completes");
+        user_.then([this] {
+            for (int i = 0; i < 3; ++i) {
+                QTest::keyClick(&widget<QLineEdit>("incrementalSearchText"), Qt::Key_Down);
+            }
+        });
+        look("search-steps-on");
+        type("alpha_ramp_r");
+        look("no-dxt-texture");
+    }
+    void modes() {
+        type("fx_smoke");
+        look("soft-alpha-as-texture");
+        press("cmdShow1");
+        look("soft-alpha-as-mask");
+        for (const auto& [swatch, name] : std::initializer_list<std::pair<const char*, const char*>>{
+                 {"backViewportColor1", "mask-on-grey"},
+                 {"backViewportColor2", "mask-on-red"},
+                 {"backViewportColor3", "mask-on-yellow"},
+                 {"backViewportColor4", "mask-on-green"},
+                 {"backViewportColor5", "mask-on-cyan"},
+                 {"backViewportColor6", "mask-on-blue"},
+                 {"backViewportColor7", "mask-on-magenta"},
+                 {"backViewportColor8", "mask-on-white"}}) {
+            press(swatch);
+            look(name);
+        }
+        press("cmdShow2");
+        look("alpha-channel");
+        press("backViewportColor0");
+    }
+    void sizes() {
+        press("viewPortSize0");
+        look("small-viewport");
+        press("viewPortSize1");
+        press("chkGraphicDisplay");
+        look("display-off");
+        press("chkGraphicDisplay");
+        user_.then([this] { program_->window.resize(990, 640); });
+        look("smallest-window");
+        user_.then([this] { program_->window.showMaximized(); });
+        look("largest-window");
+        user_.then([this] { program_->window.showNormal(); });
+    }
+    void damagedArchive() {
+        user_.then([this] {
+            QFile whole{QDir{archives_}.filePath("demo-0c.cdds")};
+            QFile cut{QDir{archives_}.filePath("damaged.cdds")};
+            if (whole.open(QIODevice::ReadOnly) && cut.open(QIODevice::WriteOnly))
+                cut.write(whole.read(200000));
+        });
+        openArchive("damaged.cdds");
+        user_.until("the message", [] { return dialog<QMessageBox>() != nullptr; });
+        look("damaged-archive-refused");
+        user_.then([this] {
+            QFile::remove(QDir{archives_}.filePath("damaged.cdds"));
+            dialog<QMessageBox>()->accept();
+        });
+    }
+
+    static constexpr int restingTurns = 15; // of the script: what is on the screen has settled by then
+
+    QString folder_;
+    QString archives_;
+    QString pictures_;
+    int taken_ = 0;
+    std::optional<desktop::Application> program_;
+    UserScript user_;
+};
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    if (argc != 3) {
+        std::cerr << "pelrath-tour ARCHIVE-FOLDER PICTURE-FOLDER\n";
+        return 2;
+    }
+    desktop::Application::prepareGraphics();
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const QApplication qt{argc, argv};
+    pelrath::desktop::fitFontToLayout();
+    const QString pictures = QDir{argv[2]}.absolutePath();
+    QDir::setCurrent(argv[1]); // where the file-open dialog starts
+    return Tour{QDir::currentPath(), pictures}.take();
+}

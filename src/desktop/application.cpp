@@ -1,0 +1,35 @@
+#include "desktop/application.hpp"
+
+#include "platform/program_folder.hpp"
+
+#include <QCoreApplication>
+#include <QSurfaceFormat>
+
+namespace pelrath::desktop {
+
+Application::Application()
+    : refresh([this](const std::string& text) { boxes.critical(text, programTitle); }), boxes(refresh),
+      fileOpen(refresh), pump(refresh), main(session, {boxes, fileOpen, pump, screen, surface, windows}),
+      binder(refresh, screen), window(main, binder, surface), disclaimer(main.disclaimer, binder) {
+    session.programFolder = programFolder();
+    windows.add(main.disclaimer.window, disclaimer);
+    windows.returned = [this] {
+        if (window.isVisible()) window.activate();
+    };
+}
+
+void Application::start() {
+    refresh.deliver([this] { main.load(); });
+    if (!main.window.isUnloaded()) window.appear();
+}
+
+void Application::prepareGraphics() {
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QSurfaceFormat format;
+    format.setVersion(3, 3);
+    format.setProfile(QSurfaceFormat::CoreProfile);
+    format.setSwapInterval(1);
+    QSurfaceFormat::setDefaultFormat(format);
+}
+
+} // namespace pelrath::desktop

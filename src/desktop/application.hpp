@@ -1,0 +1,38 @@
+#pragma once
+
+#include "desktop/disclaimer_dialog.hpp"
+#include "desktop/main_window.hpp"
+#include "desktop/qt_modal_windows.hpp"
+#include "desktop/qt_services.hpp"
+#include "mainwindow/main.hpp"
+#include "session/session.hpp"
+
+namespace pelrath::desktop {
+
+/// The program put together: the session, the system's services, the main window and its face. Needs a
+/// QApplication made after prepareGraphics().
+class Application {
+public:
+    Application();
+
+    /// Loads the main window and shows it.
+    void start();
+
+    /// Before the QApplication is made: what every OpenGL context of the program has in common.
+    static void prepareGraphics();
+
+    Session session;
+    QtScreen screen;
+    Refresh refresh;
+    QtMessageBoxes boxes;
+    QtFileOpenDialog fileOpen;
+    QtEventPump pump;
+    QtViewportSurface surface;
+    QtModalWindows windows;
+    Main main;
+    Binder binder;
+    MainWindow window;
+    DisclaimerDialog disclaimer;
+};
+
+} // namespace pelrath::desktop

@@ -1,0 +1,234 @@
+#include "desktop/bind.hpp"
+
+#include "desktop/bordered_box.hpp"
+#include "desktop/key_line_edit.hpp"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QTimer>
+
+#include <array>
+
+namespace pelrath::desktop {
+
+namespace {
+
+// Keeps a control's notice connected for as long as its widget lives.
+class Kept : public QObject {
+public:
+    Kept(QObject* owner, Connection connection) : QObject(owner), connection_(std::move(connection)) {}
+
+private:
+    Connection connection_;
+};
+
+QString captionText(const std::string& caption, QChar mnemonic) {
+    QString text = toQString(caption);
+    text.replace('&', "&&");
+    const qsizetype at = mnemonic.isNull() ? -1 : text.indexOf(mnemonic, 0, Qt::CaseInsensitive);
+    if (at >= 0) text.insert(at, '&');
+    return text;
+}
+
+constexpr int waitPause = 50; // milliseconds
+
+// Fonts differ in width from desktop to desktop, the places of the controls do not: where a text would be
+// cut it is set narrower, then smaller.
+void fitText(QWidget& view) {
+    struct Cut {
+        double size;
+        int stretch;
+    };
+    constexpr std::array<Cut, 4> cuts{{{1, 100}, {1, 90}, {0.9, 80}, {0.75, 80}}};
+    const QFont usual = QApplication::font(&view);
+    const bool bold = view.font().bold();
+    for (const Cut& cut : cuts) {
+        QFont font = usual;
+        font.setBold(bold);
+        font.setPointSizeF(usual.pointSizeF() * cut.size);
+        font.setStretch(cut.stretch);
+        view.setFont(font);
+        if (view.sizeHint().width() <= view.width()) return;
+    }
+}
+
+} // namespace
+
+void Binder::pushEnabled(QWidget& view, bool enabled) {
+    const bool loses = !enabled && view.hasFocus();
+    view.setEnabled(enabled);
+    if (loses) {
+        disabledInFocus_ = &view;
+        focusedInstead_ = QApplication::focusWidget();
+    } else if (enabled && disabledInFocus_ == &view) {
+        disabledInFocus_ = nullptr;
+        if (QApplication::focusWidget() == focusedInstead_) view.setFocus(); // nobody took it meanwhile
+    }
+}
+
+void Binder::pushCommon(const Control& control, QWidget& view) {
+    view.setGeometry(screen_.pixels(control.box()));
+    pushEnabled(view, control.enabled());
+    if (view.isHidden() == control.visible()) view.setVisible(control.visible());
+    if (!control.tabStop()) view.setFocusPolicy(Qt::ClickFocus);
+    if (!control.accessibleName().empty()) view.setAccessibleName(toQString(control.accessibleName()));
+}
+
+Binding& Binder::attach(Control& control, QWidget& view, std::function<void()> push) {
+    auto* binding = new Binding{&view, [this, &control, &view, push = std::move(push)] {
+                                    const QSignalBlocker blocked{view};
+                                    pushCommon(control, view);
+                                    push();
+                                }};
+    new Kept{binding, control.changed.connect([this, binding] { refresh_.later(*binding); })};
+    binding->push();
+    return *binding;
+}
+
+void Binder::bind(Label& label, QLabel& view, QChar mnemonic) {
+    attach(label, view, [&label, &view, mnemonic] {
+        view.setText(captionText(label.caption(), mnemonic));
+        fitText(view);
+        const bool grey = label.textColor() == TextColor::Greyed;
+        view.setForegroundRole(grey ? QPalette::PlaceholderText : QPalette::WindowText);
+    });
+}
+
+void Binder::bind(CommandButton& button, QPushButton& view, QChar mnemonic) {
+    attach(button, view,
+           [&button, &view, mnemonic] { view.setText(captionText(button.caption(), mnemonic)); });
+    QObject::connect(&view, &QPushButton::clicked, &view,
+                     [this, &button] { refresh_.deliver([&button] { button.press(); }); });
+}
+
+void Binder::bind(CheckBox& box, QCheckBox& view, QChar mnemonic) {
+    attach(box, view, [&box, &view, mnemonic] {
+        view.setText(captionText(box.caption(), mnemonic));
+        fitText(view);
+        view.setTristate(box.value() == CheckValue::Grey);
+        view.setCheckState(box.value() == CheckValue::Grey ? Qt::PartiallyChecked
+                           : box.checked()                 ? Qt::Checked
+                                                           : Qt::Unchecked);
+    });
+    QObject::connect(&view, &QCheckBox::clicked, &view, [this, &box](bool checked) {
+        refresh_.deliver([&box, checked] { box.setChecked(checked); });
+    });
+}
+
+void Binder::bind(OptionButton& option, QRadioButton& view, QButtonGroup& group, QChar mnemonic) {
+    group.addButton(&view);
+    attach(option, view, [&option, &view, &group, mnemonic] {
+        view.setText(captionText(option.caption(), mnemonic));
+        fitText(view);
+        group.setExclusive(false); // the model may deselect all
+        view.setChecked(option.selected());
+        group.setExclusive(true);
+        for (QAbstractButton* button : group.buttons()) { // Tab enters a group at its choice
+            const bool entry = button->isChecked() || group.checkedButton() == nullptr;
+            button->setFocusPolicy(entry ? Qt::StrongFocus : Qt::ClickFocus);
+        }
+    });
+    QObject::connect(&view, &QRadioButton::toggled, &view, [this, &option](bool checked) {
+        if (checked) refresh_.deliver([&option] { option.select(); });
+    });
+}
+
+void Binder::bind(TextBox& box, QLineEdit& view) {
+    Binding& binding = attach(box, view, [&box, &view] {
+        view.setReadOnly(box.locked());
+        const QString text = toQString(box.text());
+        if (view.text() != text) view.setText(text);
+        if (box.locked()) {
+            view.setCursorPosition(0); // the beginning of a text too long to show whole
+            return;
+        }
+        const int start = unitsOfCharacters(text, box.selectionStart());
+        const int end = unitsOfCharacters(text, box.selectionStart() + box.selectionLength());
+        view.setCursorPosition(start);
+        if (end > start) view.setSelection(start, end - start);
+    });
+    const auto selection = [&view](TextBox& to, bool edited) {
+        const QString text = view.text();
+        const qsizetype at = view.hasSelectedText() ? view.selectionStart() : view.cursorPosition();
+        const std::size_t start = charactersBefore(text, at);
+        const std::size_t length = charactersBefore(text, at + view.selectedText().size()) - start;
+        if (edited) {
+            to.edit(toUtf8(text), start, length);
+        } else {
+            to.adoptSelection(start, length);
+        }
+    };
+    // Typing must find the text as the reactions left it: no waiting for the others.
+    new Kept{&binding, box.changed.connect([&box, &binding] {
+                 if (!box.locked()) binding.push();
+             })};
+    QObject::connect(&view, &QLineEdit::textChanged, &view,
+                     [this, &box, selection] { refresh_.deliver([&] { selection(box, true); }); });
+    if (auto* keys = dynamic_cast<KeyLineEdit*>(&view)) {
+        keys->follow(
+            [this, &box, selection](KeyDown& key) {
+                refresh_.deliver([&] {
+                    selection(box, false);
+                    box.keyDown.emit(key);
+                });
+            },
+            [this, &box](char32_t key) { refresh_.deliver([&box, key] { box.keyPress.emit(key); }); });
+    }
+}
+
+void Binder::bind(TextBox& box, QPlainTextEdit& view) {
+    attach(box, view, [&box, &view] {
+        view.setReadOnly(box.locked());
+        QString text = toQString(box.text());
+        text.replace("\r\n", "\n");
+        if (view.toPlainText() != text) view.setPlainText(text);
+    });
+}
+
+void Binder::bind(ScrollBar& bar, QScrollBar& view) {
+    attach(bar, view, [&bar, &view] {
+        view.setRange(bar.minimum(), bar.maximum());
+        view.setSingleStep(bar.smallChange());
+        view.setPageStep(bar.largeChange());
+        view.setValue(bar.value());
+    });
+    QObject::connect(&view, &QScrollBar::valueChanged, &view,
+                     [this, &bar](int value) { refresh_.deliver([&bar, value] { bar.setValue(value); }); });
+}
+
+void Binder::bind(Frame& frame, QFrame& view) {
+    view.setFrameShape(QFrame::StyledPanel);
+    attach(frame, view, [] {});
+}
+
+void Binder::bind(PictureBox& picture, BorderedBox& view) {
+    attach(picture, view, [&picture, &view] { view.setBorder(picture.border()); });
+}
+
+void Binder::bind(Timer& timer, QObject& owner) {
+    auto* clock = new QTimer{&owner};
+    const auto follow = [&timer, clock] {
+        if (timer.running()) clock->start(timer.interval());
+        if (!timer.running()) clock->stop();
+    };
+    follow();
+    new Kept{clock, timer.changed.connect(follow)};
+    QObject::connect(clock, &QTimer::timeout, clock, [this, &timer, clock] {
+        if (refresh_.waitingInside()) {
+            clock->start(waitPause); // the tick is still due
+        } else {
+            refresh_.deliver([&timer] { timer.tick.emit(); });
+        }
+    });
+}
+
+} // namespace pelrath::desktop

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "controls/check_box.hpp"
+#include "controls/control.hpp"
+#include "controls/option_group.hpp"
+#include "controls/scroll_bar.hpp"
+#include "controls/text_box.hpp"
+#include "controls/timer.hpp"
+#include "desktop/refresh.hpp"
+#include "desktop/units.hpp"
+
+#include <QPointer>
+#include <QWidget>
+
+class QButtonGroup;
+class QCheckBox;
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QRadioButton;
+class QScrollBar;
+
+namespace pelrath::desktop {
+
+class BorderedBox;
+
+/// Binds controls to widgets, each kind by one function: the control's whole state is pushed once, then
+/// again after every notice of its; what the user does to the widget reaches the control. A bound widget
+/// must not outlive its control.
+class Binder {
+public:
+    Binder(Refresh& refresh, const QtScreen& screen) : refresh_(refresh), screen_(screen) {}
+
+    void bind(Label& label, QLabel& view, QChar mnemonic = {});
+    void bind(CommandButton& button, QPushButton& view, QChar mnemonic = {});
+    void bind(CheckBox& box, QCheckBox& view, QChar mnemonic = {});
+    void bind(OptionButton& option, QRadioButton& view, QButtonGroup& group, QChar mnemonic = {});
+    void bind(TextBox& box, QLineEdit& view);
+    void bind(TextBox& box, QPlainTextEdit& view);
+    void bind(ScrollBar& bar, QScrollBar& view);
+    void bind(Frame& frame, QFrame& view);
+    void bind(PictureBox& picture, BorderedBox& view);
+    void bind(Timer& timer, QObject& owner);
+
+    /// For a kind of widget with a function of its own elsewhere: keeps what every control has, and runs
+    /// `push` after it.
+    Binding& attach(Control& control, QWidget& view, std::function<void()> push);
+
+    [[nodiscard]] Refresh& refresh() { return refresh_; }
+    [[nodiscard]] const QtScreen& screen() const { return screen_; }
+
+private:
+    void pushCommon(const Control& control, QWidget& view);
+    /// A widget that is disabled while it has the focus gets it back when it is enabled again.
+    void pushEnabled(QWidget& view, bool enabled);
+
+    Refresh& refresh_;
+    const QtScreen& screen_;
+    QPointer<QWidget> disabledInFocus_;
+    QPointer<QWidget> focusedInstead_;
+};
+
+} // namespace pelrath::desktop

@@ -1,0 +1,174 @@
+#include "desktop/list_box_view.hpp"
+
+#include "platform/scoped_flag.hpp"
+
+#include <QFontMetrics>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace pelrath::desktop {
+
+void ListBoxModel::sync() {
+    if (clearances_ != list_.clearances()) {
+        beginResetModel();
+        clearances_ = list_.clearances();
+        rows_ = list_.count();
+        endResetModel();
+    } else if (rows_ < list_.count()) {
+        beginInsertRows({}, rows_, list_.count() - 1);
+        rows_ = list_.count();
+        endInsertRows();
+    }
+}
+
+int ListBoxModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+
+QVariant ListBoxModel::data(const QModelIndex& index, int role) const {
+    const bool known = index.isValid() && index.row() < std::min(rows_, list_.count());
+    if (!known || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)) return {};
+    return toQString(list_.line(index.row()));
+}
+
+void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    const bool active =
+        option.state.testFlag(QStyle::State_Active) && option.state.testFlag(QStyle::State_HasFocus);
+    const QPalette::ColorGroup group = !option.state.testFlag(QStyle::State_Enabled) ? QPalette::Disabled
+                                       : option.state.testFlag(QStyle::State_Active) ? QPalette::Active
+                                                                                     : QPalette::Inactive;
+    if (selected) painter->fillRect(option.rect, option.palette.brush(group, QPalette::Highlight));
+    painter->setFont(option.font);
+    painter->setPen(option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
+    const QRect text = option.rect.adjusted(textInset, 0, 0, 0);
+    painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, index.data().toString());
+    if (active && !selected) {
+        painter->setPen(option.palette.color(group, QPalette::Highlight));
+        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    }
+}
+
+QSize LineDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const {
+    // The width is never used: a list is as wide as its view, and what is longer is scrolled by it.
+    return {1, QFontMetrics{option.font}.height()};
+}
+
+ListBoxView::ListBoxView(QWidget* parent) : QListView(parent) {
+    setItemDelegate(new LineDelegate{this});
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerItem);
+    setTabKeyNavigation(false);
+    setMouseTracking(true);
+}
+
+void ListBoxView::bindTo(ListBox& list, Binder& binder) {
+    list_ = &list;
+    refresh_ = &binder.refresh();
+    lines_ = new ListBoxModel{list, this};
+    setSelectionMode(list.choice() == ListBox::Choice::Single ? SingleSelection : ExtendedSelection);
+    setModel(lines_);
+    binder.attach(list, *this, [this] { push(); });
+}
+
+void ListBoxView::push() {
+    const ScopedFlag pushing{pushing_};
+    lines_->sync();
+    if (selections_ != list_->selections() ||
+        selectionModel()->hasSelection() == list_->selectedRuns().empty()) {
+        pushSelection();
+    }
+}
+
+void ListBoxView::pushSelection() {
+    selections_ = list_->selections();
+    QItemSelection selection;
+    for (const ListBox::Run& run : list_->selectedRuns()) {
+        selection.append(QItemSelectionRange{lines_->index(run.first), lines_->index(run.last)});
+    }
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (list_->selectedRuns().empty()) return;
+    const QModelIndex first = lines_->index(list_->selectedRuns().front().first);
+    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    scrollTo(lines_->index(list_->selectedRuns().front().last), EnsureVisible);
+    scrollTo(first, EnsureVisible);
+}
+
+std::vector<ListBox::Run> ListBoxView::chosenRuns() const {
+    std::vector<ListBox::Run> runs;
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        runs.push_back({range.top(), range.bottom()});
+    }
+    std::sort(runs.begin(), runs.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<ListBox::Run> joined;
+    for (const ListBox::Run& run : runs) {
+        if (!joined.empty() && joined.back().last + 1 >= run.first) {
+            joined.back().last = std::max(joined.back().last, run.last);
+        } else {
+            joined.push_back(run);
+        }
+    }
+    return joined;
+}
+
+void ListBoxView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QListView::selectionChanged(selected, deselected);
+    if (pushing_ || refresh_ == nullptr) return;
+    refresh_->deliver([this] {
+        const std::uint64_t own = list_->selections() + 1;
+        list_->choose(chosenRuns());
+        if (list_->selections() == own) selections_ = own; // shown already, unless a reaction chose anew
+    });
+}
+
+QItemSelectionModel::SelectionFlags ListBoxView::selectionCommand(const QModelIndex& index,
+                                                                  const QEvent* event) const {
+    // The only chosen row cannot be given up, not even with Ctrl.
+    if (selectionMode() != SingleSelection) return QListView::selectionCommand(index, event);
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+void ListBoxView::deliver(const Signal<>& event) {
+    refresh_->deliver([&event] { event.emit(); });
+}
+
+void ListBoxView::mousePressEvent(QMouseEvent* event) {
+    QListView::mousePressEvent(event);
+    deliver(list_->mouseDown);
+}
+
+void ListBoxView::mouseMoveEvent(QMouseEvent* event) {
+    QListView::mouseMoveEvent(event);
+    deliver(list_->mouseMove);
+}
+
+void ListBoxView::keyPressEvent(QKeyEvent* event) {
+    const bool left = event->key() == Qt::Key_Left;
+    if (sideways_ != nullptr && (left || event->key() == Qt::Key_Right) && sideways_->isVisible()) {
+        sideways_->triggerAction(left ? QAbstractSlider::SliderSingleStepSub
+                                      : QAbstractSlider::SliderSingleStepAdd);
+        return;
+    }
+    QListView::keyPressEvent(event);
+}
+
+void ListBoxView::wheelEvent(QWheelEvent* event) {
+    const bool shifted = event->modifiers().testFlag(Qt::ShiftModifier);
+    const int turn = event->angleDelta().x() != 0 ? event->angleDelta().x()
+                     : shifted                    ? event->angleDelta().y()
+                                                  : 0;
+    if (sideways_ != nullptr && turn != 0 && sideways_->isVisible()) {
+        sideways_->setValue(sideways_->value() -
+                            turn * sideways_->singleStep() / QWheelEvent::DefaultDeltasPerStep);
+        return;
+    }
+    QListView::wheelEvent(event);
+}
+
+} // namespace pelrath::desktop

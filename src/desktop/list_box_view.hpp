@@ -1,0 +1,76 @@
+#pragma once
+
+#include "controls/list_box.hpp"
+#include "desktop/bind.hpp"
+
+#include <QAbstractItemDelegate>
+#include <QAbstractListModel>
+#include <QListView>
+
+#include <cstdint>
+
+namespace pelrath::desktop {
+
+/// The lines of a list box as they are when sync() is called; holds none of them itself.
+class ListBoxModel : public QAbstractListModel {
+public:
+    ListBoxModel(const ListBox& list, QObject* parent) : QAbstractListModel(parent), list_(list) {}
+
+    /// Takes notice of the lines that came or went.
+    void sync();
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    const ListBox& list_;
+    int rows_ = 0;
+    std::uint64_t clearances_ = 0;
+};
+
+/// One line of text, cut at the view's edge, its first character at a fixed place.
+class LineDelegate : public QAbstractItemDelegate {
+public:
+    using QAbstractItemDelegate::QAbstractItemDelegate;
+
+    static constexpr int textInset = 6; ///< pixels; the title over a pane keeps the same
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+};
+
+/// Shows a list box of any number of lines at the cost of the visible ones.
+class ListBoxView : public QListView {
+public:
+    explicit ListBoxView(QWidget* parent);
+
+    void bindTo(ListBox& list, Binder& binder);
+
+    /// Left, Right and sideways wheels move this bar, which belongs to no tab order itself.
+    void scrollSidewaysBy(QScrollBar& bar) { sideways_ = &bar; }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                                       const QEvent* event) const override;
+
+private:
+    void push();
+    void pushSelection();
+    void deliver(const Signal<>& event);
+    [[nodiscard]] std::vector<ListBox::Run> chosenRuns() const;
+
+    ListBox* list_ = nullptr;
+    ListBoxModel* lines_ = nullptr;
+    Refresh* refresh_ = nullptr;
+    QScrollBar* sideways_ = nullptr;
+    std::uint64_t selections_ = 0;
+    bool pushing_ = false;
+};
+
+} // namespace pelrath::desktop

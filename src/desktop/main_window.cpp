@@ -1,0 +1,344 @@
+#include "desktop/main_window.hpp"
+
+#include "desktop/artwork.hpp"
+#include "desktop/bordered_box.hpp"
+#include "desktop/key_line_edit.hpp"
+#include "desktop/list_box_view.hpp"
+#include "desktop/swatch_button.hpp"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QFrame>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace pelrath::desktop {
+
+namespace {
+
+// The frame that the layout reckons with, whatever the window manager's own is like: it leaves the layout's
+// margin free on the right and at the bottom.
+constexpr double frameWidth = 100;
+constexpr double frameHeight = 350;
+
+constexpr int activationPatience = 300; // milliseconds
+constexpr int settlingTime = 100;       // milliseconds
+
+// The nearest place at which enough of the title bar to take hold of lies on a screen.
+QPoint reachable(const QPoint& wanted, int width) {
+    constexpr int hold = 120; // pixels
+    const QPoint grip{wanted.x() + width / 2, wanted.y()};
+    const QScreen* nearest = QGuiApplication::primaryScreen();
+    const auto distance = [&grip](const QScreen* screen) {
+        const QRect area = screen->availableGeometry();
+        const QPoint inside{std::clamp(grip.x(), area.left(), area.right()),
+                            std::clamp(grip.y(), area.top(), area.bottom())};
+        return (grip - inside).manhattanLength();
+    };
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (distance(screen) < distance(nearest)) nearest = screen;
+    }
+    const QRect area = nearest->availableGeometry();
+    return {std::clamp(wanted.x(), area.left() + hold - width, area.right() - hold),
+            std::clamp(wanted.y(), area.top(), area.bottom() - hold)};
+}
+
+QString numbered(const char* name, std::size_t index) { return QString{name} + QString::number(index); }
+
+QColor swatchColor(std::uint32_t blueGreenRed) {
+    const auto part = [blueGreenRed](unsigned shift) {
+        return static_cast<int>((blueGreenRed >> shift) & 0xFFU);
+    };
+    return {part(0), part(8), part(16)};
+}
+
+} // namespace
+
+MainWindow::MainWindow(Main& model, Binder& binder, QtViewportSurface& surface)
+    : model_(model), binder_(binder) {
+    setObjectName("Main");
+    setWindowIcon(programIcon());
+    model_.window.setFrame(frameWidth, frameHeight);
+    buildArchiveFrame();
+    buildViewFrame();
+    buildViewport(surface);
+    buildStructure();
+    orderTabs();
+    followWindow();
+}
+
+QLabel& MainWindow::label(Label& model, const QString& name, QWidget& parent, QChar mnemonic) {
+    QLabel& view = make<QLabel>(name, parent);
+    view.setTextFormat(Qt::PlainText);
+    binder_.bind(model, view, mnemonic);
+    return view;
+}
+
+QLineEdit& MainWindow::shownText(TextBox& model, const QString& name, QWidget& parent) {
+    QLineEdit& view = make<QLineEdit>(name, parent);
+    binder_.bind(model, view);
+    return view;
+}
+
+void MainWindow::buildArchiveFrame() {
+    QFrame& frame = make<QFrame>("Frame1", *this);
+    binder_.bind(model_.Frame1, frame);
+    QLabel& path = label(model_.Label1, "Label1", frame, 'C');
+    path.setBuddy(&shownText(model_.Text1, "Text1", frame));
+    QPushButton& browse = make<QPushButton>("Command1", frame);
+    browse.setToolTip("Choose a CDDS file (Ctrl+O)");
+    binder_.bind(model_.Command1, browse);
+    connect(new QShortcut{QKeySequence::Open, this}, &QShortcut::activated, &browse, &QPushButton::click);
+    binder_.bind(model_.cmdReadCDDS, make<QPushButton>("cmdReadCDDS", frame), 'R');
+    QLabel& folder = label(model_.Label9, "Label9", frame, 'E');
+    QLineEdit& folderBox = make<QLineEdit>("Text8", frame);
+    binder_.bind(model_.Text8, folderBox);
+    folder.setBuddy(&folderBox);
+    QLabel& search = label(model_.Label13, "Label13", frame, 'T');
+    KeyLineEdit& box = make<KeyLineEdit>("incrementalSearchText", frame);
+    binder_.bind(model_.incrementalSearchText, box);
+    search.setBuddy(&box);
+    make<ListBoxView>("incrementalSearchList", frame).bindTo(model_.incrementalSearchList, binder_);
+}
+
+void MainWindow::buildViewFrame() {
+    QFrame& frame = make<QFrame>("Frame3", *this);
+    binder_.bind(model_.Frame3, frame);
+    binder_.bind(model_.chkGraphicDisplay, make<QCheckBox>("chkGraphicDisplay", frame), 'D');
+    auto* modes = new QButtonGroup{&frame};
+    constexpr std::array<char16_t, 3> mnemonics{u'x', u'M', u'A'};
+    for (std::size_t i = 0; i < model_.cmdShow.size(); ++i) {
+        binder_.bind(model_.cmdShow[i], make<QRadioButton>(numbered("cmdShow", i), frame), *modes,
+                     mnemonics.at(i));
+    }
+    QLabel& background = label(model_.Label10, "Label10", frame, 'B');
+    auto* colors = new QButtonGroup{&frame};
+    // The chosen swatch, or the first where a stored number is none of theirs.
+    for (std::size_t i = 0; i < model_.backViewportColor.size(); ++i) {
+        OptionButton& option = model_.backViewportColor[i];
+        SwatchButton& view = make<SwatchButton>(numbered("backViewportColor", i), frame);
+        view.setToolTip(toQString(option.accessibleName()));
+        binder_.bind(option, view, *colors);
+        binder_.attach(option, view, [&option, &view, &background] {
+            view.setColor(swatchColor(option.backColor()));
+            if (option.selected() || background.buddy() == nullptr) background.setBuddy(&view);
+        });
+    }
+}
+
+void MainWindow::buildViewport(QtViewportSurface& surface) {
+    label(model_.Label11, "Label11", *this).setAlignment(Qt::AlignCenter);
+    auto& status = *findChild<QLabel*>("Label11");
+    QFont bold = status.font();
+    bold.setBold(true);
+    status.setFont(bold);
+
+    BorderedBox& viewport = make<BorderedBox>("dynImage", *this);
+    auto* filling = new QVBoxLayout{&viewport.inside()};
+    filling->setContentsMargins(0, 0, 0, 0);
+    filling->setSizeConstraint(QLayout::SetNoConstraint);
+    if (QtViewportSurface::usable()) {
+        ViewportWidget& picture = make<ViewportWidget>("viewport", viewport.inside());
+        filling->addWidget(&picture);
+        surface.showOn(picture);
+    }
+    binder_.bind(model_.dynImage, viewport);
+    binder_.bind(model_.Timer1, *this);
+
+    QFrame& sizes = make<QFrame>("frameViewportSize", *this);
+    binder_.bind(model_.frameViewportSize, sizes);
+    label(model_.Label12, "Label12", sizes);
+    auto* group = new QButtonGroup{&sizes};
+    constexpr std::array<char16_t, 2> mnemonics{u'2', u'5'};
+    for (std::size_t i = 0; i < model_.viewPortSize.size(); ++i) {
+        binder_.bind(model_.viewPortSize[i], make<QRadioButton>(numbered("viewPortSize", i), sizes), *group,
+                     mnemonics.at(i));
+    }
+
+    QFrame& splash = make<QFrame>("SplashFrame", *this);
+    splash.setAutoFillBackground(true);
+    binder_.bind(model_.SplashFrame, splash);
+    splash.setFrameShape(QFrame::NoFrame);
+    for (std::size_t i = 0; i < model_.SplashText.size(); ++i) {
+        QPlainTextEdit& text = make<QPlainTextEdit>(numbered("SplashText", i), splash);
+        QFont small = binder_.screen().fixedFont();
+        small.setPointSizeF(7.5);
+        text.setFont(small);
+        text.setFrameShape(QFrame::NoFrame);
+        binder_.bind(model_.SplashText.at(i), text);
+    }
+    SplashArt& art = make<SplashArt>("SplashPicture", splash);
+    binder_.attach(model_.SplashPicture, art, [] {});
+}
+
+void MainWindow::buildStructure() {
+    QLabel& headerCaption = label(model_.Label8, "Label8", *this, 'H');
+    label(model_.Label2, "Label2", *this).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    shownText(model_.Text3, "Text3", *this);
+    label(model_.Label3, "Label3", *this).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    shownText(model_.Text4, "Text4", *this);
+    QLineEdit& headerTitle = shownText(model_.Text9, "Text9", *this);
+    headerTitle.setFont(binder_.screen().fixedFont());
+    headerTitle.setTextMargins(LineDelegate::textInset - 5, 0, 0, 0);
+    ListBoxView& header = make<ListBoxView>("Output2", *this);
+    header.setFont(binder_.screen().fixedFont());
+    header.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    header.bindTo(model_.Output[HeaderPane], binder_);
+    headerCaption.setBuddy(&header);
+
+    QLabel& textures = label(model_.Label4, "Label4", *this, 'F');
+    label(model_.Label6, "Label6", *this).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    shownText(model_.Text7, "Text7", *this);
+    textures.setBuddy(&buildPane(TexturePane));
+    QLabel& levels = label(model_.Label5, "Label5", *this, 'P');
+    label(model_.Label7, "Label7", *this).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    shownText(model_.Text5, "Text5", *this);
+    levels.setBuddy(&buildPane(MipmapPane));
+}
+
+ListBoxView& MainWindow::buildPane(std::size_t pane) {
+    BorderedBox& box = make<BorderedBox>(numbered("Picture1", pane), *this);
+    binder_.bind(model_.Picture1.at(pane), box);
+    QWidget& container = box.inside();
+    QLineEdit& title = make<QLineEdit>(numbered("Text2", pane), container);
+    title.setFrame(false);
+    title.setFont(binder_.screen().fixedFont());
+    title.setTextMargins(LineDelegate::textInset - 2, 0, 0, 0); // 2: the line edit's own
+    binder_.bind(model_.Text2.at(pane), title);
+    ListBoxView& list = make<ListBoxView>(numbered("Output", pane), container);
+    list.setFrameShape(QFrame::NoFrame);
+    list.setFont(binder_.screen().fixedFont());
+    list.bindTo(model_.Output.at(pane), binder_);
+    QScrollBar& bar = make<QScrollBar>(numbered("HScroll", pane), container);
+    bar.setOrientation(Qt::Horizontal);
+    binder_.bind(model_.HScroll.at(pane), bar);
+    list.scrollSidewaysBy(bar);
+    return list;
+}
+
+void MainWindow::orderTabs() {
+    // As the eye goes: what is opened, what is looked for, how it is shown, what is in it.
+    const QStringList order =
+        QString{
+            "Text1 Command1 cmdReadCDDS Text8 incrementalSearchText incrementalSearchList chkGraphicDisplay "
+            "cmdShow0 cmdShow1 cmdShow2 backViewportColor0 backViewportColor1 backViewportColor2 "
+            "backViewportColor3 backViewportColor4 backViewportColor5 backViewportColor6 backViewportColor7 "
+            "backViewportColor8 SplashText0 SplashText1 viewPortSize0 viewPortSize1 Text3 Text4 Output2 "
+            "Text7 "
+            "Output0 Text5 Output1"}
+            .split(' ');
+    QWidget* before = nullptr;
+    for (const QString& name : order) {
+        auto* next = findChild<QWidget*>(name);
+        if (before != nullptr) setTabOrder(before, next);
+        before = next;
+    }
+}
+
+void MainWindow::followWindow() {
+    auto* binding = new Binding{this, [this] { pushWindow(); }};
+    connections_.push_back(
+        model_.window.changed.connect([this, binding] { binder_.refresh().later(*binding); }));
+    connections_.push_back(model_.window.unloaded.connect([this] { end(); }));
+    pushWindow();
+}
+
+void MainWindow::end() {
+    hide();
+    // The close may come from inside a dialog's own loop, which must find its end too.
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* dialog = qobject_cast<QDialog*>(window)) dialog->done(QDialog::Rejected);
+    }
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+void MainWindow::pushWindow() {
+    const Window& window = model_.window;
+    const QtScreen& screen = binder_.screen();
+    setWindowTitle(toQString(window.caption()));
+    const auto inside = [&screen](double width, double height) {
+        return QSize{screen.pixels(width - frameWidth), screen.pixels(height - frameHeight)};
+    };
+    setMinimumSize(inside(window.smallestWidth(), window.smallestHeight()).expandedTo({1, 1}));
+    const QSize size = inside(window.box().width, window.box().height);
+    if (size != this->size() && !isMaximized() && !isFullScreen()) resize(size);
+}
+
+void MainWindow::adoptSize() {
+    const QtScreen& screen = binder_.screen();
+    model_.window.setSize(screen.twips(width()) + frameWidth, screen.twips(height()) + frameHeight);
+}
+
+bool MainWindow::event(QEvent* event) {
+    const bool handled = QWidget::event(event);
+    // A return from a message box or from another program is no activation: it would show the texture anew.
+    if (event->type() == QEvent::WindowActivate && !activated_) activate();
+    if (event->type() == QEvent::ApplicationFontChange) fitFontToLayout(); // the desktop's settings came late
+    if (event->type() == QEvent::WindowStateChange) model_.window.setMinimized(isMinimized());
+    return handled;
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    // The first layout pass comes before the first activation even where the size never changed.
+    if (!placed_) binder_.refresh().deliver([this] { model_.layOut(); });
+    placed_ = true;
+    // A window manager may show a window without making it the active one; it is to be complete all the same.
+    QTimer::singleShot(activationPatience, this, [this] {
+        if (!activated_) activate();
+    });
+}
+
+void MainWindow::activate() {
+    activated_ = true;
+    binder_.refresh().deliver([this] { model_.activate(); });
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    binder_.refresh().deliver([this] { adoptSize(); });
+}
+
+void MainWindow::appear() {
+    const QPoint wanted = binder_.screen().pixels(model_.window.box()).topLeft();
+    move(reachable(wanted, width()));
+    show();
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    // The moves before the first activation are the window manager's; the model keeps the place that was
+    // asked for until the user chooses another.
+    if (!activated_ || moved_) return;
+    moved_ = true;
+    // A maximized window is told its place before its state.
+    QTimer::singleShot(settlingTime, this, [this] { adoptPlace(); });
+}
+
+void MainWindow::adoptPlace() {
+    const bool ordinary = !isMaximized() && !isFullScreen() && !isMinimized();
+    if (!std::exchange(moved_, false) || !ordinary) return;
+    const QtScreen& screen = binder_.screen();
+    model_.window.moveTo(screen.twips(frameGeometry().left()), screen.twips(frameGeometry().top()));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    adoptPlace();
+    binder_.refresh().deliver([this] { model_.queryUnload(); });
+    event->accept();
+}
+
+} // namespace pelrath::desktop

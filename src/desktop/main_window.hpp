@@ -1,0 +1,61 @@
+#pragma once
+
+#include "desktop/bind.hpp"
+#include "desktop/viewport_device.hpp"
+#include "mainwindow/main.hpp"
+
+#include <QWidget>
+
+namespace pelrath::desktop {
+
+class ListBoxView;
+
+/// The real window of Main: a widget for each of its controls, at the place its model gives it. Object names
+/// are the controls' names, an index appended where there are several.
+class MainWindow : public QWidget {
+public:
+    MainWindow(Main& model, Binder& binder, QtViewportSurface& surface);
+
+    /// Shows the window where its model says, or as near as its title bar can be reached.
+    void appear();
+    /// What the model does when it becomes the program's active window.
+    void activate();
+
+protected:
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void buildArchiveFrame();
+    void buildViewFrame();
+    void buildViewport(QtViewportSurface& surface);
+    void buildStructure();
+    ListBoxView& buildPane(std::size_t pane);
+    void orderTabs();
+    void followWindow();
+    void pushWindow();
+    void end();
+    void adoptSize();
+    void adoptPlace();
+
+    template <class View>
+    View& make(const QString& name, QWidget& parent) {
+        auto* view = new View{&parent};
+        view->setObjectName(name);
+        return *view;
+    }
+    QLabel& label(Label& model, const QString& name, QWidget& parent, QChar mnemonic = {});
+    QLineEdit& shownText(TextBox& model, const QString& name, QWidget& parent);
+
+    Main& model_;
+    Binder& binder_;
+    Connections connections_;
+    bool placed_ = false;
+    bool activated_ = false;
+    bool moved_ = false;
+};
+
+} // namespace pelrath::desktop

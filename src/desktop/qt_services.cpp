@@ -1,0 +1,69 @@
+#include "desktop/qt_services.hpp"
+
+#include "desktop/units.hpp"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace pelrath::desktop {
+
+namespace {
+
+constexpr qint64 pumpPause = 50; // milliseconds
+
+QMessageBox::Icon iconOf(BoxIcon icon) {
+    switch (icon) {
+    case BoxIcon::Exclamation:
+        return QMessageBox::Warning;
+    case BoxIcon::Critical:
+        return QMessageBox::Critical;
+    case BoxIcon::Question:
+        return QMessageBox::Question;
+    case BoxIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+} // namespace
+
+BoxAnswer QtMessageBoxes::show(const std::string& text, const std::string& title, BoxIcon icon,
+                               BoxButtons buttons) {
+    const Refresh::Wait inside{refresh_};
+    QMessageBox box{QApplication::activeWindow()};
+    box.setTextFormat(Qt::PlainText); // paths and names are shown as they are
+    box.setText(toQString(text).replace("\r\n", "\n"));
+    box.setWindowTitle(toQString(title));
+    box.setIcon(iconOf(icon));
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.setStandardButtons(buttons == BoxButtons::Ok ? QMessageBox::Ok
+                                                     : QMessageBox::Ok | QMessageBox::Cancel);
+    box.setDefaultButton(QMessageBox::Ok);
+    return box.exec() == QMessageBox::Ok || buttons == BoxButtons::Ok ? BoxAnswer::Ok : BoxAnswer::Cancel;
+}
+
+std::optional<std::string> QtFileOpenDialog::choose(const Request& request) {
+    const Refresh::Wait inside{refresh_};
+    const QString chosen =
+        QFileDialog::getOpenFileName(QApplication::activeWindow(), toQString(request.title),
+                                     toQString(request.folder), toQString(request.filter));
+    if (chosen.isEmpty()) return std::nullopt;
+    return toUtf8(chosen);
+}
+
+void QtEventPump::processPending() {
+    if (sinceLast_.elapsed() < pumpPause) return;
+    const Refresh::Wait inside{refresh_};
+    refresh_.flush();
+    QCoreApplication::processEvents();
+    sinceLast_.start();
+}
+
+void QtEventPump::waitForEvents() {
+    refresh_.flush();
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    sinceLast_.start();
+}
+
+} // namespace pelrath::desktop

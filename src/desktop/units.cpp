@@ -1,0 +1,80 @@
+#include "desktop/units.hpp"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <cmath>
+
+namespace pelrath::desktop {
+
+QString toQString(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::string toUtf8(const QString& text) { return text.toStdString(); }
+
+std::size_t charactersBefore(const QString& text, qsizetype units) {
+    std::size_t count = 0;
+    for (qsizetype i = 0; i < units && i < text.size(); ++i) {
+        if (!text[i].isLowSurrogate()) ++count;
+    }
+    return count;
+}
+
+int unitsOfCharacters(const QString& text, std::size_t characters) {
+    qsizetype i = 0;
+    for (; i < text.size() && characters > 0; --characters) {
+        i += text[i].isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
+    }
+    return static_cast<int>(i);
+}
+
+void fitFontToLayout() {
+    constexpr double largest = 9.5; // points
+    QFont font = QApplication::font();
+    if (font.pointSizeF() <= largest) return;
+    font.setPointSizeF(largest);
+    QApplication::setFont(font);
+}
+
+namespace {
+
+// A desktop may call a proportional font its fixed-pitch one; columns need a true one.
+QFont listingFont() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (!QFontInfo{font}.fixedPitch()) {
+        font = QFont{"monospace"};
+        font.setStyleHint(QFont::Monospace);
+        font.setFixedPitch(true);
+    }
+    font.setPointSize(9);
+    return font;
+}
+
+} // namespace
+
+QtScreen::QtScreen()
+    : twipsPerPixel_(1440.0 / QGuiApplication::primaryScreen()->logicalDotsPerInchX()),
+      fixedFont_(listingFont()) {}
+
+double QtScreen::width() const { return twips(QGuiApplication::primaryScreen()->geometry().width()); }
+
+double QtScreen::height() const { return twips(QGuiApplication::primaryScreen()->geometry().height()); }
+
+double QtScreen::textWidth(std::string_view text) const {
+    return QFontMetricsF{fixedFont_}.horizontalAdvance(toQString(text)) * twipsPerPixel_;
+}
+
+int QtScreen::pixels(double twips) const { return static_cast<int>(std::lround(twips / twipsPerPixel_)); }
+
+QRect QtScreen::pixels(const Box& box) const {
+    const int left = pixels(box.left);
+    const int top = pixels(box.top);
+    return {left, top, pixels(box.left + box.width) - left, pixels(box.top + box.height) - top};
+}
+
+} // namespace pelrath::desktop

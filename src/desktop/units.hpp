@@ -1,0 +1,48 @@
+#pragma once
+
+#include "controls/control.hpp"
+#include "platform/screen.hpp"
+
+#include <QFont>
+#include <QRect>
+
+#include <string>
+#include <string_view>
+
+class QWidget;
+
+namespace pelrath::desktop {
+
+[[nodiscard]] QString toQString(std::string_view text);
+[[nodiscard]] std::string toUtf8(const QString& text);
+
+/// Positions in characters and in the UTF-16 units that Qt counts.
+[[nodiscard]] std::size_t charactersBefore(const QString& text, qsizetype units);
+[[nodiscard]] int unitsOfCharacters(const QString& text, std::size_t characters);
+
+/// Before any widget is made: a desktop's font larger than the places of the layout hold is made smaller.
+/// What makes everything larger is the screen's resolution or scale.
+void fitFontToLayout();
+
+/// The primary screen's measures, and the fixed-pitch font of the listing.
+class QtScreen : public Screen {
+public:
+    QtScreen();
+
+    [[nodiscard]] double twipsPerPixel() const override { return twipsPerPixel_; }
+    [[nodiscard]] double width() const override;
+    [[nodiscard]] double height() const override;
+    [[nodiscard]] double textWidth(std::string_view text) const override;
+
+    [[nodiscard]] const QFont& fixedFont() const { return fixedFont_; }
+    [[nodiscard]] int pixels(double twips) const;
+    /// Neighbouring boxes stay neighbours: it is the edges that are rounded.
+    [[nodiscard]] QRect pixels(const Box& box) const;
+    [[nodiscard]] double twips(int pixels) const { return pixels * twipsPerPixel_; }
+
+private:
+    double twipsPerPixel_;
+    QFont fixedFont_;
+};
+
+} // namespace pelrath::desktop

@@ -1,0 +1,56 @@
+#include <epoxy/gl.h> // before Qt's own declarations of OpenGL
+
+#include "desktop/viewport_device.hpp"
+
+#include "mainwindow/viewer/gl_renderer.hpp"
+
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+
+namespace pelrath::desktop {
+
+namespace {
+
+class QtGlContext : public GlContext {
+public:
+    explicit QtGlContext(QPointer<ViewportWidget> widget) : widget_(std::move(widget)) {
+        context_.setShareContext(QOpenGLContext::globalShareContext());
+        if (!context_.create()) throw deviceError(DeviceFailure::NotAvailable, "There is no OpenGL.");
+        surface_.setFormat(context_.format());
+        surface_.create();
+    }
+    ~QtGlContext() override {
+        if (widget_) widget_->show(0, 0, 0);
+    }
+    QtGlContext(const QtGlContext&) = delete;
+    QtGlContext& operator=(const QtGlContext&) = delete;
+
+    void makeCurrent() override {
+        if (!context_.makeCurrent(&surface_)) {
+            throw deviceError(DeviceFailure::DeviceLost, "The OpenGL context cannot be used.");
+        }
+    }
+    void present(std::uint32_t texture, std::int32_t width, std::int32_t height) override {
+        glFinish(); // the widget's context reads what this one has drawn
+        if (widget_) widget_->show(texture, width, height);
+    }
+    [[nodiscard]] bool ready() const override { return !widget_ || widget_->ready(); }
+
+private:
+    QOffscreenSurface surface_;
+    QOpenGLContext context_;
+    QPointer<ViewportWidget> widget_;
+};
+
+} // namespace
+
+bool QtViewportSurface::usable() {
+    QOpenGLContext probe;
+    return probe.create();
+}
+
+std::unique_ptr<Device> QtViewportSurface::createDevice(std::int32_t width, std::int32_t height) {
+    return std::make_unique<GlRenderer>(std::make_unique<QtGlContext>(widget_), width, height);
+}
+
+} // namespace pelrath::desktop

@@ -1,0 +1,225 @@
+#include "desktop/application.hpp"
+#include "desktop/list_box_view.hpp"
+#include "support/archive_builder.hpp"
+#include "support/temporary_folder.hpp"
+#include "user_script.hpp"
+
+#include <QTest>
+#include <QtWidgets>
+
+namespace pelrath { namespace {
+
+using desktop::ListBoxView;
+using test::plainBlocks;
+using test::row;
+
+// The real program on a real display, and a user in front of it.
+class RealWindow : public testing::Test {
+protected:
+    RealWindow() {
+        program.session.programFolder = folder.path();
+        (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n"); // not the first run
+        test::ArchiveBuilder builder{CddsType::TypeCdds,
+                                     {{"first.bmp", "DXT1", {{64, 32, plainBlocks(64, 32, 0xF800)}}},
+                                      {"abc.bmp", "DXT1", {{1024, 512, plainBlocks(1024, 512, 0x07E0)}}},
+                                      {"abd.bmp", "DXT1", {{4, 4, plainBlocks(4, 4, 0x001F)}}},
+                                      {"\xE9toile.tga", "DXT5", {{4, 4, std::string(8, '\0') + plainBlocks(4, 4, 0xFFFF)}}}}};
+        for (int i = 0; i < 200; ++i) { builder.textures.push_back({"more" + std::to_string(i), "ARGB", {}}); }
+        archive = folder.write("demo.cdds", builder.build());
+    }
+
+    // Does what was scripted, and closes the window in the end.
+    void run(bool closing = true) {
+        if (closing) user.then([this] { program.window.close(); });
+        user.onGivingUp = [this] {
+            while (QWidget* dialog = QApplication::activeModalWidget()) { dialog->close(); }
+            program.window.close();
+        };
+        user.start(); // the first run's terms are shown before start() returns
+        program.start();
+        QApplication::exec();
+        EXPECT_TRUE(user.finished()) << "missed: " << user.missed().toStdString();
+    }
+    tour::UserScript& untilLoop() {
+        return user.until("the loop", [this] { return program.session.viewer.Running; });
+    }
+    template <class Dialog> tour::UserScript& untilDialog() {
+        return user.until("the dialog", [] { return dialog<Dialog>() != nullptr; });
+    }
+    void openArchive() {
+        untilLoop().then([this] { widget<QPushButton>("Command1").click(); });
+        untilDialog<QFileDialog>()
+            .then([this] {
+                EXPECT_EQ(dialog<QFileDialog>()->windowTitle(), "Select .CDDS file to analyse");
+                auto* name = dialog<QFileDialog>()->findChild<QLineEdit*>("fileNameEdit");
+                name->setText(QString::fromStdString(archive));
+                QTest::keyClick(name, Qt::Key_Return);
+            })
+            .until("the panes", [this] { return list("Output0").model()->rowCount() == 204; })
+            .until("the picture", [this] { return pixelAt(0, 0) == QColor(255, 0, 0); });
+    }
+
+    template <class Widget> Widget& widget(const char* name) { return *program.window.findChild<Widget*>(name); }
+    template <class Dialog> static Dialog* dialog() { return qobject_cast<Dialog*>(QApplication::activeModalWidget()); }
+    ListBoxView& list(const char* name) { return widget<ListBoxView>(name); }
+    int chosenRow(const char* name) {
+        const QModelIndexList rows = list(name).selectionModel()->selectedIndexes();
+        return rows.size() == 1 ? rows[0].row() : -1;
+    }
+    QColor pixelAt(int x, int y) { return widget<desktop::ViewportWidget>("viewport").grabFramebuffer().pixelColor(x, y); }
+    void click(ListBoxView& view, int row) {
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
+    }
+
+    test::TemporaryFolder folder;
+    std::string archive;
+    desktop::Application program;
+    tour::UserScript user;
+};
+
+TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
+    openArchive();
+    auto& box = widget<QLineEdit>("incrementalSearchText");
+    const auto chosen = [this] { return row(chosenRow("Output0"), chosenRow("incrementalSearchList"), chosenRow("Output1")); };
+    user.then([&, chosen] {
+            EXPECT_EQ(row(program.window.windowTitle().toStdString(), widget<QLineEdit>("Text4").text().toStdString()), "Pelrath V1.0-1,     204 ");
+            EXPECT_EQ(box.text(), "first.bmp");
+            EXPECT_EQ(pixelAt(63, 31), QColor(255, 0, 0));
+            EXPECT_EQ(pixelAt(64, 31), QColor(0, 0, 0)); // the clear colour beside the quad
+            QTest::mouseClick(&box, Qt::LeftButton);     // selects what is there
+            QTest::keyClicks(&box, "ab");                // faster than any event loop turns
+            EXPECT_EQ(row(box.text().toStdString(), box.selectedText().toStdString()), "abc.bmp, c.bmp");
+            QTest::keyClick(&box, Qt::Key_D);
+            EXPECT_EQ(box.text(), "abd.bmp");
+            QTest::keyClick(&box, Qt::Key_Backspace);
+            QTest::keyClick(&box, Qt::Key_Backspace);
+            EXPECT_EQ(box.text(), "a");
+            EXPECT_EQ(chosen(), "2, 2, 2");
+            QTest::keyClick(&box, Qt::Key_Up);
+            EXPECT_EQ(chosen(), "1, 1, 1");
+        })
+        .until("the fitted picture", [this] { return pixelAt(511, 255) == QColor(0, 255, 0) && pixelAt(511, 256) == QColor(0, 0, 0); })
+        .then([this] { click(list("Output0"), 3); })
+        .until("soft alpha on offer", [this] { return widget<QRadioButton>("cmdShow1").isEnabled(); })
+        .then([&] {
+            EXPECT_EQ(box.text(), QString::fromUtf8("\u00E9toile.tga"));
+            widget<QRadioButton>("cmdShow1").click();
+            widget<QRadioButton>("backViewportColor2").click();
+        })
+        .until("the mask", [this] { return pixelAt(9, 9) == QColor(255, 0, 0); })
+        .then([this] { widget<QRadioButton>("viewPortSize0").click(); })
+        .until("the small viewport", [this] {
+            return widget<QWidget>("viewport").size() == QSize(256, 256) && pixelAt(3, 3) == QColor(255, 255, 255) &&
+                   pixelAt(4, 4) == QColor(255, 0, 0);
+        });
+    run();
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"Pelrath.ini", "demo.cdds"}));
+}
+
+TEST_F(RealWindow, TheLoopStopsAndStartsButNotInsideAMessageBox) {
+    openArchive();
+    auto& display = widget<QCheckBox>("chkGraphicDisplay");
+    user.then([&] {
+            display.click();
+            EXPECT_FALSE(program.session.viewer.Running);
+        })
+        .until("no viewport", [this] { return !widget<QWidget>("dynImage").isVisible(); })
+        .then([&] {
+            EXPECT_FALSE(widget<QRadioButton>("backViewportColor0").isEnabled());
+            click(list("Output0"), 1);
+            display.click();
+        })
+        .until("the picture", [this] { return program.session.viewer.Running && pixelAt(0, 0) == QColor(0, 255, 0); })
+        .then([&] {
+            display.click();
+            (void)folder.write("demo.cdds", "short"); // replaced while it is open
+        })
+        .then([&] { display.click(); });
+    untilDialog<QMessageBox>().until("some time", [turns = 0]() mutable { return ++turns > 10; }).then([this] {
+        // A loop in there would keep the reaction behind the box from going on.
+        EXPECT_FALSE(program.session.viewer.Running);
+        EXPECT_TRUE(dialog<QMessageBox>()->text().contains("has become shorter"));
+        dialog<QMessageBox>()->accept();
+    });
+    untilLoop().then([this] {
+        EXPECT_EQ(widget<QLabel>("Label11").text(), "Texture not available !");
+        widget<QPushButton>("cmdReadCDDS").click(); // no archive any more, so that the first row is chosen
+    });
+    untilDialog<QMessageBox>(); // the close comes under the message, as the end of a desktop session does
+    run();
+    EXPECT_TRUE(program.main.window.isUnloaded());
+    EXPECT_FALSE(program.session.viewer.Running);
+}
+
+TEST_F(RealWindow, TheFirstRunAsks) {
+    (void)folder.write("Pelrath.ini", "");
+    const auto button = [](const char* name) { return dialog<QDialog>()->findChild<QPushButton*>(name); };
+    untilDialog<QDialog>().then([button] {
+        EXPECT_EQ(dialog<QDialog>()->windowTitle(), "Pelrath V1.0-1 - Disclaimer");
+        EXPECT_EQ(button("Command10")->text(), "I &accept");
+        dialog<QDialog>()->findChild<QRadioButton*>("Option10")->click();
+        EXPECT_EQ(button("Command11")->text(), "Je &refuse");
+        button("Command10")->click();
+    });
+    untilLoop();
+    run();
+    EXPECT_NE(folder.read("Pelrath.ini").find("firsttimedone=True"), std::string::npos);
+}
+
+TEST_F(RealWindow, RefusingByTheFrameEndsTheProgram) {
+    (void)folder.write("Pelrath.ini", "");
+    untilDialog<QDialog>().then([] { dialog<QDialog>()->close(); });
+    run(false);
+    EXPECT_FALSE(program.window.isVisible());
+    EXPECT_NE(folder.read("Pelrath.ini").find("firsttimedone=False"), std::string::npos);
+}
+
+TEST_F(RealWindow, APlaceOffEveryScreenIsKeptAndTheWindowReachable) {
+    (void)folder.write("Pelrath.ini", "[Settings]\nMainTop=9000\nMainLeft=-9000\n[Setup]\nfirsttimedone=True\n");
+    untilLoop().then([this] {
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        EXPECT_TRUE(screen.intersects(program.window.frameGeometry()));
+        EXPECT_LT(program.window.frameGeometry().top(), screen.bottom());
+    });
+    run();
+    EXPECT_NE(folder.read("Pelrath.ini").find("MainTop=9000\nMainLeft=-9000\n"), std::string::npos);
+}
+
+TEST(WithoutOpenGl, TheProgramRunsWithoutAPicture) {
+    const test::TemporaryFolder folder;
+    const QString program = QString::fromStdString(folder.file("pelrath"));
+    ASSERT_TRUE(QFile::copy(PELRATH_PROGRAM, program));
+    (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n");
+    QProcess process;
+    process.start("/usr/bin/env", {"QT_XCB_GL_INTEGRATION=none", program});
+    EXPECT_FALSE(process.waitForFinished(2000)); // it shows its window and the message, and does not die
+    EXPECT_EQ(process.state(), QProcess::Running);
+    process.kill();
+    process.waitForFinished();
+}
+
+TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
+    untilLoop().then([this] {
+        QStringList nameless;
+        for (const QWidget* view : program.window.findChildren<QWidget*>()) {
+            if (view->objectName().startsWith("qt_") || view->focusPolicy() == Qt::NoFocus) continue;
+            QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(view));
+            if (spoken == nullptr || spoken->text(QAccessible::Name).isEmpty()) nameless << view->objectName();
+        }
+        EXPECT_EQ(nameless.join(' ').toStdString(), "");
+        auto* first = &widget<QLineEdit>("Text1");
+        first->setFocus();
+        QStringList visited;
+        for (int i = 0; i < 40 && (i == 0 || QApplication::focusWidget() != first); ++i) {
+            visited << QApplication::focusWidget()->objectName();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        EXPECT_EQ(visited.mid(0, 5).join(' ').toStdString(), "Text1 Command1 cmdReadCDDS Text8 incrementalSearchText");
+        for (const char* name : {"Output0", "Output1", "Output2", "chkGraphicDisplay", "viewPortSize1", "Text5"}) {
+            EXPECT_TRUE(visited.contains(name)) << name << " not in " << visited.join(' ').toStdString();
+        }
+    });
+    run();
+}
+
+}} // namespace pelrath
