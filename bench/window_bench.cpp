@@ -1,0 +1,158 @@
+#include "desktop/application.hpp"
+#include "desktop/list_box_view.hpp"
+#include "large_archive.hpp"
+#include "user_script.hpp"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iomanip>
+#include <iostream>
+#include <optional>
+
+#include <sys/resource.h>
+
+// Times what the user waits for in the real window, and what the window costs while it rests. Prints a line
+// a figure; judges nothing.
+
+namespace {
+
+using namespace pelrath;
+using pelrath::tour::UserScript;
+
+double processorSeconds() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval& t) {
+        return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+long peakMegabytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
+
+class Measurement {
+public:
+    explicit Measurement(std::string folder) : folder_(std::move(folder)) {}
+
+    void add(const std::string& name, const bench::LargeArchive& archive) {
+        const std::string path = folder_ + "/" + name + ".cdds";
+        archive.write(path);
+        user_
+            .then([this, path] {
+                program_->session.archivePath = path;
+                program_->main.dynImage.setVisible(true);
+                wait("open " + std::filesystem::path{path}.filename().string(),
+                     [this] { program_->main.cmdReadCDDS.press(); });
+            })
+            .until("the picture", [this] { return painted_; })
+            .then([this] { report(); });
+    }
+    void addChoices(int count) {
+        for (int i = 0; i < count; ++i) {
+            user_
+                .then([this, i] {
+                    wait("choose 2048 x 2048",
+                         [this, i] { program_->main.Output[TexturePane].setSelected(i % 2 + 1, true); });
+                })
+                .until("the picture", [this] { return painted_; })
+                .then([this] { report(); });
+        }
+    }
+    void addRest() {
+        user_
+            .then([this] {
+                restStart_ = processorSeconds();
+                rest_.start();
+            })
+            .until("the end of the rest", [this] { return rest_.elapsed() > 5000; })
+            .then([this] {
+                std::cout << "5 s at rest, display on: " << std::fixed << std::setprecision(1)
+                          << (processorSeconds() - restStart_) * 1e3 << " ms of processor time\n";
+            });
+    }
+
+    void run() {
+        user_.then([this] {
+            std::cout << "peak memory: " << peakMegabytes() << " MB\n";
+            program_->window.close();
+        });
+        user_.onGivingUp = [this] { program_->window.close(); };
+        program_.emplace();
+        program_->session.programFolder = folder_;
+        std::ofstream{folder_ + "/Pelrath.ini"} << "[Setup]\nfirsttimedone=True\n"; // not the first run
+        QObject::connect(program_->window.findChild<desktop::ViewportWidget*>(), &QOpenGLWidget::frameSwapped,
+                         &user_, [this] {
+                             if (!waiting_) return;
+                             waiting_ = false;
+                             painted_ = true;
+                             taken_ = clock_.nsecsElapsed();
+                         });
+        program_->start();
+        user_.start();
+        QApplication::exec();
+    }
+    UserScript& user() { return user_; }
+    [[nodiscard]] bool running() const { return program_->session.viewer.Running; }
+
+private:
+    void wait(const std::string& what, const std::function<void()>& act) {
+        what_ = what;
+        painted_ = false;
+        waiting_ = true;
+        clock_.start();
+        program_->refresh.deliver(act);
+        reaction_ = clock_.nsecsElapsed();
+    }
+    void report() {
+        std::cout << what_ << ": " << std::fixed << std::setprecision(1) << static_cast<double>(taken_) / 1e6
+                  << " ms until it is on the screen, of which the reaction took "
+                  << static_cast<double>(reaction_) / 1e6 << " ms\n";
+    }
+
+    std::string folder_;
+    std::optional<desktop::Application> program_;
+    UserScript user_;
+    QElapsedTimer clock_;
+    QElapsedTimer rest_;
+    double restStart_ = 0;
+    std::string what_;
+    bool waiting_ = false;
+    bool painted_ = false;
+    qint64 reaction_ = 0;
+    qint64 taken_ = 0;
+};
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    pelrath::desktop::Application::prepareGraphics();
+    const QApplication qt{argc, argv};
+    const std::string folder = (std::filesystem::temp_directory_path() / "pelrath-window-bench").string();
+    std::filesystem::create_directories(folder);
+    {
+        Measurement measurement{folder};
+        measurement.user().until("the window", [&] { return measurement.running(); });
+        measurement.add("0C-32767x1", {false, 32767, 1, 4});
+        measurement.add("cdds-32767x1", {true, 32767, 1, 4});
+        measurement.add("0C-3640x9", {false, 3640, 9});
+        measurement.add("cdds-3640x9", {true, 3640, 9});
+        measurement.add("large", {true, 3, 1, 2048, 3});
+        measurement.addChoices(6);
+        measurement.addRest();
+        measurement.run();
+    }
+    std::filesystem::remove_all(folder);
+    return 0;
+}
