@@ -2,16 +2,36 @@
 
 #include <QApplication>
 
+#include <chrono>
+#include <filesystem>
+#include <thread>
+
 #include <gtest/gtest.h>
 
-int main(int argc, char* argv[]) {
-    testing::InitGoogleTest(&argc, argv);
-    if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS(); // needs no display
+namespace {
+
+int runTests(int argc, char* argv[]) {
     pelrath::desktop::Application::prepareGraphics();
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication qt{argc, argv};
     QApplication::setQuitOnLastWindowClosed(true);
     return RUN_ALL_TESTS();
+}
+
+// A thread that has been told to end may still be ending, and takes the leak checker down with it.
+void letThreadsEnd() {
+    const auto threads = [] { return std::distance(std::filesystem::directory_iterator{"/proc/self/task"}, {}); };
+    for (int patience = 200; threads() > 1 && patience > 0; --patience) std::this_thread::sleep_for(std::chrono::milliseconds{10});
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    testing::InitGoogleTest(&argc, argv);
+    if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS(); // needs no display
+    const int result = runTests(argc, argv);
+    letThreadsEnd();
+    return result;
 }
 
 // Graphics drivers stay loaded to the end, so that a leak report can name them and leave them out.
