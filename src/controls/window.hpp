@@ -1,14 +1,17 @@
 #pragma once
 
 #include "controls/control.hpp"
+#include "platform/scoped_flag.hpp"
 
 namespace pelrath {
 
 /// A window as its model sees it: the box is its place on the screen and its outer size, frame included.
 class Window : public CaptionedControl {
 public:
-    Signal<> resize;   ///< after every change of the outer size, whoever makes it
-    Signal<> unloaded; ///< it is gone for good
+    Signal<> resize;      ///< after every change of the outer size, whoever makes it
+    Signal<> activated;   ///< it has become the program's active one: when shown, and behind another's close
+    Signal<> queryUnload; ///< about to go, still shown; cannot be refused
+    Signal<> unloaded;    ///< it is gone for good
 
     [[nodiscard]] bool minimized() const { return minimized_; }
     [[nodiscard]] bool isUnloaded() const { return isUnloaded_; }
@@ -40,7 +43,11 @@ public:
         setVisible(true);
     }
     void unload() {
-        if (isUnloaded_) return;
+        if (isUnloaded_ || unloading_) return;
+        {
+            const ScopedFlag unloading{unloading_}; // a message of the last reactions is no way back in
+            queryUnload.emit();
+        }
         isUnloaded_ = true;
         setVisible(false);
         unloaded.emit();
@@ -49,6 +56,7 @@ public:
 private:
     bool minimized_ = false;
     bool isUnloaded_ = false;
+    bool unloading_ = false;
     double frameWidth_ = 0;
     double frameHeight_ = 0;
     double smallestWidth_ = 0;

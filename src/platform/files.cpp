@@ -66,6 +66,12 @@ std::string joinPath(std::string_view folder, std::string_view name) {
 
 std::string_view withoutExtension(std::string_view name) { return name.substr(0, name.rfind('.')); }
 
+std::string_view fileExtension(std::string_view path) {
+    const std::string_view name = fileName(path);
+    const std::size_t dot = name.rfind('.');
+    return dot == std::string_view::npos ? std::string_view{} : name.substr(dot + 1);
+}
+
 std::string_view fileName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
 
 std::string_view parentFolder(std::string_view path) {

@@ -22,6 +22,9 @@ using Bytes = std::span<const std::byte>;
 /// `name` without its last dot and what follows it; a name without a dot stays whole.
 [[nodiscard]] std::string_view withoutExtension(std::string_view name);
 
+/// What follows the last dot of a path's last part, empty where that has none.
+[[nodiscard]] std::string_view fileExtension(std::string_view path);
+
 /// What follows the last separator of a path.
 [[nodiscard]] std::string_view fileName(std::string_view path);
 

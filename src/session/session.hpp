@@ -9,6 +9,9 @@
 
 namespace pelrath {
 
+/// What the dialog of one texture is opened for.
+enum class DialogMode : std::int16_t { Insertion = 0, Extraction = 1 };
+
 /// The values that the program's windows share. Made once, in main(), and handed on by reference.
 struct Session {
     std::string programFolder;
@@ -20,7 +23,8 @@ struct Session {
     std::int16_t selectedTexture = 0;
     std::string selectedBaseName; ///< the chosen texture's name without its extension, empty before any
 
-    std::string exportImportFolder; ///< where image files are written to and read from
+    DialogMode mode = DialogMode::Insertion; ///< of the command pressed last
+    std::string exportImportFolder;          ///< where image files are written to and read from
 
     bool disclaimerAccepted = false;
     ApplicationSettings settings; ///< as loaded; what changes meanwhile is put back into it at the close

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+namespace pelrath {
+
+/// The programs that the desktop opens files with.
+class FileAssociations {
+public:
+    virtual ~FileAssociations() = default;
+
+    /// Path of the executable that opens files of the kind of this existing file, whose kind is told by its
+    /// name; empty when none does.
+    [[nodiscard]] virtual std::string executableFor(const std::string& file) = 0;
+
+    /// Starts the program for `file` with its path as the one argument, without waiting for it and without
+    /// handing the focus to it. Fails when it does not start.
+    virtual void open(const std::string& file) = 0;
+};
+
+/// The associations of the user's desktop, from its own database of file types.
+class DesktopAssociations : public FileAssociations {
+public:
+    [[nodiscard]] std::string executableFor(const std::string& file) override;
+    void open(const std::string& file) override;
+};
+
+} // namespace pelrath

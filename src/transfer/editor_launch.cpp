@@ -1,0 +1,26 @@
+#include "transfer/editor_launch.hpp"
+
+#include "platform/files.hpp"
+#include "platform/temporary_file.hpp"
+
+namespace pelrath {
+
+void EditorLaunch::launchEditor(const std::string& imagePath) {
+    const std::string extension{fileExtension(imagePath)};
+    const std::string exe = findExecutableForExtension(extension);
+    if (!imagePath.empty() && fileExists(exe)) {
+        associations_.open(imagePath);
+    } else {
+        ExtractSummary_.setText(ExtractSummary_.text() + "\r\nNo executable found for " + extension);
+    }
+}
+
+std::string EditorLaunch::findExecutableForExtension(const std::string& extension) {
+    TemporaryFile probe{"~", extension};
+    if (probe.path().empty()) return {};
+    std::string executable = associations_.executableFor(probe.path());
+    probe.remove();
+    return executable;
+}
+
+} // namespace pelrath

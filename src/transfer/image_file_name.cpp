@@ -1,0 +1,52 @@
+#include "transfer/image_file_name.hpp"
+
+#include "platform/files.hpp"
+#include "platform/runtime_error.hpp"
+
+#include <algorithm>
+
+namespace pelrath {
+
+namespace {
+
+const char* extensionOf(ImageFileKind kind) {
+    switch (kind) {
+    case ImageFileKind::Bmp:
+        return ".bmp";
+    case ImageFileKind::Tga:
+        return ".tga";
+    case ImageFileKind::Dds:
+        break;
+    }
+    return ".dds";
+}
+
+bool neverInAFileName(char byte) {
+    const auto code = static_cast<unsigned char>(byte);
+    return code < 0x20 || code == 0x7F || byte == '/' || byte == '\\';
+}
+
+} // namespace
+
+const std::string& checkedFileName(const std::string& name) {
+    const bool special = name.empty() || name == "." || name == "..";
+    if (special || std::any_of(name.begin(), name.end(), neverInAFileName)) {
+        throw makeError(ErrorNumber::BadFileName, "buildImageFileName", name);
+    }
+    return name;
+}
+
+std::string buildImageFileName(const Session& session, std::int16_t level, ImageFileKind kind) {
+    const auto texture = static_cast<std::size_t>(session.selectedTexture);
+    const auto& textures = session.archive.textures;
+    if (session.selectedTexture < 0 || texture >= textures.size() || level < 0 ||
+        static_cast<std::size_t>(level) >= textures[texture].mipmaps.size()) {
+        throw makeError(ErrorNumber::SubscriptOutOfRange, "buildImageFileName");
+    }
+    const MipmapRecord& mipmap = textures[texture].mipmaps[static_cast<std::size_t>(level)];
+    return joinPath(session.exportImportFolder, checkedFileName(session.selectedBaseName) + "-" +
+                                                    std::to_string(mipmap.width) + "x" +
+                                                    std::to_string(mipmap.height) + extensionOf(kind));
+}
+
+} // namespace pelrath

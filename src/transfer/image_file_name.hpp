@@ -1,0 +1,21 @@
+#pragma once
+
+#include "archive/dds_export.hpp"
+#include "session/session.hpp"
+
+#include <cstdint>
+#include <string>
+
+namespace pelrath {
+
+/// The file in the Export/Import folder that holds the chosen texture's level as an image of that kind:
+/// base name, "-", width, "x", height, and the kind's extension. Fails with "Bad file name" for a name that
+/// would lead elsewhere or that no file can have, and with "Subscript out of range" for a level that the
+/// texture does not have.
+[[nodiscard]] std::string buildImageFileName(const Session& session, std::int16_t level, ImageFileKind kind);
+
+/// `name`, when it can be a file name as it stands. Fails with "Bad file name" for one that is empty, "." or
+/// "..", or holds a separator of any system or a control character.
+[[nodiscard]] const std::string& checkedFileName(const std::string& name);
+
+} // namespace pelrath

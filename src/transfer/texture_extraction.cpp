@@ -1,0 +1,132 @@
+#include "transfer/texture_extraction.hpp"
+
+#include "platform/files.hpp"
+#include "transfer/failure_report.hpp"
+#include "transfer/image_file_name.hpp"
+
+namespace pelrath {
+
+namespace {
+
+constexpr FailureWords failureWords{"SelectImage Error Number: ", "ImageSave Error : "};
+constexpr const char* lineBreak = "\r\n";
+
+} // namespace
+
+TextureExtraction::TextureExtraction(const Controls& controls, MessageBoxes& boxes, const Session& session,
+                                     const TransferState& state, const TransferImaging& imaging,
+                                     EditorLaunch& editor)
+    : c_(controls), boxes_(boxes), session_(session), state_(state), imaging_(imaging), editor_(editor),
+      dds_(session.archive, session.archivePath) {}
+
+bool TextureExtraction::checkOverwrite(const std::string& path, std::string& summary) {
+    const CheckValue overwriting = c_.chkOverwriteExistingFiles.value();
+    if (overwriting == CheckValue::Grey) return true;
+    if (!fileExists(path)) {
+        summary += " written";
+        return true;
+    }
+    summary += overwriting == CheckValue::Checked ? " overwritten." : " not overwritten.";
+    return overwriting == CheckValue::Checked;
+}
+
+// What the summary says of a file holds only once the file is there.
+void TextureExtraction::extractFile(const std::string& path, const std::function<bool()>& write) {
+    std::string summary = summary_ + path;
+    const bool wanted = checkOverwrite(path, summary);
+    if (wanted && !write()) return;
+    summary_ = summary + lineBreak;
+    count_ += wanted ? 1 : 0;
+}
+
+void TextureExtraction::beginSummary() {
+    c_.ExtractSummary.setText("");
+    summary_.clear();
+    count_ = 0;
+    editorPath_.clear();
+}
+
+void TextureExtraction::finishSummary() {
+    summary_ += std::to_string(count_) + " file(s) extracted.";
+    const std::string ofLaunch = c_.ExtractSummary.text(); // that no editor was found
+    c_.ExtractSummary.setText(summary_ + ofLaunch);
+}
+
+void TextureExtraction::extractToDdsFiles() {
+    beginSummary();
+    const bool done = attempt(boxes_, failureWords, [this] {
+        if (state_.mipmapOperation == Embedded) {
+            writeChain();
+        } else {
+            writeLevels();
+        }
+    });
+    finishSummary();
+    if (done && c_.chkLaunchEditor.checked()) {
+        attempt(boxes_, failureWords, [this] { editor_.launchEditor(editorPath_); });
+    }
+}
+
+void TextureExtraction::writeChain() {
+    editorPath_ = buildImageFileName(session_, 0, ImageFileKind::Dds);
+    extractFile(editorPath_, [this] {
+        dds_.writeDdsChainFile(editorPath_, session_.selectedTexture);
+        return true;
+    });
+}
+
+void TextureExtraction::writeLevels() {
+    for (std::int16_t level = 0; level < c_.List1.count(); ++level) {
+        if (!c_.List1.isChecked(level)) continue;
+        editorPath_ = buildImageFileName(session_, level, ImageFileKind::Dds);
+        extractFile(editorPath_, [this, level] {
+            dds_.writeDdsLevelFile(editorPath_, session_.selectedTexture, level);
+            return true;
+        });
+    }
+    if (state_.mipmapOperation == External) {
+        editorPath_ = buildImageFileName(session_, 0, ImageFileKind::Dds);
+    }
+}
+
+void TextureExtraction::extractToImages(ImageFileKind kind) {
+    beginSummary();
+    if (attempt(boxes_, failureWords, [this, kind] { writeImage(kind); })) finishSummary();
+}
+
+void TextureExtraction::writeImage(ImageFileKind kind) {
+    if (!imaging_.use.start()) {
+        summary_ += "Failed to initialise Image Library.";
+        return;
+    }
+    const int level = c_.List1.lastCheckedRow();
+    if (level < 0) {
+        summary_ = std::string{"No mipmap selected."} + lineBreak;
+        return;
+    }
+    const std::string staged = joinPath(session_.programFolder, "tmp1.dds");
+    dds_.writeDdsLevelFile(staged, session_.selectedTexture, static_cast<std::int16_t>(level),
+                           Durability::Scratch);
+    LoadedImage image{imaging_.facade, imaging_.images, staged};
+    if (!image) {
+        boxes_.critical("LoadImage " + staged + " error", "SimpleImageInsertion");
+        return;
+    }
+    const auto fileType =
+        static_cast<std::int32_t>(kind == ImageFileKind::Bmp ? OutputFileType::Bmp : OutputFileType::Tga);
+    if (!imaging_.facade.setSaveImageOptions(fileType, imaging_.options.imageType,
+                                             imaging_.options.extension)) {
+        return;
+    }
+    editorPath_ = buildImageFileName(session_, static_cast<std::int16_t>(level), kind);
+    extractFile(editorPath_, [this, &image] {
+        imaging_.options.buildMipmaps = false;
+        const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, editorPath_, true);
+        imaging_.images.check("saveImage");
+        if (saved) image.remove();
+        return saved;
+    });
+    if (count_ > 0 && c_.chkLaunchEditor.checked()) editor_.launchEditor(editorPath_);
+}
+
+} // namespace pelrath

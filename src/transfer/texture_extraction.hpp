@@ -1,0 +1,70 @@
+#pragma once
+
+#include "archive/dds_export.hpp"
+#include "imaging/image_library_facade.hpp"
+#include "imaging/save_image_options.hpp"
+#include "platform/message_boxes.hpp"
+#include "session/session.hpp"
+#include "transfer/editor_launch.hpp"
+#include "transfer/image_library_use.hpp"
+#include "transfer/transfer_controls.hpp"
+
+#include <functional>
+#include <string>
+
+namespace pelrath {
+
+/// The image library as the operations of the dialog use it.
+struct TransferImaging {
+    ImageLibraryFacade& facade;
+    const LibraryImages& images;
+    SaveImageOptions& options;
+    ImageLibraryUse& use;
+};
+
+/// Writes levels of the chosen texture to files in the Export/Import folder and says in the summary box what
+/// was written. What fails is told in a message; then no partial file is left and an existing one is as it
+/// was.
+class TextureExtraction {
+public:
+    struct Controls {
+        CheckListBox& List1;
+        CheckBox& chkOverwriteExistingFiles;
+        CheckBox& chkLaunchEditor;
+        TextBox& ExtractSummary;
+    };
+
+    TextureExtraction(const Controls& controls, MessageBoxes& boxes, const Session& session,
+                      const TransferState& state, const TransferImaging& imaging, EditorLaunch& editor);
+
+    /// One file a checked level, or one of all levels.
+    void extractToDdsFiles();
+    /// The last checked level as a BMP or TGA file.
+    void extractToImages(ImageFileKind kind);
+
+private:
+    /// Whether the file may be written, which is appended to the summary.
+    bool checkOverwrite(const std::string& path, std::string& summary);
+    void writeChain();
+    void writeLevels();
+    void writeImage(ImageFileKind kind);
+    /// `write` says whether the file was written; where it was not, that has been told.
+    void extractFile(const std::string& path, const std::function<bool()>& write);
+    void beginSummary();
+    void finishSummary();
+
+    Controls c_;
+    MessageBoxes& boxes_;
+    const Session& session_;
+    const TransferState& state_;
+    TransferImaging imaging_;
+    EditorLaunch& editor_;
+    DdsExport dds_;
+
+    // Of the current run.
+    std::string summary_;
+    int count_ = 0;
+    std::string editorPath_;
+};
+
+} // namespace pelrath

@@ -1,0 +1,69 @@
+#include "transfer/texture_extraction_insertion.hpp"
+
+#include "transfer/failure_report.hpp"
+
+namespace pelrath {
+
+TextureExtractionInsertion::TextureExtractionInsertion(Session& session, const TransferServices& services)
+    : session_(session), boxes_(services.boxes), windows_(services.windows),
+      facade_(boxes_, saveOptions_, services.library), images_(services.library),
+      libraryUse_(facade_, images_),
+      resolutions_({List1, cmdSelAllResolution, cmdSelNoneResolution}, session, state_),
+      fileKinds_({optOutFileType, optMipmaps, lblFilter, lstScaleFilter, chkDestination[ToBazarTemp],
+                  txtbazarTempFolder, lblWarningTgaInsert},
+                 session, state_, resolutions_),
+      destinations_({chkDestination, chkSaveCdds, txtbazarTempFolder}, session, state_,
+                    services.chooseBazarTempFolder),
+      setUp_(*this, state_, session, resolutions_), layout_(*this),
+      editor_(ExtractSummary, services.associations),
+      extraction_({List1, chkOverwriteExistingFiles, chkLaunchEditor, ExtractSummary}, boxes_, session,
+                  state_, {facade_, images_, saveOptions_, libraryUse_}, editor_) {
+    connections_.push_back(window.activated.connect([this] { Form_Activate(); }));
+    connections_.push_back(window.queryUnload.connect([this] { Form_QueryUnload(); }));
+    connections_.push_back(cmdExtractInsert.click.connect([this] { cmdExtractInsert_Click(); }));
+    connections_.push_back(cmdQuit.click.connect([this] { window.unload(); }));
+}
+
+void TextureExtractionInsertion::show(const Window& owner) {
+    window.load();
+    setUp_.clearChoices();
+    layout_.centreOn(owner);
+    windows_.showModal(window);
+}
+
+void TextureExtractionInsertion::Form_Activate() {
+    if (state_.folderDialogShown) return;
+    attempt(boxes_, {"ilInit Error Number: ", "Form Activation Error : "}, [this] {
+        (void)libraryUse_.start();
+        setUp_.run();
+    });
+}
+
+void TextureExtractionInsertion::Form_QueryUnload() {
+    attempt(boxes_, {"ilShutDown Error Number: ", "ImageSave Error : "}, [this] { libraryUse_.shutDown(); });
+}
+
+void TextureExtractionInsertion::cmdExtractInsert_Click() {
+    state_.safeCopyDone = false;
+    if (!typeIsKnown()) return;
+    if (session_.mode == DialogMode::Insertion) return;
+    if (state_.imageFileKind == ImageFileKind::Dds) {
+        extraction_.extractToDdsFiles();
+    } else {
+        extraction_.extractToImages(state_.imageFileKind);
+    }
+}
+
+bool TextureExtractionInsertion::typeIsKnown() {
+    const DdsExport dds{session_.archive, session_.archivePath};
+    if (dds.nativeImageKind(session_.selectedTexture)) return true;
+    const TextureRecord& texture =
+        session_.archive.textures[static_cast<std::size_t>(session_.selectedTexture)];
+    boxes_.exclamation(
+        "Textures of the type \"" + texture.fourCC +
+            "\" can be neither extracted nor inserted.\r\n\r\nPlease choose a DXT1 or DXT5 texture.",
+        "Pelrath - Texture type not supported");
+    return false;
+}
+
+} // namespace pelrath

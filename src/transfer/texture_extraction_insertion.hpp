@@ -1,0 +1,65 @@
+#pragma once
+
+#include "controls/modal_windows.hpp"
+#include "imaging/image_library_facade.hpp"
+#include "imaging/library_functions.hpp"
+#include "platform/file_associations.hpp"
+#include "platform/message_boxes.hpp"
+#include "session/session.hpp"
+#include "transfer/destinations.hpp"
+#include "transfer/editor_launch.hpp"
+#include "transfer/file_kind_rules.hpp"
+#include "transfer/image_library_use.hpp"
+#include "transfer/resolution_list.hpp"
+#include "transfer/set_up.hpp"
+#include "transfer/texture_extraction.hpp"
+#include "transfer/transfer_controls.hpp"
+#include "transfer/transfer_layout.hpp"
+
+namespace pelrath {
+
+/// What the dialog needs of the system.
+struct TransferServices {
+    MessageBoxes& boxes;
+    ModalWindows& windows;
+    FileAssociations& associations;
+    ChooseFolder chooseBazarTempFolder;
+    LibraryFunctions library = imageLibrary();
+};
+
+/// The dialog through which one texture of the open archive is extracted to image files or put back from
+/// them, as the session's mode says: its controls, and one object for each concern.
+class TextureExtractionInsertion : public TransferControls {
+public:
+    TextureExtractionInsertion(Session& session, const TransferServices& services);
+
+    /// Opens it over `owner` for the chosen texture and returns when it has been closed. The session's
+    /// texture must be one of its archive.
+    void show(const Window& owner);
+
+private:
+    void Form_Activate();
+    void Form_QueryUnload();
+    void cmdExtractInsert_Click();
+    /// False for a texture whose type nothing here can handle, which has then been told.
+    bool typeIsKnown();
+
+    Session& session_;
+    MessageBoxes& boxes_;
+    ModalWindows& windows_;
+    TransferState state_;
+    SaveImageOptions saveOptions_;
+    ImageLibraryFacade facade_;
+    LibraryImages images_;
+    ImageLibraryUse libraryUse_;
+    ResolutionList resolutions_;
+    FileKindRules fileKinds_;
+    Destinations destinations_;
+    SetUp setUp_;
+    TransferLayout layout_;
+    EditorLaunch editor_;
+    TextureExtraction extraction_;
+    Connections connections_;
+};
+
+} // namespace pelrath
