@@ -63,6 +63,7 @@ private:
         look("archive-opened");
         search();
         modes();
+        extraction();
         sizes();
         damagedArchive();
         user_.then([this] { program_->window.close(); });
@@ -167,6 +168,36 @@ private:
         press("cmdShow2");
         look("alpha-channel");
         press("backViewportColor0");
+    }
+    void extraction() {
+        user_.then([this] {
+            QDir{folder_}.mkdir("textures");
+            widget<QLineEdit>("Text8").setText(folder_ + "/textures");
+        });
+        press("cmdExtract");
+        user_.until("the dialog", [] { return dialog<QDialog>() != nullptr; });
+        look("extraction");
+        extractAs({"cmdExtractInsert"}, "one-level-extracted");
+        extractAs({"optMipmaps2", "cmdExtractInsert"}, "every-level-extracted");
+        extractAs({"optMipmaps1", "chkOverwriteExistingFiles", "cmdExtractInsert"}, "chain-extracted");
+        extractAs({"optOutFileType0", "chkLaunchEditor", "cmdExtractInsert"}, "image-extracted");
+        closeDialog();
+        press("cmdInsert");
+        user_.until("the dialog", [] { return dialog<QDialog>() != nullptr; });
+        look("insertion");
+        user_.then([] { dialog<QDialog>()->findChild<QAbstractButton*>("optOutFileType0")->click(); });
+        look("insertion-of-an-image");
+        closeDialog();
+    }
+    void extractAs(std::initializer_list<const char*> clicks, const char* name) {
+        for (const char* button : clicks) {
+            user_.then([button] { dialog<QDialog>()->findChild<QAbstractButton*>(button)->click(); });
+        }
+        look(name);
+    }
+    void closeDialog() {
+        user_.then([] { dialog<QDialog>()->findChild<QAbstractButton*>("cmdQuit")->click(); });
+        user_.until("the end of the dialog", [] { return dialog<QDialog>() == nullptr; });
     }
     void sizes() {
         press("viewPortSize0");

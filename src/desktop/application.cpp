@@ -9,10 +9,12 @@ namespace pelrath::desktop {
 
 Application::Application()
     : refresh([this](const std::string& text) { boxes.critical(text, programTitle); }), boxes(refresh),
-      fileOpen(refresh), pump(refresh), main(session, {boxes, fileOpen, pump, screen, surface, windows}),
-      binder(refresh, screen), window(main, binder, surface), disclaimer(main.disclaimer, binder) {
+      fileOpen(refresh), pump(refresh),
+      main(session, {boxes, fileOpen, pump, screen, surface, windows, associations}), binder(refresh, screen),
+      window(main, binder, surface), disclaimer(main.disclaimer, binder), transfer(main.transfer, binder) {
     session.programFolder = programFolder();
     windows.add(main.disclaimer.window, disclaimer);
+    windows.add(main.transfer.window, transfer);
     windows.returned = [this] {
         if (window.isVisible()) window.activate();
     };

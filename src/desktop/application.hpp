@@ -4,6 +4,7 @@
 #include "desktop/main_window.hpp"
 #include "desktop/qt_modal_windows.hpp"
 #include "desktop/qt_services.hpp"
+#include "desktop/transfer_dialog.hpp"
 #include "mainwindow/main.hpp"
 #include "session/session.hpp"
 
@@ -29,10 +30,12 @@ public:
     QtEventPump pump;
     QtViewportSurface surface;
     QtModalWindows windows;
+    DesktopAssociations associations;
     Main main;
     Binder binder;
     MainWindow window;
     DisclaimerDialog disclaimer;
+    TransferDialog transfer;
 };
 
 } // namespace pelrath::desktop

@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFrame>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -203,6 +205,30 @@ void Binder::bind(ScrollBar& bar, QScrollBar& view) {
     });
     QObject::connect(&view, &QScrollBar::valueChanged, &view,
                      [this, &bar](int value) { refresh_.deliver([&bar, value] { bar.setValue(value); }); });
+}
+
+void Binder::bind(DropDownList& list, QComboBox& view) {
+    attach(list, view, [&list, &view] {
+        QStringList lines;
+        for (const std::string& line : list.lines()) {
+            lines << toQString(line);
+        }
+        QStringList shown;
+        for (int row = 0; row < view.count(); ++row) {
+            shown << view.itemText(row);
+        }
+        if (lines != shown) {
+            view.clear();
+            view.addItems(lines);
+        }
+        view.setCurrentIndex(list.selectedRow());
+    });
+    QObject::connect(&view, &QComboBox::activated, &view,
+                     [this, &list](int row) { refresh_.deliver([&list, row] { list.select(row); }); });
+}
+
+void Binder::bind(Frame& frame, QGroupBox& view) {
+    attach(frame, view, [&frame, &view] { view.setTitle(captionText(frame.caption(), {})); });
 }
 
 void Binder::bind(Frame& frame, QFrame& view) {

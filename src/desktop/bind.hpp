@@ -2,6 +2,7 @@
 
 #include "controls/check_box.hpp"
 #include "controls/control.hpp"
+#include "controls/drop_down_list.hpp"
 #include "controls/option_group.hpp"
 #include "controls/scroll_bar.hpp"
 #include "controls/text_box.hpp"
@@ -14,7 +15,9 @@
 
 class QButtonGroup;
 class QCheckBox;
+class QComboBox;
 class QFrame;
+class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
@@ -40,7 +43,9 @@ public:
     void bind(TextBox& box, QLineEdit& view);
     void bind(TextBox& box, QPlainTextEdit& view);
     void bind(ScrollBar& bar, QScrollBar& view);
+    void bind(DropDownList& list, QComboBox& view);
     void bind(Frame& frame, QFrame& view);
+    void bind(Frame& frame, QGroupBox& view);
     void bind(PictureBox& picture, BorderedBox& view);
     void bind(Timer& timer, QObject& owner);
 

@@ -107,6 +107,8 @@ void MainWindow::buildArchiveFrame() {
     QLineEdit& folderBox = make<QLineEdit>("Text8", frame);
     binder_.bind(model_.Text8, folderBox);
     folder.setBuddy(&folderBox);
+    binder_.bind(model_.cmdExtract, make<QPushButton>("cmdExtract", frame), 'x');
+    binder_.bind(model_.cmdInsert, make<QPushButton>("cmdInsert", frame), 'I');
     QLabel& search = label(model_.Label13, "Label13", frame, 'T');
     KeyLineEdit& box = make<KeyLineEdit>("incrementalSearchText", frame);
     binder_.bind(model_.incrementalSearchText, box);
@@ -119,7 +121,7 @@ void MainWindow::buildViewFrame() {
     binder_.bind(model_.Frame3, frame);
     binder_.bind(model_.chkGraphicDisplay, make<QCheckBox>("chkGraphicDisplay", frame), 'D');
     auto* modes = new QButtonGroup{&frame};
-    constexpr std::array<char16_t, 3> mnemonics{u'x', u'M', u'A'};
+    constexpr std::array<char16_t, 3> mnemonics{u'u', u'M', u'A'};
     for (std::size_t i = 0; i < model_.cmdShow.size(); ++i) {
         binder_.bind(model_.cmdShow[i], make<QRadioButton>(numbered("cmdShow", i), frame), *modes,
                      mnemonics.at(i));
@@ -233,7 +235,8 @@ void MainWindow::orderTabs() {
     // As the eye goes: what is opened, what is looked for, how it is shown, what is in it.
     const QStringList order =
         QString{
-            "Text1 Command1 cmdReadCDDS Text8 incrementalSearchText incrementalSearchList chkGraphicDisplay "
+            "Text1 Command1 cmdReadCDDS Text8 incrementalSearchText incrementalSearchList cmdExtract "
+            "cmdInsert chkGraphicDisplay "
             "cmdShow0 cmdShow1 cmdShow2 backViewportColor0 backViewportColor1 backViewportColor2 "
             "backViewportColor3 backViewportColor4 backViewportColor5 backViewportColor6 backViewportColor7 "
             "backViewportColor8 SplashText0 SplashText1 viewPortSize0 viewPortSize1 Text3 Text4 Output2 "

@@ -12,14 +12,36 @@ ModelDialog::ModelDialog(Window& model, Binder& binder) : model_(model), binder_
 
 void ModelDialog::run() {
     setParent(QApplication::activeWindow(), windowFlags());
+    takeSize();
+    move(QGuiApplication::primaryScreen()->geometry().topLeft() +
+         binder_.screen().pixels(model_.box()).topLeft());
+    activate();
     setWindowTitle(toQString(model_.caption()));
-    const QRect place = binder_.screen().pixels(model_.box());
-    setFixedSize(place.size());
-    move(QGuiApplication::primaryScreen()->geometry().topLeft() + place.topLeft());
-    binder_.refresh().flush();
     const Refresh::Wait inside{binder_.refresh()};
     if (!model_.isUnloaded()) exec();
     setParent(nullptr, windowFlags());
+}
+
+void ModelDialog::takeSize() {
+    const QtScreen& screen = binder_.screen();
+    const QSize size = screen.pixels(model_.box()).size();
+    const QSize smallest{screen.pixels(model_.smallestWidth()), screen.pixels(model_.smallestHeight())};
+    const bool resizable = !smallest.isEmpty();
+    setMinimumSize(resizable ? smallest : size);
+    setMaximumSize(resizable ? QSize{QWIDGETSIZE_MAX, QWIDGETSIZE_MAX} : size);
+    resize(size);
+}
+
+void ModelDialog::activate() {
+    binder_.refresh().deliver([this] { model_.activated.emit(); });
+}
+
+void ModelDialog::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    const QtScreen& screen = binder_.screen();
+    if (size() == screen.pixels(model_.box()).size()) return; // the model's own, rounded to pixels
+    binder_.refresh().deliver(
+        [this, &screen] { model_.setSize(screen.twips(width()), screen.twips(height())); });
 }
 
 void ModelDialog::reject() {

@@ -7,18 +7,26 @@
 
 namespace pelrath::desktop {
 
-/// The real dialog of a window model: as large as the model says, where it says, gone when it is unloaded.
+/// The real dialog of a window model: where the model says, as large as it says, for the user to resize
+/// where it names a smallest size, gone when it is unloaded.
 class ModelDialog : public QDialog {
 public:
     ModelDialog(Window& model, Binder& binder);
 
     /// Runs it modally over the active window.
     void run();
+    /// What the model does when it becomes the program's active window.
+    void activate();
 
     /// Closing it by its frame unloads the model.
     void reject() override;
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    void takeSize();
+
     Window& model_;
     Binder& binder_;
     Connections connections_;

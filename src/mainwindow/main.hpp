@@ -3,6 +3,7 @@
 #include "dialogs/disclaimer.hpp"
 #include "mainwindow/archive_listing.hpp"
 #include "mainwindow/archive_reading.hpp"
+#include "mainwindow/hand_off.hpp"
 #include "mainwindow/incremental_search.hpp"
 #include "mainwindow/life_cycle.hpp"
 #include "mainwindow/main_controls.hpp"
@@ -11,7 +12,9 @@
 #include "mainwindow/viewer/texture_viewer.hpp"
 #include "mainwindow/viewport_controls.hpp"
 #include "mainwindow/window_layout.hpp"
+#include "platform/file_associations.hpp"
 #include "platform/screen.hpp"
+#include "transfer/texture_extraction_insertion.hpp"
 
 namespace pelrath {
 
@@ -23,6 +26,7 @@ struct MainServices {
     const Screen& screen;
     ViewportSurface& surface;
     ModalWindows& windows;
+    FileAssociations& associations;
 };
 
 /// The main window: its controls, and one object for each concern. Holds no logic of its own. The window
@@ -39,6 +43,7 @@ public:
     void layOut() { layout_.Form_Resize(); }
 
     Disclaimer disclaimer;
+    TextureExtractionInsertion transfer;
 
 private:
     TextureViewer viewer_;
@@ -49,6 +54,7 @@ private:
     TextureChoice choice_;
     IncrementalSearch search_;
     ArchiveReading reading_;
+    HandOff handOff_;
     LifeCycle lifeCycle_;
 };
 

@@ -41,6 +41,8 @@ void designArchiveFrame(MainControls& c) {
     design(c.Label9, {120, 570, 1950, 360}, "Export/Import Path :");
     c.Text8.setBox({2070, 570, 3840, 360});
     c.Text8.setAccessibleName("Export/Import path");
+    design(c.cmdExtract, {8970, 135, 960, 360}, "Extract", "Extract the texture to image files");
+    design(c.cmdInsert, {8970, 570, 960, 360}, "Insert", "Insert image files into the texture");
     design(c.Label13, {6045, 135, 915, 360}, "Texture :");
     c.incrementalSearchText.setBox({6960, 135, 1890, 360});
     c.incrementalSearchText.setAccessibleName("Find a texture by the start of its name");

@@ -30,6 +30,8 @@ struct MainControls {
     CommandButton cmdReadCDDS; // reads it again
     Label Label9;              // "Export/Import Path :"
     TextBox Text8;
+    CommandButton cmdExtract;
+    CommandButton cmdInsert;
     Label Label13; // over the search box
     TextBox incrementalSearchText;
     ListBox incrementalSearchList;

@@ -117,6 +117,9 @@ FileReplacement::FileReplacement(const std::string& path) : finalPath_(endOfLink
     // A short name of its own: the final one may already be as long as a name can be.
     path_ = joinPath(parentFolder(finalPath_), ".pelrath-XXXXXX");
     handle_ = ::mkostemp(path_.data(), O_CLOEXEC);
+    // What is missing is the folder, as the file may well be.
+    if (handle_ < 0 && errno == ENOENT)
+        throw makeError(ErrorNumber::PathNotFound, "FileReplacement", finalPath_);
     if (handle_ < 0) fail("FileReplacement", finalPath_);
 }
 

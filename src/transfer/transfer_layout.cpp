@@ -1,5 +1,7 @@
 #include "transfer/transfer_layout.hpp"
 
+#include "platform/scoped_flag.hpp"
+
 #include <algorithm>
 #include <array>
 
@@ -16,16 +18,16 @@ constexpr double boxHeight = 360;  // of a text box or a button
 constexpr double frameTop = 345;   // of what is in a frame, below its title
 constexpr double inset = 180;      // of what is in a frame
 constexpr double indent = 300;     // of what belongs to the line above it
-constexpr double leftWidth = 5250; // of the stacked frames
-constexpr double optionWidth = 1200;
+constexpr double leftWidth = 5550; // of the stacked frames
+constexpr double optionWidth = 1290;
 constexpr double framesTop = 630;
 constexpr double buttonWidth = 1500;
 constexpr double leastFramesHeight = 3450; // shows the levels of a texture of 512 pixels at once
 constexpr double warningHeight = 480;
 
-constexpr double startWidth = 9300;
+constexpr double startWidth = 9450;
 constexpr double startHeight = 8850;
-constexpr double leastWidth = 8700;
+constexpr double leastWidth = 9000;
 constexpr double leastHeight = 7950;
 
 double row(int index) { return frameTop + index * rowPitch; }
@@ -36,7 +38,8 @@ TransferLayout::TransferLayout(TransferControls& controls) : c_(controls) {
     c_.window.setBox({0, 0, startWidth, startHeight});
     c_.window.setSmallestSize(leastWidth, leastHeight);
     connections_.push_back(c_.window.resize.connect([this] { arrange(); }));
-    for (Control* coming : std::array<Control*, 2>{&c_.destinationFrame, &c_.lblWarningTgaInsert}) {
+    for (Control* coming :
+         std::array<Control*, 3>{&c_.destinationFrame, &c_.lstScaleFilter, &c_.lblWarningTgaInsert}) {
         connections_.push_back(coming->changed.connect([this] { arrange(); }));
     }
     arrange();
@@ -49,6 +52,8 @@ void TransferLayout::centreOn(const Window& owner) {
 }
 
 void TransferLayout::arrange() {
+    if (arranging_) return; // what is being placed says that it changed
+    const ScopedFlag arranging{arranging_};
     placeTexture();
     bottom_ = framesTop - gap;
     placeFileFormat();

@@ -28,6 +28,7 @@ private:
     [[nodiscard]] double width() const { return c_.window.box().width; }
 
     TransferControls& c_;
+    bool arranging_ = false;
     double bottom_ = 0; ///< of the frames
     Connections connections_;
 };

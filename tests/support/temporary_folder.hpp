@@ -38,10 +38,10 @@ public:
         std::ifstream in{file(name), std::ios::binary};
         return {std::istreambuf_iterator<char>{in}, {}};
     }
-    /// The names in it, sorted.
-    [[nodiscard]] std::vector<std::string> names() const {
+    /// The names in it, or in a folder inside it, sorted.
+    [[nodiscard]] std::vector<std::string> names(const std::string& inside = ".") const {
         std::vector<std::string> found;
-        for (const auto& entry : std::filesystem::directory_iterator{path_}) { found.push_back(entry.path().filename().string()); }
+        for (const auto& entry : std::filesystem::directory_iterator{file(inside)}) { found.push_back(entry.path().filename().string()); }
         std::sort(found.begin(), found.end());
         return found;
     }

@@ -1,0 +1,82 @@
+#include "desktop/check_list_view.hpp"
+
+#include "platform/scoped_flag.hpp"
+
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace pelrath::desktop {
+
+void CheckListModel::sync() {
+    if (clearances_ != list_.clearances()) {
+        beginResetModel();
+        clearances_ = list_.clearances();
+        rows_ = list_.count();
+        endResetModel();
+    } else if (rows_ < list_.count()) {
+        beginInsertRows({}, rows_, list_.count() - 1);
+        rows_ = list_.count();
+        endInsertRows();
+    }
+    if (rows_ > 0) Q_EMIT dataChanged(index(0), index(rows_ - 1), {Qt::CheckStateRole});
+}
+
+int CheckListModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+
+QVariant CheckListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= std::min(rows_, list_.count())) return {};
+    if (role == Qt::CheckStateRole) return list_.isChecked(index.row()) ? Qt::Checked : Qt::Unchecked;
+    if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole) return toQString(list_.line(index.row()));
+    return {};
+}
+
+Qt::ItemFlags CheckListModel::flags(const QModelIndex& index) const {
+    return QAbstractListModel::flags(index) | Qt::ItemIsUserCheckable;
+}
+
+bool CheckListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!index.isValid() || role != Qt::CheckStateRole) return false;
+    const int row = index.row();
+    const bool checked = value.toInt() == Qt::Checked;
+    refresh_.deliver([this, row, checked] { list_.setChecked(row, checked); });
+    return true;
+}
+
+CheckListView::CheckListView(QWidget* parent) : QListView(parent) {
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTabKeyNavigation(false);
+    setTextElideMode(Qt::ElideNone);
+}
+
+void CheckListView::bindTo(CheckListBox& list, Binder& binder) {
+    list_ = &list;
+    refresh_ = &binder.refresh();
+    lines_ = new CheckListModel{list, *refresh_, this};
+    setModel(lines_);
+    binder.attach(list, *this, [this] {
+        const ScopedFlag pushing{pushing_};
+        lines_->sync();
+        if (list_->currentRow() != currentIndex().row()) setCurrentIndex(lines_->index(list_->currentRow()));
+    });
+}
+
+void CheckListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QListView::currentChanged(current, previous);
+    if (pushing_ || list_ == nullptr) return;
+    const int row = current.row();
+    refresh_->deliver([this, row] { list_->setCurrentRow(row); });
+}
+
+void CheckListView::mousePressEvent(QMouseEvent* event) {
+    const QModelIndex line = indexAt(event->pos());
+    if (event->button() != Qt::LeftButton || !line.isValid()) return QListView::mousePressEvent(event);
+    setFocus(Qt::MouseFocusReason);
+    setCurrentIndex(line);
+    const bool checked = line.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    lines_->setData(line, checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+}
+
+} // namespace pelrath::desktop

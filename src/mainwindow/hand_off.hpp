@@ -1,0 +1,36 @@
+#pragma once
+
+#include "controls/control.hpp"
+#include "controls/text_box.hpp"
+#include "controls/window.hpp"
+#include "platform/message_boxes.hpp"
+#include "session/session.hpp"
+#include "transfer/texture_extraction_insertion.hpp"
+
+namespace pelrath {
+
+/// Opens the extraction and insertion dialog, once everything that it needs has been chosen.
+class HandOff {
+public:
+    struct Controls {
+        const Window& window;
+        TextBox& Text8;
+        CommandButton& cmdExtract;
+        CommandButton& cmdInsert;
+    };
+
+    HandOff(const Controls& controls, MessageBoxes& boxes, Session& session,
+            TextureExtractionInsertion& dialog);
+
+private:
+    void start(DialogMode mode);
+    void checkAndOpenDialog();
+
+    Controls c_;
+    MessageBoxes& boxes_;
+    Session& session_;
+    TextureExtractionInsertion& dialog_;
+    Connections connections_;
+};
+
+} // namespace pelrath

@@ -1,0 +1,49 @@
+#include "mainwindow/main_harness.hpp"
+
+namespace pelrath { namespace {
+
+using test::row;
+
+class HandOff : public testing::Test, protected test::MainHarness {};
+
+TEST_F(HandOff, OpensTheDialogOnceAllIsChosen) {
+    start();
+    (void)folder.write("file", "");
+    std::filesystem::create_directory(folder.file("out"));
+    const std::string wanted = folder.file("out");
+    int before = 0;
+    std::string caption;
+    windows.answer = [&] { caption = main.transfer.window.caption(); };
+    const auto pressed = [&](const std::string& path, CommandButton& button) {
+        main.Text8.setText(path);
+        before = windows.shown;
+        caption.clear();
+        button.press();
+        return row(windows.shown - before, caption, session.exportImportFolder);
+    };
+    session.exportImportFolder = "/before";
+    EXPECT_EQ(pressed("", main.cmdExtract), "0, , /before");
+    EXPECT_EQ(boxes.take(),
+              (std::vector<test::ShownBox>{{"Texture Path not selected. Please select a valid folder", "Pelrath - Folder not selected"}}));
+    for (const char* name : {"gone", "file"}) {
+        EXPECT_EQ(pressed(folder.file(name), main.cmdInsert), "0, , /before");
+        EXPECT_EQ(boxes.take(),
+                  (std::vector<test::ShownBox>{{"Texture Path not found. Please select a valid folder", "Pelrath - Folder not found"}}));
+    }
+    EXPECT_EQ(session.mode, DialogMode::Insertion); // set before what was missed
+    const std::vector<test::ShownBox> noTexture{
+        {"No Texture File Name selected. Please select one and try again.", "Pelrath - Texture not selected"}};
+    EXPECT_EQ(pressed(wanted, main.cmdExtract), "0, , " + wanted);
+    EXPECT_EQ(boxes.take(), noTexture);
+    open(test::archiveOf({"wall.bmp", "roof.bmp"}));
+    EXPECT_EQ(pressed(wanted, main.cmdExtract), "1, Texture Extraction, " + wanted);
+    EXPECT_EQ(pressed(wanted, main.cmdInsert), "1, Texture Insertion, " + wanted);
+    choose(1);
+    pressed(wanted, main.cmdExtract);
+    EXPECT_EQ(main.transfer.Text1.text(), "roof.bmp");
+    main.Output[TexturePane].setSelected(1, false);
+    EXPECT_EQ(pressed(wanted, main.cmdExtract), "0, , " + wanted);
+    EXPECT_EQ(boxes.take(), noTexture);
+}
+
+}} // namespace pelrath
