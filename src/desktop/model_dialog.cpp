@@ -19,6 +19,7 @@ void ModelDialog::run() {
     setWindowTitle(toQString(model_.caption()));
     const Refresh::Wait inside{binder_.refresh()};
     if (!model_.isUnloaded()) exec();
+    if (!model_.isUnloaded()) reject(); // the program's end ends what is open in it
     setParent(nullptr, windowFlags());
 }
 

@@ -19,11 +19,12 @@ protected:
     RealWindow() {
         program.session.programFolder = folder.path();
         (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n"); // not the first run
-        test::ArchiveBuilder builder{CddsType::TypeCdds,
-                                     {{"first.bmp", "DXT1", {{64, 32, plainBlocks(64, 32, 0xF800)}}},
-                                      {"abc.bmp", "DXT1", {{1024, 512, plainBlocks(1024, 512, 0x07E0)}}},
-                                      {"abd.bmp", "DXT1", {{4, 4, plainBlocks(4, 4, 0x001F)}}},
-                                      {"\xE9toile.tga", "DXT5", {{4, 4, std::string(8, '\0') + plainBlocks(4, 4, 0xFFFF)}}}}};
+        test::ArchiveBuilder builder{
+            CddsType::TypeCdds,
+            {{"first.bmp", "DXT1", {{64, 32, plainBlocks(64, 32, 0xF800)}}},
+             {"abc.bmp", "DXT1", {{1024, 512, plainBlocks(1024, 512, 0x07E0)}}},
+             {"abd.bmp", "DXT1", {{4, 4, plainBlocks(4, 4, 0x001F)}}},
+             {"\xE9toile.tga", "DXT5", {{4, 4, std::string(8, '\0') + plainBlocks(4, 4, 0xFFFF)}, {2, 2, std::string(16, '\0')}}}}};
         for (int i = 0; i < 200; ++i) { builder.textures.push_back({"more" + std::to_string(i), "ARGB", {}}); }
         archive = folder.write("demo.cdds", builder.build());
     }
@@ -220,6 +221,55 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
         }
     });
     run();
+}
+
+TEST_F(RealWindow, TheDialogOfATextureWorksFromTheKeyboard) {
+    openArchive();
+    const auto press = [](int key, Qt::KeyboardModifiers held = {}) {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), held);
+    };
+    const auto summary = [] { return dialog<QDialog>()->findChild<QPlainTextEdit*>("ExtractSummary"); };
+    const auto open = [this] {
+        user.then([this] {
+                click(list("Output0"), 3);
+                widget<QLineEdit>("Text8").setText(QString::fromStdString(folder.path()));
+                program.window.activateWindow();
+                widget<QPushButton>("cmdExtract").click();
+            })
+            .until("the dialog", [] { return dialog<QDialog>() != nullptr && dialog<QDialog>()->isActiveWindow(); });
+    };
+    open();
+    user.then([=] {
+        EXPECT_EQ(QApplication::focusWidget()->objectName(), "cmdExtractInsert");
+        QTest::keyClick(dialog<QDialog>(), Qt::Key_X, Qt::AltModifier);
+    });
+    user.until("the levels one by one", [this] { return program.main.transfer.optMipmaps[External].selected(); });
+    user.then([=, this] {
+        auto* levels = dialog<QDialog>()->findChild<QListView*>("List1");
+        levels->setFocus();
+        press(Qt::Key_Down);
+        press(Qt::Key_Space);
+        EXPECT_EQ(row(program.main.transfer.List1.isChecked(0), program.main.transfer.List1.isChecked(1)), "true, false");
+        QTest::mouseClick(levels->viewport(), Qt::LeftButton, {}, levels->visualRect(levels->model()->index(0, 0)).center());
+        QTest::mouseClick(levels->viewport(), Qt::LeftButton, {}, levels->visualRect(levels->model()->index(1, 0)).center());
+        EXPECT_EQ(row(levels->model()->index(0, 0).data(Qt::CheckStateRole).toInt(), levels->currentIndex().row()), "0, 1");
+        press(Qt::Key_Return); // the default button
+        EXPECT_EQ(summary()->toPlainText().toStdString(), folder.file("\u00E9toile-2x2.dds written\n1 file(s) extracted."));
+        const int height = summary()->height();
+        dialog<QDialog>()->resize(dialog<QDialog>()->size() + QSize{0, 100});
+        EXPECT_EQ(summary()->height(), height + 100);
+        press(Qt::Key_Escape);
+    });
+    user.until("its end", [] { return dialog<QDialog>() == nullptr; });
+    open();
+    user.then([=] {
+        EXPECT_TRUE(dialog<QDialog>()->findChild<QRadioButton*>("optMipmaps0")->isChecked());
+        EXPECT_EQ(summary()->toPlainText(), "");
+        dialog<QDialog>()->close();
+    });
+    user.until("its end", [] { return dialog<QDialog>() == nullptr; });
+    run();
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"Pelrath.ini", "demo.cdds", "\u00E9toile-2x2.dds"}));
 }
 
 }} // namespace pelrath
