@@ -129,6 +129,7 @@ TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
     EXPECT_EQ(visit("", ""), "1, false, true, Invalid Bazar Temporary Folder, dds SE(X)C #. bazar");
     EXPECT_EQ(visit(folder.file("gone"), folder.path()), "1, true, true, " + folder.path() + ", dds SE(X)C #. bazar");
     EXPECT_EQ(visit(folder.path(), ""), "0, true, true, " + folder.path() + ", dds SE(X)C #. bazar");
+    target.clear();
     open(in, [&] {
         EXPECT_EQ(row(asked, dialog.chkDestination[1].checked()), "0, false"); // the reset asked nothing
         dialog.chkDestination[0].setChecked(false);
@@ -147,6 +148,42 @@ TEST_F(Dialog, RefusesTypesThatItCannotHandle) {
         }
     }
     EXPECT_EQ(files(), "");
+}
+
+TEST_F(Dialog, NothingOverlapsAtAnySize) {
+    use({CddsType::TypeCdds, {test::chain("wall.tga", "DXT5", 8, 2)}});
+    const std::vector<const Control*> placed{&dialog.Label1,           &dialog.Text1,
+                                             &dialog.FileFormat,       &dialog.Mipmaps,
+                                             &dialog.OptionsFrame,     &dialog.extractOptionsFrame,
+                                             &dialog.destinationFrame, &dialog.lblWarningTgaInsert,
+                                             &dialog.ExtractSummary,   &dialog.cmdExtractInsert,
+                                             &dialog.cmdQuit};
+    const auto check = [&](const std::string& when) {
+        const Box whole{0, 0, dialog.window.box().width, dialog.window.box().height};
+        const auto apart = [](const Box& a, const Box& b) {
+            return a.left + a.width <= b.left || b.left + b.width <= a.left || a.top + a.height <= b.top || b.top + b.height <= a.top;
+        };
+        EXPECT_GT(dialog.ExtractSummary.box().height, 1000) << when;
+        for (const Control* a : placed) {
+            if (!a->visible()) continue;
+            const Box& one = a->box();
+            EXPECT_TRUE(one.left >= 0 && one.top >= 0 && one.left + one.width <= whole.width && one.top + one.height <= whole.height)
+                << when << one.top;
+            for (const Control* b : placed) {
+                if (a != b && b->visible()) { EXPECT_TRUE(apart(one, b->box())) << when << one.top << ' ' << b->box().top; }
+            }
+        }
+    };
+    for (const auto& [mode, clicks] : {std::pair{out, ""}, {in, ""}, {in, "n"}, {in, "nd"}}) {
+        open(mode, [&, clicks = clicks] {
+            click(clicks);
+            check(clicks);
+            dialog.window.setSize(dialog.window.smallestWidth(), dialog.window.smallestHeight());
+            check(std::string{clicks} + " smallest ");
+            dialog.window.setSize(20000, 12000);
+            check(std::string{clicks} + " large ");
+        });
+    }
 }
 
 // Rules that followed each other's changes one by one would nest as deep as the list is long.
