@@ -33,7 +33,8 @@ struct LoadableFile {
 /// - TGA: palette, true colour and grey, run-length or not, 8, 15, 16, 24 or 32 bits, any origin.
 /// - DDS: DXT1 or DXT5. Only level 0 is handed on, so that no later save or scaling drags along a chain that
 ///   belongs to another picture; the bytes of every declared level must be there all the same.
-/// - JPG: baseline, extended or progressive, grey or three channels.
+/// - JPG: baseline, extended or progressive, at most 100 scans, grey or three channels; what follows its end
+///   mark is left alone.
 /// A side is 1 to 16384 pixels long, and there are no more than 2^27 pixels in all.
 [[nodiscard]] LoadableFile makeLoadable(FileKind kind, std::vector<std::byte> file);
 
