@@ -92,6 +92,13 @@ std::string targa(std::uint32_t type, std::uint32_t bits, std::uint32_t descript
     return file + little(0, 8) + std::string{"TRUEVISION-XFILE.\0", 18};
 }
 
+/// A TGA file without a footer, with an extension area that says what the alpha is.
+std::string withAttributesType(const std::string& file, std::uint32_t type) {
+    return file + little(495, 2) + std::string(492, '\0') + little(type, 1) +
+           little(static_cast<std::uint32_t>(file.size()), 4) + little(0, 4) +
+           std::string{"TRUEVISION-XFILE.\0", 18};
+}
+
 std::string dds(std::string_view fourCC, std::uint32_t width, std::uint32_t height, std::uint32_t levels) {
     std::string data;
     for (std::uint32_t level = 0; level < levels; ++level) {
@@ -145,6 +152,10 @@ int main(int argc, char** argv) {
             seeds.write("tga", targa(3 + runs, 8, origin, 0));
             seeds.write("tga", targa(3 + runs, 16, origin, 0));
         }
+    }
+    for (const std::uint32_t attributes : {0U, 2U, 3U, 4U}) {
+        seeds.write("tga", withAttributesType(targa(2, 32, 0x28, 0), attributes));
+        seeds.write("tga", withAttributesType(targa(1, 8, 0x20, 32), attributes));
     }
     for (const char* fourCC : {"DXT1", "DXT5"}) {
         for (const std::uint32_t side : {1U, 3U, 4U, 9U, 16U}) {

@@ -18,10 +18,6 @@ constexpr std::uint64_t mostRunPixels = std::uint64_t{1} << 26;
 
 enum class Compression : std::uint32_t { None = 0, Rle8 = 1, Rle4 = 2, BitFields = 3, AlphaBitFields = 6 };
 
-bool oneOf(std::uint32_t value, std::initializer_list<std::uint32_t> allowed) {
-    return std::find(allowed.begin(), allowed.end(), value) != allowed.end();
-}
-
 struct Shape {
     std::int64_t width;
     std::int64_t height;
@@ -54,7 +50,7 @@ void readCoding(BitmapHeader& header, Compression compression) {
     case Compression::AlphaBitFields:
         // In the OS/2 header the same number stands for another coding.
         if (header.headerBytes == os2Header) refuse(Refusal::KindNotSupported);
-        if (!oneOf(header.bits, {16, 32})) refuse(Refusal::ImpossibleValue);
+        requireOneOf({16, 32}, header.bits, Refusal::ImpossibleValue);
         header.hasMasks = true;
         return;
     default:
@@ -112,10 +108,7 @@ void readPalette(BitmapHeader& header, const CheckedBytes& file, std::uint64_t p
 
 std::uint8_t ChannelMask::valueIn(std::uint32_t pixel, std::uint8_t absent) const {
     if (mask == 0) return absent;
-    const std::uint64_t highest = mask >> shift;
-    const std::uint64_t value = (pixel & mask) >> shift;
-    if (highest == 255) return static_cast<std::uint8_t>(value);
-    return static_cast<std::uint8_t>((value * 255 + highest / 2) / highest);
+    return scaledToByte((pixel & mask) >> shift, mask >> shift);
 }
 
 BitmapHeader readBitmapHeader(const CheckedBytes& file) {
@@ -124,15 +117,14 @@ BitmapHeader readBitmapHeader(const CheckedBytes& file) {
     }
     BitmapHeader header;
     header.headerBytes = file.longAt(14);
-    if (!oneOf(header.headerBytes, {coreHeader, plainHeader, 52, alphaMaskHeader, os2Header, 108, 124})) {
-        refuse(Refusal::NotThisKind);
-    }
+    requireOneOf({coreHeader, plainHeader, 52, alphaMaskHeader, os2Header, 108, 124}, header.headerBytes,
+                 Refusal::NotThisKind);
     const Shape shape = shapeOf(file, header.headerBytes);
     header.topRowFirst = shape.height < 0;
     header.sides = checkedSides(shape.width, header.topRowFirst ? -shape.height : shape.height);
     if (shape.planes != 1) refuse(Refusal::ImpossibleValue);
     header.bits = shape.bits;
-    if (!oneOf(header.bits, {1, 4, 8, 16, 24, 32})) refuse(Refusal::ImpossibleValue);
+    requireOneOf({1, 4, 8, 16, 24, 32}, header.bits, Refusal::ImpossibleValue);
     readCoding(header, shape.compression);
     std::uint64_t behindHeader = fileHeaderBytes + header.headerBytes;
     if (header.bits == 16 || header.bits == 32) behindHeader += readMasks(header, file, shape.compression);

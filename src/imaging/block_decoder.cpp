@@ -1,24 +1,27 @@
 #include "imaging/block_decoder.hpp"
 
+#include "imaging/checked_bytes.hpp"
 #include "platform/runtime_error.hpp"
 
-#include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace pelrath {
 
 namespace {
 
+struct Texel {
+    std::uint8_t red;
+    std::uint8_t green;
+    std::uint8_t blue;
+    std::uint8_t alpha;
+};
+static_assert(sizeof(Texel) == bytesPerTexel);
+
+/// The 4 x 4 texels of a block, row by row from the top left.
+using DecodedBlock = std::array<Texel, 16>;
 using Palette = std::array<Texel, 4>;
 using Alphas = std::array<std::uint8_t, 8>;
-
-constexpr std::uint64_t littleEndian(std::span<const std::byte> bytes) {
-    std::uint64_t value = 0;
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        value |= std::to_integer<std::uint64_t>(bytes[i]) << (8 * i);
-    }
-    return value;
-}
 
 Texel widen(unsigned packed) {
     const unsigned red = packed >> 11;
@@ -90,7 +93,8 @@ void decodeBlocks(std::span<const std::byte> blocks, std::size_t width, std::siz
             blocks = blocks.subspan(blockSize);
             const std::size_t columns = std::min<std::size_t>(4, width - x);
             for (std::size_t row = 0; row < rows; ++row) {
-                std::memcpy(texels + ((y + row) * width + x) * 4, &decoded[row * 4], columns * 4);
+                std::memcpy(texels + ((y + row) * width + x) * bytesPerTexel, &decoded[row * 4],
+                            columns * bytesPerTexel);
             }
         }
     }
@@ -98,21 +102,10 @@ void decodeBlocks(std::span<const std::byte> blocks, std::size_t width, std::siz
 
 } // namespace
 
-DecodedBlock decodeBlock(BlockFormat format, std::span<const std::byte> block) {
-    if (block.size() != bytesPerBlock(format)) throw makeError(ErrorNumber::InvalidCall, "decodeBlock");
-    DecodedBlock texels;
-    if (format == BlockFormat::Dxt1) {
-        decode<BlockFormat::Dxt1>(block, texels);
-    } else {
-        decode<BlockFormat::Dxt5>(block, texels);
-    }
-    return texels;
-}
-
 void decodeLevel(BlockFormat format, std::span<const std::byte> blocks, std::uint32_t width,
                  std::uint32_t height, std::span<std::byte> texels) {
     if (width == 0 || height == 0 || blocks.size() < bytesPerLevel(format, width, height) ||
-        texels.size() != std::uint64_t{width} * height * sizeof(Texel)) {
+        texels.size() != std::uint64_t{width} * height * bytesPerTexel) {
         throw makeError(ErrorNumber::InvalidCall, "decodeLevel");
     }
     if (format == BlockFormat::Dxt1) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <array>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -10,17 +10,8 @@ namespace pelrath {
 
 enum class BlockFormat { Dxt1, Dxt5 };
 
-struct Texel {
-    std::uint8_t red;
-    std::uint8_t green;
-    std::uint8_t blue;
-    std::uint8_t alpha; ///< 255: opaque
-    bool operator==(const Texel&) const = default;
-};
-static_assert(sizeof(Texel) == 4);
-
-/// The 4 x 4 texels of a block, row by row from the top left.
-using DecodedBlock = std::array<Texel, 16>;
+/// Of a decoded one: red, green, blue, alpha (255: opaque).
+inline constexpr std::size_t bytesPerTexel = 4;
 
 [[nodiscard]] constexpr std::size_t bytesPerBlock(BlockFormat format) {
     return format == BlockFormat::Dxt1 ? 8 : 16;
@@ -34,11 +25,19 @@ using DecodedBlock = std::array<Texel, 16>;
     return across * down * bytesPerBlock(format);
 }
 
-/// `block` holds bytesPerBlock(format) bytes. 5-bit channels widen as v << 3 | v >> 2, 6-bit ones as
-/// v << 2 | v >> 4; interpolated values are cut to whole steps, as the common software decoders do.
-[[nodiscard]] DecodedBlock decodeBlock(BlockFormat format, std::span<const std::byte> block);
+/// Bytes of the first `levels` levels, each half as wide and half as high as the one before, but no side
+/// below 1; at most 32.
+[[nodiscard]] constexpr std::uint64_t bytesPerChain(BlockFormat format, std::uint32_t width,
+                                                    std::uint32_t height, std::uint32_t levels) {
+    std::uint64_t bytes = 0;
+    for (std::uint32_t level = 0; level < levels; ++level) {
+        bytes += bytesPerLevel(format, std::max(width >> level, 1U), std::max(height >> level, 1U));
+    }
+    return bytes;
+}
 
-/// Decodes one level into rows from the top, 4 bytes a texel (red, green, blue, alpha), without padding.
+/// Decodes one level into rows from the top, without padding. 5-bit channels widen as v << 3 | v >> 2, 6-bit
+/// ones as v << 2 | v >> 4; interpolated values are cut to whole steps, as the common software decoders do.
 /// Fails with "Invalid procedure call" unless `blocks` holds at least bytesPerLevel() and `texels` exactly
 /// 4 x width x height bytes.
 void decodeLevel(BlockFormat format, std::span<const std::byte> blocks, std::uint32_t width,

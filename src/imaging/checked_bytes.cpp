@@ -14,15 +14,11 @@ std::uint8_t CheckedBytes::byteAt(std::uint64_t offset) const {
 }
 
 std::uint16_t CheckedBytes::wordAt(std::uint64_t offset) const {
-    const Bytes two = slice(offset, 2);
-    return static_cast<std::uint16_t>(std::to_integer<unsigned>(two[0]) | std::to_integer<unsigned>(two[1])
-                                                                              << 8);
+    return static_cast<std::uint16_t>(littleEndian(slice(offset, 2)));
 }
 
 std::uint32_t CheckedBytes::longAt(std::uint64_t offset) const {
-    const Bytes four = slice(offset, 4);
-    return std::to_integer<std::uint32_t>(four[0]) | std::to_integer<std::uint32_t>(four[1]) << 8 |
-           std::to_integer<std::uint32_t>(four[2]) << 16 | std::to_integer<std::uint32_t>(four[3]) << 24;
+    return static_cast<std::uint32_t>(littleEndian(slice(offset, 4)));
 }
 
 } // namespace pelrath

@@ -172,7 +172,7 @@ void ImageLibraryFacade::putExactPixels(const LoadableFile& file) {
                             library_.ilGetInteger(IL_IMAGE_ORIGIN) == IL_ORIGIN_UPPER_LEFT;
     ILubyte* const pixels = library_.ilGetData();
     if (!asExpected || pixels == nullptr) throw ImageLibraryError{IL_INTERNAL_ERROR, "loadImage"};
-    const std::span<ILubyte> all{pixels, static_cast<std::size_t>(file.sides.pixels()) * sizeof(Texel)};
+    const std::span<ILubyte> all{pixels, static_cast<std::size_t>(file.sides.pixels()) * bytesPerTexel};
     decodeLevel(*file.blocks, Bytes{file.bytes}.subspan(LoadableFile::blocksAt), file.sides.width,
                 file.sides.height, std::as_writable_bytes(all));
 }
@@ -199,7 +199,7 @@ bool ImageLibraryFacade::saveImage([[maybe_unused]] std::int32_t imageType, cons
                                    bool overwrite) {
     return attempt({"ilSave Error Number: ", "ImageSave Error : ", true}, [&] {
         prepareBoundImage(overwrite);
-        if (!writeBoundImage(fileName)) return false;
+        if (!writeBoundImage(fileName, overwrite)) return false;
         trace_.traceMessage("ilSave done sucessfully.");
         return true;
     });
@@ -224,14 +224,14 @@ void ImageLibraryFacade::prepareBoundImage(bool overwrite) {
     if (!setLibraryFlag(IL_FILE_OVERWRITE, overwrite)) check();
 }
 
-bool ImageLibraryFacade::writeBoundImage(const std::string& fileName) {
+bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overwrite) {
     const Sides sides = boundSides();
     const bool writable = mayBeWritten(fileName);
     // The library looks whether the name is there by opening it, which a pipe would never let it.
     if (!writable && fileExists(fileName) && !std::filesystem::is_regular_file(fileName)) {
         throw ImageLibraryError{IL_COULD_NOT_OPEN_FILE, "saveImage"};
     }
-    const WritingToMemory writing{writable};
+    WritingToMemory writing{writable};
     const bool saved = librarySaves(fileName);
     bindWholeImage();
     const std::int32_t code = images_.readErrorCode();
@@ -239,14 +239,16 @@ bool ImageLibraryFacade::writeBoundImage(const std::string& fileName) {
     if (code != 0) throw ImageLibraryError{code, "saveImage"};
     if (!saved) return false;
     if (writing.outOfMemory()) throw ImageLibraryError{IL_OUT_OF_MEMORY, "saveImage"};
-    if (!isWholeFile(options_.imageType, sides, writing.bytes())) {
+    std::vector<std::byte> file = writing.take();
+    if (!isWholeFile(options_.imageType, sides, file)) {
         throw ImageLibraryError{IL_FILE_WRITE_ERROR, "saveImage"};
     }
     // An earlier save may have left its chain on the image.
-    const bool cutChain = options_.imageType == IL_DDS && !options_.buildMipmaps;
-    const std::vector<std::byte> single =
-        cutChain ? withoutChain(sides, writing.bytes()) : std::vector<std::byte>{};
-    const std::array<Bytes, 1> pieces{cutChain ? Bytes{single} : writing.bytes()};
+    if (options_.imageType == IL_DDS && !options_.buildMipmaps) dropChain(sides, file);
+    if (options_.imageType == IL_TGA) declareAlpha(file);
+    // The library does not see a file that it cannot open.
+    if (!overwrite && fileExists(fileName)) throw ImageLibraryError{IL_FILE_ALREADY_EXISTS, "saveImage"};
+    const std::array<Bytes, 1> pieces{file};
     replaceFile(fileName, pieces, Durability::Flushed);
     return true;
 }

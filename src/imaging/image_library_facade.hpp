@@ -73,7 +73,7 @@ private:
     void loadChecked(const LoadableFile& file, const std::string& fileName);
     void putExactPixels(const LoadableFile& file);
     void prepareBoundImage(bool overwrite);
-    bool writeBoundImage(const std::string& fileName);
+    bool writeBoundImage(const std::string& fileName, bool overwrite);
     void bindWholeImage();
     [[nodiscard]] bool librarySaves(const std::string& fileName);
     void scaleBoundImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);

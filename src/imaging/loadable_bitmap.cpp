@@ -8,14 +8,6 @@ namespace pelrath {
 
 namespace {
 
-std::uint32_t numberAt(Bytes row, std::size_t offset, std::size_t count) {
-    std::uint32_t value = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        value |= std::to_integer<std::uint32_t>(row[offset + i]) << (8 * i);
-    }
-    return value;
-}
-
 std::uint32_t indexAt(Bytes row, std::uint32_t x, unsigned bits) {
     const std::size_t bit = std::size_t{x} * bits;
     const auto byte = std::to_integer<std::uint32_t>(row[bit / 8]);
@@ -30,7 +22,7 @@ Bgra maskedPixel(std::uint32_t stored, const BitmapHeader& header) {
 Bgra pixelAt(Bytes row, std::uint32_t x, const BitmapHeader& header) {
     if (header.bits >= 16) {
         const std::size_t bytes = header.bits / 8;
-        const std::uint32_t stored = numberAt(row, x * bytes, bytes);
+        const auto stored = static_cast<std::uint32_t>(littleEndian(row.subspan(x * bytes, bytes)));
         if (header.bits == 24) {
             return {static_cast<std::uint8_t>(stored), static_cast<std::uint8_t>(stored >> 8),
                     static_cast<std::uint8_t>(stored >> 16), 255};
@@ -51,10 +43,7 @@ Bytes rowAt(const CheckedBytes& file, const BitmapHeader& header, std::uint32_t 
 /// leave it 0.
 bool spareByteIsAlpha(const CheckedBytes& file, const BitmapHeader& header) {
     for (std::uint32_t y = 0; y < header.sides.height; ++y) {
-        const Bytes row = rowAt(file, header, y);
-        for (std::size_t at = 3; at < row.size(); at += 4) {
-            if (row[at] != std::byte{0}) return true;
-        }
+        if (anyLastByteSet(rowAt(file, header, y), 4)) return true;
     }
     return false;
 }

@@ -1,27 +1,39 @@
 #include "imaging/memory_files.hpp"
 
+#include "platform/runtime_error.hpp"
+
 #include <IL/il.h>
 
 #include <algorithm>
 #include <cstring>
 #include <new>
+#include <utility>
 
 namespace pelrath {
 
 namespace {
 
-/// The library passes no word of ours along when it opens a file, so that the file in use stands here.
+/// The library passes no word of ours along when it opens a file, so that the file in use stands here. As the
+/// library itself, it is the process's own, and one user at a time has it.
 struct MemoryFile {
     Bytes reading;
     std::vector<std::byte> written;
+    bool inUse = false;
     bool mayBeOpened = false;
     bool outOfMemory = false;
     std::size_t at = 0;
 
-    void rewind(bool openable) {
+    void take(bool openable) {
+        if (std::exchange(inUse, true)) throw makeError(ErrorNumber::InvalidCall, "MemoryFile");
         mayBeOpened = openable;
         outOfMemory = false;
         at = 0;
+    }
+
+    void release() {
+        inUse = false;
+        reading = {};
+        std::vector<std::byte>{}.swap(written);
     }
 };
 MemoryFile readFile;
@@ -96,27 +108,27 @@ ILint seekWriting(ILHANDLE handle, ILint offset, ILint from) {
 } // namespace
 
 ReadingFromMemory::ReadingFromMemory(Bytes bytes) {
+    readFile.take(true);
     readFile.reading = bytes;
-    readFile.rewind(true);
     ::ilSetRead(openForReading, close, atEnd, readByte, read, seekReading, tell);
 }
 
 ReadingFromMemory::~ReadingFromMemory() {
     ::ilResetRead();
-    readFile.reading = {};
+    readFile.release();
 }
 
 WritingToMemory::WritingToMemory(bool mayBeWritten) {
-    writtenFile.rewind(mayBeWritten);
+    writtenFile.take(mayBeWritten);
     ::ilSetWrite(openForWriting, close, writeByte, seekWriting, tell, write);
 }
 
 WritingToMemory::~WritingToMemory() {
     ::ilResetWrite();
-    std::vector<std::byte>{}.swap(writtenFile.written);
+    writtenFile.release();
 }
 
-Bytes WritingToMemory::bytes() const { return writtenFile.written; }
+std::vector<std::byte> WritingToMemory::take() { return std::move(writtenFile.written); }
 
 bool WritingToMemory::outOfMemory() const { return writtenFile.outOfMemory; }
 

@@ -9,7 +9,8 @@
 namespace pelrath {
 
 /// For as long as it lives, every file that the library opens for reading holds these bytes: what was
-/// checked is what the library sees, whatever happens to the file meanwhile. One at a time.
+/// checked is what the library sees, whatever happens to the file meanwhile. A
+/// second one beside it fails with "Invalid procedure call".
 class ReadingFromMemory {
 public:
     /// The bytes must stay where they are.
@@ -20,7 +21,8 @@ public:
 };
 
 /// For as long as it lives, every file that the library opens for writing is kept in memory, so that
-/// nothing reaches the disk before it is known to be whole. One at a time.
+/// nothing reaches the disk before it is known to be whole. A second one beside it fails with "Invalid
+/// procedure call".
 class WritingToMemory {
 public:
     /// `mayBeWritten` false lets every opening fail, as it does for a file that cannot be written.
@@ -29,7 +31,8 @@ public:
     WritingToMemory(const WritingToMemory&) = delete;
     WritingToMemory& operator=(const WritingToMemory&) = delete;
 
-    [[nodiscard]] Bytes bytes() const;
+    /// The file as far as it is written; nothing is left here.
+    [[nodiscard]] std::vector<std::byte> take();
     /// True when memory ran out, and the bytes are not all.
     [[nodiscard]] bool outOfMemory() const;
 };

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
+#include <utility>
 #include <vector>
 
 namespace pelrath {
@@ -16,6 +16,11 @@ struct Bgra {
     std::uint8_t red = 0;
     std::uint8_t alpha = 255;
 };
+
+/// A channel that runs from 0 to `highest` on the scale 0 to 255, rounded.
+[[nodiscard]] constexpr std::uint8_t scaledToByte(std::uint64_t value, std::uint64_t highest) {
+    return static_cast<std::uint8_t>(highest == 255 ? value : (value * 255 + highest / 2) / highest);
+}
 
 /// The one form into which every picture that the library cannot read is brought: an uncompressed TGA file
 /// of 24 bits, or of 32 where there is alpha, with the top row first.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 
 namespace pelrath {
 
@@ -18,6 +19,9 @@ enum class Refusal : std::int32_t {
 /// Raises the ImageLibraryError of a refused file.
 [[noreturn]] void refuse(Refusal reason);
 
+/// Refuses a file in which `value` is none of those allowed.
+void requireOneOf(std::initializer_list<std::uint32_t> allowed, std::uint32_t value, Refusal reason);
+
 /// Sides of a picture, in pixels.
 struct Sides {
     std::uint32_t width = 0;
@@ -28,7 +32,8 @@ struct Sides {
 
 /// The longest side: the first of 15 levels down to 1 pixel.
 inline constexpr std::uint32_t longestSide = 16384;
-/// The most pixels: half a gigabyte in the library, and as much again while it converts or scales.
+/// The most pixels: half a gigabyte in the library, and up to two while it converts, scales and saves. A
+/// picture of 16384 x 16384, which is refused for that, would take twice as much.
 inline constexpr std::uint64_t mostPixels = std::uint64_t{1} << 27;
 
 [[nodiscard]] constexpr bool possibleSides(std::int64_t width, std::int64_t height) {

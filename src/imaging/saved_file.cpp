@@ -1,12 +1,10 @@
 #include "imaging/saved_file.hpp"
 
-#include "imaging/block_decoder.hpp"
-#include "imaging/checked_bytes.hpp"
+#include "imaging/dds_header.hpp"
 #include "imaging/library_error.hpp"
 #include "imaging/loadable_file.hpp"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
 namespace pelrath {
@@ -28,22 +26,10 @@ bool isWholeTarga(Sides sides, const CheckedBytes& file) {
     return std::search(end.begin(), end.end(), lastWord.begin(), lastWord.end(), same) != end.end();
 }
 
-constexpr std::size_t levelCountAt = 28;
-constexpr std::size_t capabilitiesAt = 108;
-
-BlockFormat blockFormatOf(const CheckedBytes& file) {
-    return file.byteAt(87) == '1' ? BlockFormat::Dxt1 : BlockFormat::Dxt5;
-}
-
 bool isWholeDds(Sides sides, const CheckedBytes& file) {
-    const BlockFormat format = blockFormatOf(file);
     const std::uint32_t levels = std::clamp(file.longAt(levelCountAt), 1U, 32U);
-    std::uint64_t length = LoadableFile::blocksAt;
-    for (std::uint32_t level = 0; level < levels; ++level) {
-        length +=
-            bytesPerLevel(format, std::max(sides.width >> level, 1U), std::max(sides.height >> level, 1U));
-    }
-    return file.size() == length;
+    return file.size() ==
+           LoadableFile::blocksAt + bytesPerChain(blockFormatOf(file), sides.width, sides.height, levels);
 }
 
 bool isWholeJpeg(const CheckedBytes& file) {
@@ -70,14 +56,17 @@ bool isWholeFile(std::int32_t imageType, Sides sides, Bytes bytes) try {
     return false; // too short for a header
 }
 
-std::vector<std::byte> withoutChain(Sides sides, Bytes file) {
+void dropChain(Sides sides, std::vector<std::byte>& file) {
     const std::uint64_t level = bytesPerLevel(blockFormatOf(CheckedBytes{file}), sides.width, sides.height);
-    const Bytes kept = file.first(LoadableFile::blocksAt + static_cast<std::size_t>(level));
-    std::vector<std::byte> single{kept.begin(), kept.end()};
-    single[levelCountAt] = std::byte{1};
-    constexpr std::array texture{std::byte{0x00}, std::byte{0x10}, std::byte{0x00}, std::byte{0x00}};
-    std::copy(texture.begin(), texture.end(), single.begin() + capabilitiesAt);
-    return single;
+    file.resize(LoadableFile::blocksAt + static_cast<std::size_t>(level));
+    writeLong(file, levelCountAt, 1);
+    writeLong(file, capabilitiesAt, textureCapability);
+}
+
+void declareAlpha(std::vector<std::byte>& file) {
+    constexpr std::byte eightAlphaBits{8};
+    constexpr std::byte highBits{0xF0};
+    if (file[16] == std::byte{32}) file[17] = (file[17] & highBits) | eightAlphaBits;
 }
 
 } // namespace pelrath

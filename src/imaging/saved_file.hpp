@@ -14,7 +14,11 @@ namespace pelrath {
 /// `imageType` is the library's number.
 [[nodiscard]] bool isWholeFile(std::int32_t imageType, Sides sides, Bytes file);
 
-/// A whole DDS file of a picture of these sides with its level 0 alone.
-[[nodiscard]] std::vector<std::byte> withoutChain(Sides sides, Bytes file);
+/// Leaves level 0 alone in a whole DDS file of a picture of these sides.
+void dropChain(Sides sides, std::vector<std::byte>& file);
+
+/// Makes the header of a whole TGA file claim the alpha that its 32-bit pixels hold: without the claim, a
+/// picture that is clear all over is taken for one without alpha.
+void declareAlpha(std::vector<std::byte>& file);
 
 } // namespace pelrath

@@ -109,8 +109,8 @@ TEST_F(Facade, ScalesOnWhenTheLibraryGivesNoReason) {
     pendingCode = 0;
     filtersSet.clear();
     ImageLibraryFacade failing{boxes, options, library};
-    for (const int filter : {9, -1, 8, 0}) { EXPECT_TRUE(failing.scaleImage(2, 2, static_cast<std::int16_t>(filter))) << filter; }
-    EXPECT_EQ(filtersSet, (std::vector<std::uint32_t>{0x2609, 0x2601}));
+    for (std::int16_t filter = -1; filter < 10; ++filter) { EXPECT_TRUE(failing.scaleImage(2, 2, filter)) << filter; }
+    EXPECT_EQ(filtersSet, (std::vector<std::uint32_t>{0x2601, 0x2602, 0x2603, 0x2604, 0x2605, 0x2606, 0x2607, 0x2608, 0x2609}));
     library.iluScale = [](std::uint32_t, std::uint32_t, std::uint32_t) { return pendingCode = 1286, std::uint8_t{0}; };
     EXPECT_FALSE((ImageLibraryFacade{boxes, options, library}.scaleImage(2, 2, 0)));
     expectBox("ilScaleImage Error Number: 1286 -> IL_ILLEGAL_OPERATION ");

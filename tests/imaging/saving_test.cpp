@@ -1,4 +1,7 @@
+#include "imaging/memory_files.hpp"
 #include "library_fixture.hpp"
+
+#include <sys/stat.h>
 
 namespace pelrath::test { namespace {
 
@@ -72,13 +75,21 @@ TEST_F(Saving, ReplacesAFileOnlyWhenAskedTo) {
 TEST_F(Saving, LeavesNothingBehindWhereItCannotWrite) {
     std::filesystem::create_directory(folder.file("folder.bmp"));
     std::filesystem::permissions(folder.write("readonly.bmp", "before"), std::filesystem::perms::owner_read);
-    for (const std::string name : {"gone/a.bmp", "folder.bmp", "readonly.bmp"}) {
-        EXPECT_FALSE(save(OutputFileType::Bmp, name)) << name;
+    ASSERT_EQ(mkfifo(folder.file("pipe.bmp").c_str(), 0600), 0);
+    for (const std::string name : {"gone/a.bmp", "folder.bmp", "pipe.bmp", "readonly.bmp"}) {
+        // Without leave to overwrite, the library would open the pipe to see whether it is there, and wait.
+        EXPECT_FALSE(save(OutputFileType::Bmp, name, name != "pipe.bmp")) << name;
         expectBox("ilSave Error Number: 1290 -> IL_COULD_NOT_OPEN_FILE ");
         EXPECT_EQ(images.readErrorCode(), 0);
     }
-    EXPECT_EQ(folder.names(), (std::vector<std::string>{"folder.bmp", "readonly.bmp"}));
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"folder.bmp", "pipe.bmp", "readonly.bmp"}));
     EXPECT_EQ(folder.read("readonly.bmp"), "before");
+}
+
+TEST_F(Saving, KeepsAPictureThatIsClearAllOver) {
+    ASSERT_TRUE(facade.loadImage(folder.write("clear.tga", bytesOf("000002 9*00 w2 w1 2028 8*00")), image));
+    ASSERT_TRUE(save(OutputFileType::Tga, "saved.tga"));
+    EXPECT_TRUE(pixelsOf(folder.file("saved.tga")) == pixels(".."));
 }
 
 TEST_F(Saving, KeepsTheOldFileWhenTheDiskEndsBeforeTheNewOne) {
@@ -99,6 +110,9 @@ TEST_F(Saving, ChecksTheQualityBeforeTheLibraryDoes) {
     }
     options.jpgQuality = 90;
     EXPECT_TRUE(save(OutputFileType::Jpg, "a.jpg"));
+    const WritingToMemory other{true};
+    EXPECT_FALSE(save(OutputFileType::Jpg, "a.jpg"));
+    expectBox("ImageSave Error : 5 Invalid procedure call");
 }
 
 TEST_F(Saving, DoesNotBelieveASaveThatIsNotWhole) {
@@ -118,6 +132,15 @@ TEST_F(Saving, DoesNotBelieveASaveThatIsNotWhole) {
         boxes.expect(box);
         EXPECT_EQ(folder.names(), std::vector<std::string>{});
     }
+    // A file of that name has come while the library was at work.
+    library.ilSaveImage = [](const char* name) {
+        const std::uint8_t done = imageLibrary().ilSaveImage(name);
+        std::ofstream{name} << "new";
+        return done;
+    };
+    EXPECT_FALSE((ImageLibraryFacade{boxes, options, library}.saveImage(options.imageType, folder.file("a.tga"), false)));
+    expectBox("ilSave Error Number: 1292 -> IL_FILE_ALREADY_EXISTS ");
+    EXPECT_EQ(folder.read("a.tga"), "new");
 }
 
 }} // namespace pelrath::test

@@ -34,7 +34,7 @@ inline std::string little(std::int64_t value, int bytes) {
     return text;
 }
 
-/// Bytes from words: hexadecimal ones, N*XX that repeats one, wN and dN for 16-bit and 32-bit little-endian numbers.
+/// Bytes from words: hexadecimal ones, N*XX that repeats some, wN and dN for 16-bit and 32-bit little-endian numbers.
 inline std::string bytesOf(const std::string& notation) {
     std::string bytes;
     std::istringstream words{notation};
@@ -45,9 +45,11 @@ inline std::string bytesOf(const std::string& notation) {
             bytes += little(std::stoll(word.substr(1)), word[0] == 'w' ? 2 : 4);
             continue;
         }
+        std::string once;
         for (std::size_t i = star == std::string::npos ? 0 : star + 1; i < word.size(); i += 2) {
-            bytes.append(times, static_cast<char>(std::stoi(word.substr(i, 2), nullptr, 16)));
+            once += static_cast<char>(std::stoi(word.substr(i, 2), nullptr, 16));
         }
+        for (std::size_t i = 0; i < times; ++i) { bytes += once; }
     }
     return bytes;
 }
