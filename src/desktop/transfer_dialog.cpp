@@ -45,12 +45,12 @@ void TransferDialog::buildTexture() {
 
 void TransferDialog::buildFileKind() {
     QGroupBox& box = frame(model_.FileFormat, "FileFormat");
-    auto* group = new QButtonGroup{&box};
+    QButtonGroup& group = make<QButtonGroup>("fileTypes", box);
     constexpr std::array<char16_t, 2> mnemonics{u'M', u'D'};
     for (std::size_t i = 0; i < model_.optOutFileType.size(); ++i) {
         const QString name = "optOutFileType" + QString::number(i);
         // BMP has an M; TGA, which has none, its T.
-        binder_.bind(model_.optOutFileType[i], make<QRadioButton>(name, box), *group, mnemonics.at(i));
+        binder_.bind(model_.optOutFileType[i], make<QRadioButton>(name, box), group, mnemonics.at(i));
     }
 }
 
@@ -58,12 +58,11 @@ void TransferDialog::buildMipmaps() {
     QGroupBox& box = frame(model_.Mipmaps, "Mipmaps");
     BorderedBox& holder = make<BorderedBox>("Picture1", box);
     binder_.bind(model_.Picture1, holder);
-    auto* group = new QButtonGroup{&box};
+    QButtonGroup& group = make<QButtonGroup>("operations", box);
     constexpr std::array<char16_t, 4> mnemonics{u'S', u'b', u'x', u'C'};
     for (std::size_t i = 0; i < model_.optMipmaps.size(); ++i) {
         const QString name = "optMipmaps" + QString::number(i);
-        binder_.bind(model_.optMipmaps[i], make<QRadioButton>(name, holder.inside()), *group,
-                     mnemonics.at(i));
+        binder_.bind(model_.optMipmaps[i], make<QRadioButton>(name, holder.inside()), group, mnemonics.at(i));
     }
     QLabel& caption = make<QLabel>("lblFilter", box);
     binder_.bind(model_.lblFilter, caption, 'F');

@@ -76,7 +76,8 @@ void TextureExtraction::writeChain() {
 }
 
 void TextureExtraction::writeLevels() {
-    for (std::int16_t level = 0; level < c_.List1.count(); ++level) {
+    const auto levels = static_cast<std::int16_t>(c_.List1.count()); // no texture has more
+    for (std::int16_t level = 0; level < levels; ++level) {
         if (!c_.List1.isChecked(level)) continue;
         editorPath_ = buildImageFileName(session_, level, ImageFileKind::Dds);
         extractFile(editorPath_, [this, level] {
