@@ -245,6 +245,11 @@ int main(int argc, char* argv[]) {
         std::cerr << "pelrath-tour ARCHIVE-FOLDER PICTURE-FOLDER\n";
         return 2;
     }
+    // A desktop of its own: the editors of a real one have no business in the pictures.
+    const QTemporaryDir own;
+    for (const char* place : {"XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME"}) {
+        qputenv(place, own.path().toUtf8());
+    }
     desktop::Application::prepareGraphics();
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication qt{argc, argv};

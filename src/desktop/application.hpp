@@ -2,6 +2,7 @@
 
 #include "desktop/disclaimer_dialog.hpp"
 #include "desktop/main_window.hpp"
+#include "desktop/qt_file_associations.hpp"
 #include "desktop/qt_modal_windows.hpp"
 #include "desktop/qt_services.hpp"
 #include "desktop/transfer_dialog.hpp"
@@ -30,7 +31,7 @@ public:
     QtEventPump pump;
     QtViewportSurface surface;
     QtModalWindows windows;
-    DesktopAssociations associations;
+    QtFileAssociations associations;
     Main main;
     Binder binder;
     MainWindow window;

@@ -190,6 +190,9 @@ void Binder::bind(TextBox& box, QLineEdit& view) {
 void Binder::bind(TextBox& box, QPlainTextEdit& view) {
     attach(box, view, [&box, &view] {
         view.setReadOnly(box.locked());
+        // A caret shows where the keyboard is.
+        if (box.locked())
+            view.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
         QString text = toQString(box.text());
         text.replace("\r\n", "\n");
         if (view.toPlainText() != text) view.setPlainText(text);

@@ -70,9 +70,20 @@ void CheckListView::currentChanged(const QModelIndex& current, const QModelIndex
     refresh_->deliver([this, row] { list_->setCurrentRow(row); });
 }
 
+void CheckListView::initViewItemOption(QStyleOptionViewItem* option) const {
+    QListView::initViewItemOption(option);
+    if (hasFocus()) return;
+    option->palette.setBrush(QPalette::Highlight, palette().brush(QPalette::Midlight));
+    option->palette.setBrush(QPalette::HighlightedText, palette().brush(QPalette::Text));
+}
+
+// All of a click happens at its press: the base class, having seen only a part of it, would turn the mark
+// over once more.
+void CheckListView::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
+
 void CheckListView::mousePressEvent(QMouseEvent* event) {
     const QModelIndex line = indexAt(event->pos());
-    if (event->button() != Qt::LeftButton || !line.isValid()) return QListView::mousePressEvent(event);
+    if (event->button() != Qt::LeftButton || !line.isValid()) return event->accept();
     setFocus(Qt::MouseFocusReason);
     setCurrentIndex(line);
     const bool checked = line.data(Qt::CheckStateRole).toInt() == Qt::Checked;

@@ -39,7 +39,10 @@ public:
     void bindTo(CheckListBox& list, Binder& binder);
 
 protected:
+    /// The current line stands out while the list has the focus.
+    void initViewItemOption(QStyleOptionViewItem* option) const override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:

@@ -4,6 +4,7 @@
 #include "desktop/bordered_box.hpp"
 #include "desktop/key_line_edit.hpp"
 #include "desktop/list_box_view.hpp"
+#include "desktop/reachable.hpp"
 #include "desktop/swatch_button.hpp"
 
 #include <QApplication>
@@ -12,11 +13,9 @@
 #include <QCloseEvent>
 #include <QDialog>
 #include <QFrame>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTimer>
@@ -36,25 +35,6 @@ constexpr double frameHeight = 350;
 
 constexpr int activationPatience = 300; // milliseconds
 constexpr int settlingTime = 100;       // milliseconds
-
-// The nearest place at which enough of the title bar to take hold of lies on a screen.
-QPoint reachable(const QPoint& wanted, int width) {
-    constexpr int hold = 120; // pixels
-    const QPoint grip{wanted.x() + width / 2, wanted.y()};
-    const QScreen* nearest = QGuiApplication::primaryScreen();
-    const auto distance = [&grip](const QScreen* screen) {
-        const QRect area = screen->availableGeometry();
-        const QPoint inside{std::clamp(grip.x(), area.left(), area.right()),
-                            std::clamp(grip.y(), area.top(), area.bottom())};
-        return (grip - inside).manhattanLength();
-    };
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        if (distance(screen) < distance(nearest)) nearest = screen;
-    }
-    const QRect area = nearest->availableGeometry();
-    return {std::clamp(wanted.x(), area.left() + hold - width, area.right() - hold),
-            std::clamp(wanted.y(), area.top(), area.bottom() - hold)};
-}
 
 QString numbered(const char* name, std::size_t index) { return QString{name} + QString::number(index); }
 

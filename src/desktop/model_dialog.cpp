@@ -1,7 +1,8 @@
 #include "desktop/model_dialog.hpp"
 
+#include "desktop/reachable.hpp"
+
 #include <QApplication>
-#include <QScreen>
 
 namespace pelrath::desktop {
 
@@ -11,10 +12,13 @@ ModelDialog::ModelDialog(Window& model, Binder& binder) : model_(model), binder_
 }
 
 void ModelDialog::run() {
+    const QWidget* owner = QApplication::activeWindow();
     setParent(QApplication::activeWindow(), windowFlags());
     takeSize();
-    move(QGuiApplication::primaryScreen()->geometry().topLeft() +
-         binder_.screen().pixels(model_.box()).topLeft());
+    QRect place = binder_.screen().pixels(model_.box());
+    // A model keeps the place that its window has when it is not maximized.
+    if (owner != nullptr && owner->isMaximized()) place.moveCenter(owner->frameGeometry().center());
+    move(reachable(place.topLeft(), place.width()));
     activate();
     setWindowTitle(toQString(model_.caption()));
     const Refresh::Wait inside{binder_.refresh()};
@@ -43,6 +47,12 @@ void ModelDialog::resizeEvent(QResizeEvent* event) {
     if (size() == screen.pixels(model_.box()).size()) return; // the model's own, rounded to pixels
     binder_.refresh().deliver(
         [this, &screen] { model_.setSize(screen.twips(width()), screen.twips(height())); });
+}
+
+void ModelDialog::moveEvent(QMoveEvent* event) {
+    QDialog::moveEvent(event);
+    const QtScreen& screen = binder_.screen();
+    model_.moveTo(screen.twips(frameGeometry().left()), screen.twips(frameGeometry().top()));
 }
 
 void ModelDialog::reject() {

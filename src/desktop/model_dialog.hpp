@@ -22,6 +22,7 @@ public:
     void reject() override;
 
 protected:
+    void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

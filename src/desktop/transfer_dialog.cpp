@@ -49,9 +49,13 @@ void TransferDialog::buildFileKind() {
     constexpr std::array<char16_t, 2> mnemonics{u'M', u'D'};
     for (std::size_t i = 0; i < model_.optOutFileType.size(); ++i) {
         const QString name = "optOutFileType" + QString::number(i);
-        // BMP has an M; TGA, which has none, its T.
         binder_.bind(model_.optOutFileType[i], make<QRadioButton>(name, box), group, mnemonics.at(i));
     }
+    const OptionButton& native = model_.optOutFileType[NativeFileType];
+    auto& view = *box.findChild<QRadioButton*>("optOutFileType0");
+    binder_.attach(model_.optOutFileType[NativeFileType], view, [&native, &view] {
+        if (native.caption() == "TGA") view.setText("T&GA"); // which has no M
+    });
 }
 
 void TransferDialog::buildMipmaps() {

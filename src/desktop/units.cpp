@@ -61,6 +61,10 @@ QtScreen::QtScreen()
     : twipsPerPixel_(1440.0 / QGuiApplication::primaryScreen()->logicalDotsPerInchX()),
       fixedFont_(listingFont()) {}
 
+double QtScreen::left() const { return twips(QGuiApplication::primaryScreen()->geometry().left()); }
+
+double QtScreen::top() const { return twips(QGuiApplication::primaryScreen()->geometry().top()); }
+
 double QtScreen::width() const { return twips(QGuiApplication::primaryScreen()->geometry().width()); }
 
 double QtScreen::height() const { return twips(QGuiApplication::primaryScreen()->geometry().height()); }

@@ -30,6 +30,8 @@ public:
     QtScreen();
 
     [[nodiscard]] double twipsPerPixel() const override { return twipsPerPixel_; }
+    [[nodiscard]] double left() const override;
+    [[nodiscard]] double top() const override;
     [[nodiscard]] double width() const override;
     [[nodiscard]] double height() const override;
     [[nodiscard]] double textWidth(std::string_view text) const override;

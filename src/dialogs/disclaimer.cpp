@@ -35,7 +35,8 @@ void Disclaimer::show() {
 void Disclaimer::load() {
     window.load();
     window.setCaption("Pelrath V1.0-1 - Disclaimer");
-    window.moveTo((screen_.width() - window.box().width) / 2, (screen_.height() - window.box().height) / 2);
+    window.moveTo(screen_.left() + (screen_.width() - window.box().width) / 2,
+                  screen_.top() + (screen_.height() - window.box().height) / 2);
     Option1[0].deselect();
     Option1[1].deselect(); // so that it becomes selected, whatever was chosen last time
     Option1[1].select();

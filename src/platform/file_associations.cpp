@@ -1,5 +1,6 @@
 #include "platform/file_associations.hpp"
 
+#include "platform/files.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <gio/gio.h>
@@ -18,13 +19,15 @@ using Object = std::unique_ptr<T, Unref>;
 
 struct Free {
     void operator()(gpointer memory) const { g_free(memory); }
+    void operator()(char** words) const { g_strfreev(words); }
     void operator()(GError* error) const { g_error_free(error); }
 };
 using Text = std::unique_ptr<char, Free>;
 
 Object<GAppInfo> programFor(const std::string& file) {
-    // By the name alone: an empty file's content is of no kind.
-    const Text type{g_content_type_guess(file.c_str(), nullptr, 0, nullptr)};
+    // By the extension alone: an empty file's content is of no kind.
+    const std::string name = "file." + std::string{fileExtension(file)};
+    const Text type{g_content_type_guess(name.c_str(), nullptr, 0, nullptr)};
     if (g_content_type_is_unknown(type.get()) != FALSE) return nullptr;
     return Object<GAppInfo>{g_app_info_get_default_for_type(type.get(), FALSE)};
 }
@@ -33,9 +36,11 @@ Object<GAppInfo> programFor(const std::string& file) {
 
 std::string DesktopAssociations::executableFor(const std::string& file) {
     const Object<GAppInfo> program = programFor(file);
-    const char* executable = program ? g_app_info_get_executable(program.get()) : nullptr;
-    if (executable == nullptr) return {};
-    const Text path{g_find_program_in_path(executable)};
+    const char* command = program ? g_app_info_get_commandline(program.get()) : nullptr;
+    char** split = nullptr;
+    if (command == nullptr || g_shell_parse_argv(command, nullptr, &split, nullptr) == FALSE) return {};
+    const std::unique_ptr<char*, Free> words{split};
+    const Text path{g_find_program_in_path(split[0])};
     return path ? path.get() : "";
 }
 
@@ -47,7 +52,8 @@ void DesktopAssociations::open(const std::string& file) {
     const std::unique_ptr<GList, decltype(&g_list_free)> arguments{g_list_append(nullptr, argument.get()),
                                                                    &g_list_free};
     const Object<GAppLaunchContext> context{g_app_launch_context_new()};
-    // Started "at time 0", long before anything the user did: window managers leave the focus where it is.
+    // Started "at time 0", long before anything the user did: for window managers that heed it, and programs
+    // that pass it on, the focus stays where it is.
     g_app_launch_context_setenv(context.get(), "DESKTOP_STARTUP_ID", "pelrath_TIME0");
     GError* error = nullptr;
     if (g_app_info_launch(program.get(), arguments.get(), context.get(), &error) != FALSE) return;

@@ -9,8 +9,8 @@ class FileAssociations {
 public:
     virtual ~FileAssociations() = default;
 
-    /// Path of the executable that opens files of the kind of this existing file, whose kind is told by its
-    /// name; empty when none does.
+    /// Path of the executable that opens files of the kind of this existing file, which its extension tells;
+    /// empty when none does.
     [[nodiscard]] virtual std::string executableFor(const std::string& file) = 0;
 
     /// Starts the program for `file` with its path as the one argument, without waiting for it and without

@@ -111,8 +111,12 @@ void InputFile::readAt(std::uint64_t offset, std::span<std::byte> into) const {
 
 FileReplacement::FileReplacement(const std::string& path) : finalPath_(endOfLinks(path)) {
     struct stat old {};
-    if (::stat(path.c_str(), &old) == 0 && !S_ISREG(old.st_mode)) {
+    const bool exists = ::stat(path.c_str(), &old) == 0;
+    if (exists && !S_ISREG(old.st_mode)) {
         throw makeSystemError(EISDIR, "FileReplacement", path);
+    } else if (exists && (old.st_mode & S_IWUSR) == 0) {
+        // Nothing is opened for writing here, which is what would refuse it.
+        throw makeError(ErrorNumber::PermissionDenied, "FileReplacement", path);
     }
     // A short name of its own: the final one may already be as long as a name can be.
     path_ = joinPath(parentFolder(finalPath_), ".pelrath-XXXXXX");
@@ -147,7 +151,9 @@ void FileReplacement::takeOverMode() const {
         ::umask(mask);
         mode = 0666U & ~mask;
     }
-    if (::fchmod(handle_, mode) != 0) fail("FileReplacement", finalPath_);
+    // Some file systems have no modes to set.
+    const bool set = ::fchmod(handle_, mode) == 0 || errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS;
+    if (!set) fail("FileReplacement", finalPath_);
 }
 
 void FileReplacement::finish(Durability durability) {

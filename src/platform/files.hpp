@@ -63,7 +63,8 @@ enum class Durability { Flushed, Scratch };
 /// it leads to is the one replaced.
 class FileReplacement {
 public:
-    /// Fails where the folder takes no new file, or something that is no regular file stands in its place.
+    /// Fails where the folder takes no new file, where something that is no regular file stands in its place,
+    /// and where the old file is read-only.
     explicit FileReplacement(const std::string& path);
     ~FileReplacement();
     FileReplacement(const FileReplacement&) = delete;

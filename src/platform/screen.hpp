@@ -12,6 +12,9 @@ public:
     /// Twips that one pixel takes, the same in both directions: 15 at 96 dots an inch.
     [[nodiscard]] virtual double twipsPerPixel() const = 0;
 
+    /// Where it stands among the screens.
+    [[nodiscard]] virtual double left() const { return 0; }
+    [[nodiscard]] virtual double top() const { return 0; }
     [[nodiscard]] virtual double width() const = 0;
     [[nodiscard]] virtual double height() const = 0;
 

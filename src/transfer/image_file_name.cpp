@@ -26,11 +26,19 @@ bool neverInAFileName(char byte) {
     return code < 0x20 || code == 0x7F || byte == '/' || byte == '\\';
 }
 
+// U+0080 to U+009F, in UTF-8.
+bool hasSecondControlSet(std::string_view name) {
+    for (std::size_t at = 0; (at = name.find('\xC2', at)) != std::string_view::npos; ++at) {
+        if (static_cast<unsigned char>(name.substr(at + 1, 1)[0]) < 0xA0) return true;
+    }
+    return false;
+}
+
 } // namespace
 
 const std::string& checkedFileName(const std::string& name) {
     const bool special = name.empty() || name == "." || name == "..";
-    if (special || std::any_of(name.begin(), name.end(), neverInAFileName)) {
+    if (special || std::any_of(name.begin(), name.end(), neverInAFileName) || hasSecondControlSet(name)) {
         throw makeError(ErrorNumber::BadFileName, "buildImageFileName", name);
     }
     return name;

@@ -11,7 +11,7 @@ class TransferLayout {
 public:
     explicit TransferLayout(TransferControls& controls);
 
-    /// Over `owner`, in the size that the dialog starts with.
+    /// Over `owner`, in the size that the user left it.
     void centreOn(const Window& owner);
 
 private:

@@ -250,8 +250,10 @@ TEST_F(RealWindow, TheDialogOfATextureWorksFromTheKeyboard) {
         press(Qt::Key_Down);
         press(Qt::Key_Space);
         EXPECT_EQ(row(program.main.transfer.List1.isChecked(0), program.main.transfer.List1.isChecked(1)), "true, false");
-        QTest::mouseClick(levels->viewport(), Qt::LeftButton, {}, levels->visualRect(levels->model()->index(0, 0)).center());
-        QTest::mouseClick(levels->viewport(), Qt::LeftButton, {}, levels->visualRect(levels->model()->index(1, 0)).center());
+        for (const auto& [line, button] : {std::pair{0, Qt::RightButton}, {0, Qt::LeftButton}, {1, Qt::LeftButton}}) {
+            const QRect place = levels->visualRect(levels->model()->index(line, 0));
+            QTest::mouseClick(levels->viewport(), button, {}, {place.left() + 8, place.center().y()}); // on the box
+        }
         EXPECT_EQ(row(levels->model()->index(0, 0).data(Qt::CheckStateRole).toInt(), levels->currentIndex().row()), "0, 1");
         press(Qt::Key_Return); // the default button
         EXPECT_EQ(summary()->toPlainText().toStdString(), folder.file("\u00E9toile-2x2.dds written\n1 file(s) extracted."));

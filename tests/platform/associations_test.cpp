@@ -16,8 +16,8 @@ protected:
     Associations() {
         for (const char* made : {"data/mime", "data/applications", "config", "a folder"}) { std::filesystem::create_directories(folder.file(made)); }
         (void)folder.write("data/mime/globs2", "50:image/x-paint-pot:*.pot\n50:image/x-left-alone:*.alone\n");
-        (void)folder.write("data/applications/brush.desktop", "[Desktop Entry]\nType=Application\nName=Brush\nMimeType=image/x-paint-pot;\nExec=" +
-                                                                  folder.file("brush") + " --new %f\n");
+        (void)folder.write("data/applications/brush.desktop", "[Desktop Entry]\nType=Application\nName=Brush\nMimeType=image/x-paint-pot;\nExec=\"" +
+                                                                  folder.file("brush") + "\" --new %f\n");
         (void)folder.write("config/mimeapps.list", "[Default Applications]\nimage/x-paint-pot=brush.desktop\n");
         (void)folder.write("brush", "#!/bin/sh\nprintf '%s|' \"$@\" \"$DESKTOP_STARTUP_ID\" > \"$0.said\"\n");
         std::filesystem::permissions(folder.file("brush"), std::filesystem::perms::owner_all);
