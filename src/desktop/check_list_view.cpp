@@ -9,23 +9,12 @@
 namespace pelrath::desktop {
 
 void CheckListModel::sync() {
-    if (clearances_ != list_.clearances()) {
-        beginResetModel();
-        clearances_ = list_.clearances();
-        rows_ = list_.count();
-        endResetModel();
-    } else if (rows_ < list_.count()) {
-        beginInsertRows({}, rows_, list_.count() - 1);
-        rows_ = list_.count();
-        endInsertRows();
-    }
-    if (rows_ > 0) Q_EMIT dataChanged(index(0), index(rows_ - 1), {Qt::CheckStateRole});
+    syncRows(list_.count(), list_.clearances());
+    if (rowCount() > 0) Q_EMIT dataChanged(index(0), index(rowCount() - 1), {Qt::CheckStateRole});
 }
 
-int CheckListModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
-
 QVariant CheckListModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= std::min(rows_, list_.count())) return {};
+    if (!index.isValid() || index.row() >= std::min(rowCount(), list_.count())) return {};
     if (role == Qt::CheckStateRole) return list_.isChecked(index.row()) ? Qt::Checked : Qt::Unchecked;
     if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole) return toQString(list_.line(index.row()));
     return {};

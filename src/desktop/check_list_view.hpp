@@ -2,23 +2,20 @@
 
 #include "controls/check_list_box.hpp"
 #include "desktop/bind.hpp"
+#include "desktop/lines_model.hpp"
 
-#include <QAbstractListModel>
 #include <QListView>
-
-#include <cstdint>
 
 namespace pelrath::desktop {
 
 /// The lines and check marks of a list as they are when sync() is called; holds none of them itself.
-class CheckListModel : public QAbstractListModel {
+class CheckListModel : public LinesModel {
 public:
     CheckListModel(CheckListBox& list, Refresh& refresh, QObject* parent)
-        : QAbstractListModel(parent), list_(list), refresh_(refresh) {}
+        : LinesModel(parent), list_(list), refresh_(refresh) {}
 
     void sync();
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
     /// The user's check mark.
@@ -27,8 +24,6 @@ public:
 private:
     CheckListBox& list_;
     Refresh& refresh_;
-    int rows_ = 0;
-    std::uint64_t clearances_ = 0;
 };
 
 /// Shows a list with check marks: a click anywhere on a line and the space bar turn its mark over.

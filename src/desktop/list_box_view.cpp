@@ -13,23 +13,10 @@
 
 namespace pelrath::desktop {
 
-void ListBoxModel::sync() {
-    if (clearances_ != list_.clearances()) {
-        beginResetModel();
-        clearances_ = list_.clearances();
-        rows_ = list_.count();
-        endResetModel();
-    } else if (rows_ < list_.count()) {
-        beginInsertRows({}, rows_, list_.count() - 1);
-        rows_ = list_.count();
-        endInsertRows();
-    }
-}
-
-int ListBoxModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+void ListBoxModel::sync() { syncRows(list_.count(), list_.clearances()); }
 
 QVariant ListBoxModel::data(const QModelIndex& index, int role) const {
-    const bool known = index.isValid() && index.row() < std::min(rows_, list_.count());
+    const bool known = index.isValid() && index.row() < std::min(rowCount(), list_.count());
     if (!known || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)) return {};
     return toQString(list_.line(index.row()));
 }

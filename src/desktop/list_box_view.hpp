@@ -2,9 +2,9 @@
 
 #include "controls/list_box.hpp"
 #include "desktop/bind.hpp"
+#include "desktop/lines_model.hpp"
 
 #include <QAbstractItemDelegate>
-#include <QAbstractListModel>
 #include <QListView>
 
 #include <cstdint>
@@ -12,20 +12,17 @@
 namespace pelrath::desktop {
 
 /// The lines of a list box as they are when sync() is called; holds none of them itself.
-class ListBoxModel : public QAbstractListModel {
+class ListBoxModel : public LinesModel {
 public:
-    ListBoxModel(const ListBox& list, QObject* parent) : QAbstractListModel(parent), list_(list) {}
+    ListBoxModel(const ListBox& list, QObject* parent) : LinesModel(parent), list_(list) {}
 
     /// Takes notice of the lines that came or went.
     void sync();
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 private:
     const ListBox& list_;
-    int rows_ = 0;
-    std::uint64_t clearances_ = 0;
 };
 
 /// One line of text, cut at the view's edge, its first character at a fixed place.
