@@ -100,22 +100,22 @@ FileCopy::FileCopy(const std::string& source, const std::string& folder, const P
     if (!sourceIsSame || infoOf(copy_.get(), folder).st_size != info.st_size) fail(EIO, source);
 }
 
-FileCopy::~FileCopy() {
-    if (!hidden_.empty()) ::unlink(hidden_.c_str());
+FileCopy::HiddenName::~HiddenName() {
+    if (!path.empty()) ::unlink(path.c_str());
 }
 
 void FileCopy::create(const std::string& folder) {
     copy_ = FileHandle{::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600)};
     if (copy_) return;
-    hidden_ = joinPath(folder, ".pelrath-XXXXXX");
-    copy_ = FileHandle{::mkostemp(hidden_.data(), O_CLOEXEC)};
+    hidden_.path = joinPath(folder, ".pelrath-XXXXXX");
+    copy_ = FileHandle{::mkostemp(hidden_.path.data(), O_CLOEXEC)};
     if (copy_) return;
-    hidden_.clear();
+    hidden_.path.clear();
     fail(errno, folder);
 }
 
 bool FileCopy::takeName(const std::string& path) {
-    if (!(hidden_.empty() ? link(path) : rename(path))) return false;
+    if (!(hidden_.path.empty() ? link(path) : rename(path))) return false;
     flushFolderOf(path);
     return true;
 }
@@ -128,19 +128,19 @@ bool FileCopy::link(const std::string& path) const {
 }
 
 bool FileCopy::rename(const std::string& path) {
-    bool named = ::renameat2(AT_FDCWD, hidden_.c_str(), AT_FDCWD, path.c_str(), RENAME_NOREPLACE) == 0;
+    bool named = ::renameat2(AT_FDCWD, hidden_.path.c_str(), AT_FDCWD, path.c_str(), RENAME_NOREPLACE) == 0;
     if (!named && errno != EEXIST) {
         // No such rename here: the name is reserved first, then what is replaced is our own empty file.
         const FileHandle reserved{::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600)};
         if (!reserved && errno != EEXIST) fail(errno, path);
-        named = reserved && ::rename(hidden_.c_str(), path.c_str()) == 0;
+        named = reserved && ::rename(hidden_.path.c_str(), path.c_str()) == 0;
         if (reserved && !named) {
             const int error = errno;
             ::unlink(path.c_str());
             fail(error, path);
         }
     }
-    if (named) hidden_.clear();
+    if (named) hidden_.path.clear();
     return named;
 }
 

@@ -19,8 +19,6 @@ public:
     /// source's permissions. Fails where either cannot be had, where the disk is full, and where the copy's
     /// length is not the source's.
     FileCopy(const std::string& source, const std::string& folder, const Progress& progress);
-    /// Removes a copy that has no name.
-    ~FileCopy();
     FileCopy(const FileCopy&) = delete;
     FileCopy& operator=(const FileCopy&) = delete;
 
@@ -32,8 +30,13 @@ private:
     [[nodiscard]] bool link(const std::string& path) const;
     [[nodiscard]] bool rename(const std::string& path);
 
+    /// The copy's name until it gets its own, where it must have one.
+    struct HiddenName {
+        ~HiddenName();
+        std::string path;
+    };
     FileHandle copy_;
-    std::string hidden_; ///< its name until it gets its own, where it must have one
+    HiddenName hidden_;
 };
 
 } // namespace pelrath

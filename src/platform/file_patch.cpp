@@ -138,7 +138,7 @@ void overwriteWholly(const std::string& path, std::uint64_t offset, Bytes bytes)
     const std::string place =
         std::to_string(bytes.size()) + " bytes at " + std::to_string(offset) + " of " + path;
     throw makeSystemError(outcome.error, "overwriteWholly",
-                          outcome.step == Step::Torn ? place + " are damaged" : path);
+                          outcome.step == Step::Torn ? place + " may be damaged" : path);
 }
 
 } // namespace pelrath
