@@ -154,9 +154,12 @@ TEST_F(TroubledInsertion, RefusesAnArchiveThatIsNotTheOneRead) {
     otherSides[32 + 64 + 40 + 12] = 8;
     const std::string path = h.session.archivePath;
     const std::function<void()> changes[] = {
-        [&] { (void)h.folder.write("a.cdds", before + "more"); }, [&] { (void)h.folder.write("a.cdds", otherSides); },
-        [&] { (void)h.folder.write("a.cdds", "short"); },         [&] { std::filesystem::remove(path); },
-        [&] { std::filesystem::create_directory(path); },         [&] { h.session.archivePath = h.folder.write("b.cdds", before); },
+        [&] { h.session.archivePath = h.folder.write("b.cdds", before); },
+        [&] { (void)(h.session.archivePath = path, h.folder.write("a.cdds", before + "more")); },
+        [&] { (void)h.folder.write("a.cdds", otherSides); },
+        [&] { (void)h.folder.write("a.cdds", "short"); },
+        [&] { std::filesystem::remove(path); },
+        [&] { std::filesystem::create_directory(path); },
     };
     for (const auto& change : changes) {
         change();
@@ -185,7 +188,7 @@ TEST(Insertion, NeverWritesOverTheTables) {
         ArchiveBuilder builder{type, {chainOf("wall", "DXT1", 4, 4)}};
         builder.build();
         const std::int32_t table = builder.tableAt[0] + (type == cdds ? 40 : 0);
-        for (const std::int32_t at : {0, builder.entryAt(0) + 60, builder.tableAt[0] - 7, table + 47}) {
+        for (const std::int32_t at : {0, builder.entryAt(0) + 60, builder.tableAt[0] + 20, table + 47}) {
             builder.patches[table + 16] = at - (table + 16); // where the second level says its data is
             InsertionHarness h{builder};
             const std::string before = h.archive();
