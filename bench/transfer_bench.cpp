@@ -137,8 +137,11 @@ BENCHMARK(insertWhole)->DenseRange(0, 8)->Unit(benchmark::kMillisecond)->UseReal
 
 void load(benchmark::State& state) {
     Workplace place;
-    for (auto _ : state)
-        LoadedImage{place.facade, place.images, place.source()}.remove();
+    for (auto _ : state) {
+        LoadedImage image{place.facade, place.images, place.source()};
+        if (!image) std::exit(1);
+        image.remove();
+    }
     countMegapixels(state);
 }
 BENCHMARK(load)->Unit(benchmark::kMillisecond)->UseRealTime();
