@@ -1,5 +1,6 @@
 #include "transfer/read_only_archive.hpp"
 
+#include "platform/files.hpp"
 #include "transfer/failure_report.hpp"
 
 namespace pelrath {
@@ -36,7 +37,9 @@ bool ReadOnlyArchive::makeWritable(std::string& summary) {
 
 void ReadOnlyArchive::restore(std::string& summary) {
     if (!madeWritable_) return;
-    setFileMode(madeWritable_->path, madeWritable_->before);
+    const MadeWritable made = *madeWritable_;
+    if (!fileExists(made.path)) madeWritable_.reset(); // told once; there is nothing to try again
+    setFileMode(made.path, made.before);
     madeWritable_.reset();
     summary += "CDDS Attributes changed to Read Only\r\n";
 }

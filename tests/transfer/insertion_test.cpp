@@ -140,6 +140,10 @@ TEST_F(TroubledInsertion, TakesFromAnImageOfAnotherSizeWhatLiesInTheLevelsPlaces
     expectBox("Error during insertion in CDDS.", "performSimpleImageInsertion");
     EXPECT_TRUE(h.archive() == before);
     EXPECT_EQ(h.images.names(), Names{"wall-4x4.bmp"});
+    std::filesystem::create_directory(h.images.file("wall-4x4_tmppelrath.dds")); // in the built file's place
+    EXPECT_EQ(h.insertLevels(NativeFileType, Create, {}), noCopy + bitmap + "\r\n0 mipmaps(s) inserted.");
+    h.boxes.expect("Insertion Error : 75 Path/File access error");
+    std::filesystem::remove(h.images.file("wall-4x4_tmppelrath.dds"));
     h.insert(NativeFileType, Create, [&] { h.dialog.lstScaleFilter.select(0); }); // scales each level by itself
     EXPECT_TRUE(h.levelOf(h.archive(), 0) != h.levelOf(before, 0) && h.levelOf(h.archive(), 2) != h.levelOf(before, 2));
     put("wall-1x1.bmp", bitmapOf(8, "192*FF"));
@@ -251,6 +255,25 @@ TEST(Insertion, EndsInOrderWhereTheLibraryFails) {
         EXPECT_TRUE((h.archive() == before) == (count == 0));
         EXPECT_TRUE(h.images.names() == Names{"wall-4x4.bmp"} && h.program.names().empty());
         leftCode = 0;
+    }
+}
+
+std::string vanishing; // with the library's next save
+
+TEST(Insertion, TellsOnceThatTheArchiveHasVanished) {
+    LibraryFunctions library = imageLibrary();
+    library.ilSaveImage = [](const char* name) { return std::filesystem::remove(vanishing), imageLibrary().ilSaveImage(name); };
+    InsertionHarness h{library};
+    for (const bool readOnly : {true, false}) {
+        h.open({cdds, {chainOf("wall", "DXT1", 4, 4)}});
+        vanishing = h.session.archivePath;
+        if (readOnly) std::filesystem::permissions(vanishing, std::filesystem::perms::owner_read);
+        ASSERT_NE(h.images.write("wall-4x4.bmp", bitmapOf(4, "48*F8")), "");
+        EXPECT_TRUE(h.insertLevels(NativeFileType, Create, {}).ends_with("wall-4x4.bmp\r\n0 mipmaps(s) inserted."));
+        const Boxes shown = h.boxes.take();
+        ASSERT_EQ(shown.size(), readOnly ? 3U : 1U);
+        EXPECT_EQ(shown[readOnly ? 1 : 0].title, "Pelrath - Insertion refused");
+        if (readOnly) { EXPECT_EQ(shown[2].text, "CDDS Attributes Error : 53 File not found (" + vanishing + ")"); }
     }
 }
 
