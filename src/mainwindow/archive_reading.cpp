@@ -84,6 +84,7 @@ void ArchiveReading::openArchive() {
 
 std::optional<ArchiveContents> ArchiveReading::readTables() {
     try {
+        session_.archiveFile = {session_.archivePath, InputFile{session_.archivePath}.size()};
         return readArchive(session_.archivePath);
     } catch (const DamagedArchive& damage) {
         refuse(session_.archivePath + " is damaged and was not opened.\r\n\r\n" + damage.what() +

@@ -37,14 +37,6 @@ std::string endOfLinks(const std::string& path) {
     return end.string();
 }
 
-void flushFolderOf(const std::string& path) {
-    const std::string folder{parentFolder(path)};
-    const int handle = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0) return; // the content is safe; only the name's moment is not ours to settle
-    ::fsync(handle);
-    ::close(handle);
-}
-
 } // namespace
 
 bool fileExists(const std::string& path) {
@@ -175,6 +167,14 @@ void replaceFile(const std::string& path, std::span<const Bytes> pieces, Durabil
 
 void removeFile(const std::string& path) {
     if (::unlink(path.c_str()) != 0 && errno != ENOENT) fail("removeFile", path);
+}
+
+void flushFolderOf(const std::string& path) {
+    const std::string folder{parentFolder(path)};
+    const int handle = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0) return; // the content is safe; only the name's moment is not ours to settle
+    ::fsync(handle);
+    ::close(handle);
 }
 
 } // namespace pelrath

@@ -90,4 +90,7 @@ void replaceFile(const std::string& path, std::span<const Bytes> pieces, Durabil
 /// Removes a file, read-only or not. A missing file is no failure.
 void removeFile(const std::string& path);
 
+/// Makes a change of the file's name last, where the file system lets that be asked for.
+void flushFolderOf(const std::string& path);
+
 } // namespace pelrath

@@ -17,7 +17,15 @@ TextureExtractionInsertion::TextureExtractionInsertion(Session& session, const T
       setUp_(*this, state_, session, resolutions_), layout_(*this),
       editor_(ExtractSummary, services.associations),
       extraction_({List1, chkOverwriteExistingFiles, chkLaunchEditor, ExtractSummary}, boxes_, session,
-                  state_, {facade_, images_, saveOptions_, libraryUse_}, editor_) {
+                  state_, {facade_, images_, saveOptions_, libraryUse_}, editor_),
+      safeCopy_({chkSaveCdds, txtCDDSBackupFolder}, boxes_, session, state_, services.chooseSafeCopyFolder,
+                services.busy),
+      readOnly_(boxes_, session),
+      imageInsertion_({List1, lstScaleFilter, ExtractSummary}, boxes_, session, state_,
+                      {facade_, images_, saveOptions_, libraryUse_}, safeCopy_, readOnly_),
+      bazarTempCopy_(boxes_, session, {facade_, images_, saveOptions_, libraryUse_}),
+      ddsInsertion_({List1, chkDestination, ExtractSummary}, boxes_, session, state_, safeCopy_, readOnly_,
+                    imageInsertion_, bazarTempCopy_) {
     connections_.push_back(window.activated.connect([this] { Form_Activate(); }));
     connections_.push_back(window.queryUnload.connect([this] { Form_QueryUnload(); }));
     connections_.push_back(cmdExtractInsert.click.connect([this] { cmdExtractInsert_Click(); }));
@@ -46,7 +54,22 @@ void TextureExtractionInsertion::Form_QueryUnload() {
 void TextureExtractionInsertion::cmdExtractInsert_Click() {
     state_.safeCopyDone = false;
     if (!typeIsKnown()) return;
-    if (session_.mode == DialogMode::Insertion) return;
+    if (session_.mode == DialogMode::Insertion) {
+        insert();
+    } else {
+        extract();
+    }
+}
+
+void TextureExtractionInsertion::insert() {
+    if (state_.imageFileKind == ImageFileKind::Dds) {
+        ddsInsertion_.insertFromDdsFiles();
+    } else {
+        imageInsertion_.performSimpleImageInsertion(state_.imageFileKind);
+    }
+}
+
+void TextureExtractionInsertion::extract() {
     if (state_.imageFileKind == ImageFileKind::Dds) {
         extraction_.extractToDdsFiles();
     } else {

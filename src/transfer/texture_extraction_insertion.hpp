@@ -3,14 +3,20 @@
 #include "controls/modal_windows.hpp"
 #include "imaging/image_library_facade.hpp"
 #include "imaging/library_functions.hpp"
+#include "platform/busy_sign.hpp"
 #include "platform/file_associations.hpp"
 #include "platform/message_boxes.hpp"
 #include "session/session.hpp"
+#include "transfer/bazar_temp_copy.hpp"
+#include "transfer/dds_insertion.hpp"
 #include "transfer/destinations.hpp"
 #include "transfer/editor_launch.hpp"
 #include "transfer/file_kind_rules.hpp"
+#include "transfer/image_insertion.hpp"
 #include "transfer/image_library_use.hpp"
+#include "transfer/read_only_archive.hpp"
 #include "transfer/resolution_list.hpp"
+#include "transfer/safe_copy.hpp"
 #include "transfer/set_up.hpp"
 #include "transfer/texture_extraction.hpp"
 #include "transfer/transfer_controls.hpp"
@@ -25,6 +31,8 @@ struct TransferServices {
     FileAssociations& associations;
     ChooseFolder chooseBazarTempFolder;
     LibraryFunctions library = imageLibrary();
+    ChooseFolder chooseSafeCopyFolder = {};
+    BusySign* busy = nullptr; ///< none: long work is not shown
 };
 
 /// The dialog through which one texture of the open archive is extracted to image files or put back from
@@ -41,6 +49,8 @@ private:
     void Form_Activate();
     void Form_QueryUnload();
     void cmdExtractInsert_Click();
+    void insert();
+    void extract();
     /// False for a texture whose type nothing here can handle, which has then been told.
     bool typeIsKnown();
 
@@ -59,6 +69,11 @@ private:
     TransferLayout layout_;
     EditorLaunch editor_;
     TextureExtraction extraction_;
+    SafeCopy safeCopy_;
+    ReadOnlyArchive readOnly_;
+    ImageInsertion imageInsertion_;
+    BazarTempCopy bazarTempCopy_;
+    DdsInsertion ddsInsertion_;
     Connections connections_;
 };
 

@@ -33,6 +33,7 @@ TEST_F(Reading, FillsThePanesAndChoosesTheFirstTexture) {
         EXPECT_EQ(row(main.incrementalSearchList.line(0), main.Output[MipmapPane].line(1).substr(0, 7)), "wall.x.bmp,     2  ");
         EXPECT_EQ(row(session.selectedTexture, session.selectedBaseName, folder.read("tmp.dds").substr(128)), "0,  wall.x, 12345678");
         EXPECT_EQ(row(main.SplashFrame.visible(), main.dynImage.visible()), "false, true");
+        EXPECT_EQ(row(session.archiveFile.path, session.archiveFile.size), row(session.archivePath, folder.read("a.cdds").size()));
     }
     const auto& asked = fileOpen.asked;
     EXPECT_EQ(row(asked.title, asked.filter, asked.folder), "Select .CDDS file to analyse, Cdds File (*.cdds), " + folder.path());

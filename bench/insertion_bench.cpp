@@ -1,0 +1,253 @@
+#include "large_archive.hpp"
+
+#include "archive/reader.hpp"
+#include "platform/file_copy.hpp"
+#include "transfer/dds_builder.hpp"
+#include "transfer/image_copy.hpp"
+#include "transfer/image_library_use.hpp"
+#include "transfer/level_writer.hpp"
+#include "transfer/texture_extraction_insertion.hpp"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+// Insertion of a 2048 x 2048 image with all its levels, as a whole and by its parts, and the safe copy.
+// Megapixels count the largest level alone.
+
+namespace pelrath::bench {
+
+namespace {
+
+constexpr int side = 2048;
+constexpr int levelCount = 12;
+constexpr const char* filterNames[] = {"nearest", "linear", "bilinear", "box",     "triangle",
+                                       "bell",    "spline", "lanczos",  "mitchell"};
+
+struct SilentBoxes : MessageBoxes {
+    BoxAnswer show(const std::string& text, const std::string& /*title*/, BoxIcon /*icon*/,
+                   BoxButtons /*buttons*/) override {
+        std::cerr << text << '\n';
+        std::exit(1); // a figure of something that failed would be none
+    }
+};
+struct Presser : ModalWindows {
+    void showModal(Window& window) override {
+        window.activated.emit();
+        press();
+        window.unload();
+    }
+    std::function<void()> press;
+};
+struct NoAssociations : FileAssociations {
+    [[nodiscard]] std::string executableFor(const std::string& /*file*/) override { return {}; }
+    void open(const std::string& /*file*/) override {}
+};
+
+/// An archive with one texture, the dialog over it, and images of it in three kinds.
+struct Workplace {
+    Workplace() {
+        std::filesystem::create_directories(folder);
+        session.programFolder = session.exportImportFolder = folder;
+        session.archivePath = folder + "/a.cdds";
+        LargeArchive{true, 1, levelCount, side}.write(session.archivePath);
+        session.archive = makeCatalogue(std::get<TablesCdds>(readArchive(session.archivePath)));
+        session.archiveFile = {session.archivePath, std::filesystem::file_size(session.archivePath)};
+        session.selectedTexture = 0;
+        session.selectedBaseName = "photo";
+        use.start();
+        writeSource();
+    }
+    ~Workplace() {
+        use.shutDown();
+        std::filesystem::remove_all(folder);
+    }
+    Workplace(const Workplace&) = delete;
+    Workplace& operator=(const Workplace&) = delete;
+
+    [[nodiscard]] std::string source() const { return folder + "/photo-2048x2048.bmp"; }
+    [[nodiscard]] const std::vector<MipmapRecord>& levels() const {
+        return session.archive.textures[0].mipmaps;
+    }
+    void chooseDds() {
+        facade.setSaveImageOptions(static_cast<int>(OutputFileType::DdsDxt1), options.imageType,
+                                   options.extension);
+    }
+
+    std::string folder = (std::filesystem::temp_directory_path() / "pelrath-transfer-bench").string();
+    Session session;
+    SilentBoxes boxes;
+    Presser user;
+    NoAssociations associations;
+    SaveImageOptions options;
+    ImageLibraryFacade facade{boxes, options};
+    LibraryImages images;
+    ImageLibraryUse use{facade, images};
+    TransferImaging imaging{facade, images, options, use};
+    TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}}};
+    Window owner;
+
+private:
+    // Soft slopes with a little grain, as in a photograph.
+    void writeSource() const {
+        std::vector<char> bytes(54 + std::size_t{3} * side * side);
+        const auto put = [&bytes](std::size_t at, std::uint32_t value) {
+            std::memcpy(&bytes[at], &value, sizeof value);
+        };
+        std::memcpy(bytes.data(), "BM", 2);
+        put(2, static_cast<std::uint32_t>(bytes.size()));
+        put(10, 54);
+        put(14, 40);
+        put(18, side);
+        put(22, side);
+        put(26, 1 | 24U << 16);
+        std::uint32_t grain = 1;
+        for (std::size_t i = 54; i < bytes.size(); ++i) {
+            grain = grain * 1664525U + 1013904223U;
+            bytes[i] = static_cast<char>(((i / (3 * side)) + (i % (3 * side)) / 5) / 16 + (grain >> 28));
+        }
+        std::ofstream{source(), std::ios::binary}.write(bytes.data(),
+                                                        static_cast<std::streamsize>(bytes.size()));
+    }
+};
+
+void countMegapixels(benchmark::State& state) {
+    state.counters["Mpx/s"] = benchmark::Counter(static_cast<double>(state.iterations()) * side * side / 1e6,
+                                                 benchmark::Counter::kIsRate);
+}
+
+void insertWhole(benchmark::State& state) {
+    Workplace place;
+    place.session.mode = DialogMode::Insertion;
+    place.user.press = [&] {
+        place.dialog.optOutFileType[NativeFileType].select();
+        place.dialog.lstScaleFilter.select(static_cast<int>(state.range(0)));
+        place.dialog.chkSaveCdds.setChecked(false);
+        for (auto _ : state)
+            place.dialog.cmdExtractInsert.press();
+    };
+    place.dialog.show(place.owner);
+    state.SetLabel(filterNames[state.range(0)]);
+    countMegapixels(state);
+}
+BENCHMARK(insertWhole)->DenseRange(0, 8)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void load(benchmark::State& state) {
+    Workplace place;
+    for (auto _ : state) {
+        LoadedImage image{place.facade, place.images, place.source()};
+        if (!image) std::exit(1);
+        image.remove();
+    }
+    countMegapixels(state);
+}
+BENCHMARK(load)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// Every level below the first from the whole image.
+void scale(benchmark::State& state) {
+    Workplace place;
+    const LoadedImage image{place.facade, place.images, place.source()};
+    for (auto _ : state) {
+        for (std::size_t i = 1; i < place.levels().size(); ++i) {
+            ImageCopy copy{place.images, image.id()};
+            place.facade.scaleImage(place.levels()[i].width, place.levels()[i].height,
+                                    static_cast<std::int16_t>(state.range(0)));
+            copy.remove();
+        }
+    }
+    state.SetLabel(filterNames[state.range(0)]);
+    countMegapixels(state);
+}
+BENCHMARK(scale)->DenseRange(0, 8)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// Level 0 alone, with its file.
+void compress(benchmark::State& state) {
+    Workplace place;
+    const LoadedImage image{place.facade, place.images, place.source()};
+    place.chooseDds();
+    place.options.buildMipmaps = false;
+    for (auto _ : state)
+        place.facade.saveImage(place.options.imageType, place.folder + "/built.dds", true);
+    countMegapixels(state);
+}
+BENCHMARK(compress)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// Twelve levels out of a file into the archive, each of them flushed.
+void write(benchmark::State& state) {
+    Workplace place;
+    const LoadedImage image{place.facade, place.images, place.source()};
+    place.chooseDds();
+    DdsBuilder{place.imaging, place.folder}.buildWithLibraryChain(place.folder + "/built.dds");
+    for (auto _ : state) {
+        LevelWriter writer{place.session};
+        if (writer.writeMipmapLevels(place.folder + "/built.dds", 0, true, LevelWriter::everyLevel) !=
+            levelCount)
+            std::exit(1);
+    }
+    countMegapixels(state);
+}
+BENCHMARK(write)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// A file of this many megabytes of which no two pages are the same.
+class BigFile {
+public:
+    explicit BigFile(std::int64_t megabytes) {
+        std::filesystem::create_directories(folder);
+        std::vector<std::uint64_t> block(std::size_t{1} << 17);
+        std::ofstream out{path, std::ios::binary};
+        for (std::uint64_t i = 0; i < static_cast<std::uint64_t>(megabytes); ++i) {
+            for (std::size_t j = 0; j < block.size(); ++j) {
+                block[j] = (i << 32) + j;
+            }
+            out.write(reinterpret_cast<const char*>(block.data()), std::streamsize{1} << 20);
+        }
+    }
+    ~BigFile() { std::filesystem::remove_all(folder); }
+    BigFile(const BigFile&) = delete;
+    BigFile& operator=(const BigFile&) = delete;
+
+    std::string folder = (std::filesystem::temp_directory_path() / "pelrath-copy-bench").string();
+    std::string path = folder + "/big.cdds";
+};
+
+void safeCopy(benchmark::State& state) {
+    const BigFile file{state.range(0)};
+    const std::string name = file.folder + "/big-0.cdds";
+    for (auto _ : state) {
+        FileCopy copy{file.path, file.folder, [](std::uint64_t /*done*/, std::uint64_t /*total*/) {}};
+        if (!copy.takeName(name)) std::exit(1);
+        state.PauseTiming();
+        std::filesystem::remove(name);
+        state.ResumeTiming();
+    }
+    state.SetBytesProcessed(state.iterations() * state.range(0) << 20);
+}
+BENCHMARK(safeCopy)->Arg(64)->Arg(1024)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(4);
+
+/// The system's own copying, with a flush as the safe copy has one, and without.
+void systemCopy(benchmark::State& state) {
+    const BigFile file{state.range(0)};
+    const std::string name = file.folder + "/big-0.cdds";
+    const std::string command =
+        "cp " + file.path + " " + name + (state.range(1) != 0 ? " && sync " + name : "");
+    for (auto _ : state) {
+        if (std::system(command.c_str()) != 0) std::exit(1);
+        state.PauseTiming();
+        std::filesystem::remove(name);
+        state.ResumeTiming();
+    }
+    state.SetLabel(state.range(1) != 0 ? "cp and sync" : "cp");
+    state.SetBytesProcessed(state.iterations() * state.range(0) << 20);
+}
+BENCHMARK(systemCopy)
+    ->ArgsProduct({{64, 1024}, {0, 1}})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(4);
+
+} // namespace
+
+} // namespace pelrath::bench

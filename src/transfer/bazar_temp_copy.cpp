@@ -1,0 +1,54 @@
+#include "transfer/bazar_temp_copy.hpp"
+
+#include "platform/files.hpp"
+#include "transfer/failure_report.hpp"
+#include "transfer/image_file_name.hpp"
+#include "transfer/image_library_use.hpp"
+
+namespace pelrath {
+
+bool BazarTempCopy::StoreCopyInBazarTemp(std::int16_t textureIndex, const std::string& sourcePath,
+                                         std::string& summary) {
+    // The library's code has a leading blank of its own.
+    return attempt(boxes_, {"Image Library Error Number:  ", "Store texture Copy Error : "},
+                   [&] { store(textureIndex, sourcePath, summary); });
+}
+
+void BazarTempCopy::store(std::int16_t textureIndex, const std::string& sourcePath, std::string& summary) {
+    if (!imaging_.use.start()) return;
+    LoadedImage image{imaging_.facade, imaging_.images, sourcePath};
+    if (!image) {
+        boxes_.critical("LoadImage " + sourcePath + " error", "StoreCopyInBazarTemp");
+        return;
+    }
+    if (!chooseType(textureIndex)) return;
+    if (!folderExists(session_.settings.bazarTempFolder)) return;
+    const std::string& name =
+        checkedFileName(session_.archive.textures.at(static_cast<std::size_t>(textureIndex)).name);
+    const std::string destination = joinPath(session_.settings.bazarTempFolder, name);
+    summary += destination;
+    if (!mayReplace(destination, name)) return;
+    summary += " overwritten\r\n";
+    imaging_.options.buildMipmaps = false;
+    (void)imaging_.facade.saveImage(imaging_.options.imageType, destination, true);
+    imaging_.images.check("saveImage");
+    image.remove();
+    summary += " 1 file(s) copied.\r\n";
+}
+
+bool BazarTempCopy::chooseType(std::int16_t textureIndex) {
+    const DdsExport dds{session_.archive, session_.archivePath};
+    const auto native = dds.nativeImageKind(textureIndex);
+    const OutputFileType type =
+        native && native->kind == ImageFileKind::Tga ? OutputFileType::Tga : OutputFileType::Bmp;
+    return imaging_.facade.setSaveImageOptions(static_cast<std::int32_t>(type), imaging_.options.imageType,
+                                               imaging_.options.extension);
+}
+
+bool BazarTempCopy::mayReplace(const std::string& path, const std::string& name) {
+    if (!fileExists(path)) return true;
+    return boxes_.show("File " + name + " already exists in Bazar Temp folder. Overwrite it ?", "File exists",
+                       BoxIcon::None, BoxButtons::OkCancel) == BoxAnswer::Ok;
+}
+
+} // namespace pelrath

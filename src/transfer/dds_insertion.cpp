@@ -1,0 +1,133 @@
+#include "transfer/dds_insertion.hpp"
+
+#include "platform/files.hpp"
+#include "transfer/archive_as_read.hpp"
+#include "transfer/image_file_name.hpp"
+#include "transfer/insertion_attempt.hpp"
+
+#include <algorithm>
+
+namespace pelrath {
+
+namespace {
+constexpr const char* lineBreak = "\r\n";
+} // namespace
+
+DdsInsertion::DdsInsertion(const Controls& controls, MessageBoxes& boxes, const Session& session,
+                           const TransferState& state, SafeCopy& safeCopy, ReadOnlyArchive& readOnly,
+                           ImageInsertion& images, BazarTempCopy& bazarTemp)
+    : c_(controls), boxes_(boxes), session_(session), state_(state), safeCopy_(safeCopy), readOnly_(readOnly),
+      images_(images), bazarTemp_(bazarTemp) {}
+
+void DdsInsertion::insertFromDdsFiles() {
+    summary_.clear();
+    showSummary();
+    if (!mayBegin()) {
+        summary_ += "Insertion canceled.";
+        showSummary();
+    } else if (c_.chkDestination[ToArchive].checked()) {
+        insertIntoArchive();
+    }
+    if (c_.chkDestination[ToBazarTemp].checked()) {
+        attemptInsertion(boxes_, [this] { copyIntoBazarTemp(); });
+    }
+}
+
+bool DdsInsertion::mayBegin() {
+    const bool asRead = !c_.chkDestination[ToArchive].checked() ||
+                        attemptInsertion(boxes_, [this] { requireArchiveAsRead(session_); });
+    const bool safe = asRead && safeCopy_.makeSafeCopy(summary_);
+    showSummary();
+    return safe;
+}
+
+void DdsInsertion::insertIntoArchive() {
+    if (readOnly_.handleReadOnlyArchive(ReadOnlyArchive::BeforeWriting, summary_)) {
+        switch (state_.mipmapOperation) {
+        case Single:
+        case External:
+            insertLevels(checkedLevels(), " mipmap(s) inserted.");
+            break;
+        case Embedded:
+            insertLevels({LevelWriter::everyLevel}, " Mipmap(s) inserted.");
+            break;
+        case Create:
+            createFromLargest();
+            break;
+        }
+    }
+    readOnly_.handleReadOnlyArchive(ReadOnlyArchive::AfterWriting, summary_);
+    showSummary();
+}
+
+std::vector<std::int16_t> DdsInsertion::checkedLevels() const {
+    std::vector<std::int16_t> levels;
+    for (int row = 0; row < c_.List1.count(); ++row) {
+        if (c_.List1.isChecked(row)) levels.push_back(static_cast<std::int16_t>(row));
+    }
+    return levels;
+}
+
+void DdsInsertion::insertLevels(const std::vector<std::int16_t>& levels, const char* countWords) {
+    LevelWriter writer{session_};
+    std::vector<Source> sources;
+    attemptInsertion(boxes_, [&] {
+        for (const std::int16_t level : levels) {
+            sources.push_back(hold(writer, level));
+        }
+        const auto tooShort = [](const Source& source) { return source.tooShort; };
+        if (writer.held() > 0 && std::none_of(sources.begin(), sources.end(), tooShort)) {
+            writer.writeHeldLevels();
+        }
+    });
+    for (const Source& source : sources) {
+        if (writer.written() >= source.levels) summary_ += source.line;
+    }
+    const bool noChain = state_.mipmapOperation == Embedded && !sources.empty() && !sources.front().found;
+    if (!noChain) summary_ += std::to_string(writer.written()) + countWords + lineBreak;
+    showSummary();
+}
+
+bool DdsInsertion::checkSourceFile(const std::string& path, std::string& summary) {
+    const bool found = fileExists(path);
+    summary += found ? " inserted." : " not found.";
+    summary += lineBreak;
+    return found;
+}
+
+DdsInsertion::Source DdsInsertion::hold(LevelWriter& writer, std::int16_t level) const {
+    const bool chain = level == LevelWriter::everyLevel;
+    const std::string path =
+        buildImageFileName(session_, chain ? std::int16_t{0} : level, ImageFileKind::Dds);
+    Source source{path};
+    source.found = checkSourceFile(path, source.line);
+    if (!source.found) return source;
+    try {
+        writer.readMipmapLevels(path, session_.selectedTexture, chain, level);
+        source.levels = writer.held();
+    } catch (const SourceTooShort&) {
+        source.tooShort = true;
+        source.line = path + " is too short." + lineBreak;
+    }
+    return source;
+}
+
+void DdsInsertion::createFromLargest() {
+    const bool whole = images_.performSimpleImageInsertion(ImageFileKind::Dds);
+    // Its summary starts anew. Where something went wrong, the user must see the safe copy's name.
+    const bool keep = !whole && state_.safeCopyDone;
+    summary_ = (keep ? summary_ : std::string{}) + c_.ExtractSummary.text();
+    showSummary();
+}
+
+void DdsInsertion::copyIntoBazarTemp() {
+    const std::string path = buildImageFileName(session_, 0, ImageFileKind::Dds);
+    if (summary_.empty()) summary_ = path + lineBreak;
+    if (fileExists(path) && bazarTemp_.StoreCopyInBazarTemp(session_.selectedTexture, path, summary_)) {
+        showSummary();
+    }
+}
+
+void DdsInsertion::showSummary() { c_.ExtractSummary.setText(summary_); }
+
+} // namespace pelrath

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/message_boxes.hpp"
+#include "session/session.hpp"
+#include "transfer/bazar_temp_copy.hpp"
+#include "transfer/image_insertion.hpp"
+#include "transfer/level_writer.hpp"
+#include "transfer/read_only_archive.hpp"
+#include "transfer/safe_copy.hpp"
+#include "transfer/transfer_controls.hpp"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace pelrath {
+
+/// Takes the chosen texture's levels from DDS files in the Export/Import folder, as they are, into the
+/// archive and, if wanted, into the Bazar Temp folder. The summary box says which files were found and how
+/// many levels the archive really got; what fails is told in a message.
+class DdsInsertion {
+public:
+    struct Controls {
+        const CheckListBox& List1;
+        const std::array<CheckBox, 2>& chkDestination;
+        TextBox& ExtractSummary;
+    };
+
+    DdsInsertion(const Controls& controls, MessageBoxes& boxes, const Session& session,
+                 const TransferState& state, SafeCopy& safeCopy, ReadOnlyArchive& readOnly,
+                 ImageInsertion& images, BazarTempCopy& bazarTemp);
+
+    void insertFromDdsFiles();
+
+private:
+    /// A file, and how many levels are held once its own are: it is inserted when that many are written.
+    struct Source {
+        std::string line; ///< what the summary then says
+        bool found = false;
+        bool tooShort = false;
+        std::int16_t levels = 0;
+    };
+
+    bool mayBegin();
+    void insertIntoArchive();
+    [[nodiscard]] std::vector<std::int16_t> checkedLevels() const;
+    /// Each of the levels from its own file, or LevelWriter::everyLevel from that of level 0.
+    void insertLevels(const std::vector<std::int16_t>& levels, const char* countWords);
+    /// Whether the file is there, which is appended to the summary.
+    static bool checkSourceFile(const std::string& path, std::string& summary);
+    [[nodiscard]] Source hold(LevelWriter& writer, std::int16_t level) const;
+    void createFromLargest();
+    void copyIntoBazarTemp();
+    void showSummary();
+
+    Controls c_;
+    MessageBoxes& boxes_;
+    const Session& session_;
+    const TransferState& state_;
+    SafeCopy& safeCopy_;
+    ReadOnlyArchive& readOnly_;
+    ImageInsertion& images_;
+    BazarTempCopy& bazarTemp_;
+
+    std::string summary_; ///< of the current run
+};
+
+} // namespace pelrath

@@ -1,0 +1,37 @@
+#include "transfer/image_copy.hpp"
+
+#include "imaging/library_error.hpp"
+
+#include <utility>
+
+namespace pelrath {
+
+ImageCopy::ImageCopy(const LibraryImages& images, std::uint32_t source) : images_(images) {
+    id_ = images_.generate();
+    try {
+        images_.check("ilGenImages");
+        images_.bind(id_);
+        images_.check("ilBindImage");
+        const bool copied = images_.copyFrom(source);
+        images_.check("ilCopyImage");
+        if (!copied) throw ImageLibraryError{0, "ilCopyImage"};
+    } catch (...) {
+        discard();
+        throw;
+    }
+}
+
+ImageCopy::~ImageCopy() { discard(); }
+
+void ImageCopy::discard() {
+    if (id_ == 0) return;
+    images_.remove(std::exchange(id_, 0));
+    (void)images_.readErrorCode(); // another failure is on its way already
+}
+
+void ImageCopy::remove() {
+    images_.remove(std::exchange(id_, 0));
+    images_.check("ilDeleteImages");
+}
+
+} // namespace pelrath

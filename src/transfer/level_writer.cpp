@@ -1,0 +1,70 @@
+#include "transfer/level_writer.hpp"
+
+#include "archive/table_places.hpp"
+#include "platform/file_patch.hpp"
+#include "platform/files.hpp"
+#include "platform/runtime_error.hpp"
+#include "transfer/archive_as_read.hpp"
+
+namespace pelrath {
+
+std::vector<std::byte> readFileBytes(const std::string& path, std::int64_t position, std::int64_t size) {
+    const InputFile file{path};
+    const auto offset = static_cast<std::uint64_t>(position - 1);
+    const auto length = static_cast<std::uint64_t>(size);
+    if (offset > file.size() || length > file.size() - offset) throw SourceTooShort{path};
+    std::vector<std::byte> bytes(static_cast<std::size_t>(length));
+    file.readAt(offset, bytes);
+    return bytes;
+}
+
+void writeArchiveBytes(const std::string& path, std::int64_t position, const std::vector<std::byte>& bytes) {
+    overwriteWholly(path, static_cast<std::uint64_t>(position - 1), bytes);
+}
+
+void LevelWriter::readMipmapLevels(const std::string& sourcePath, std::int16_t textureIndex, bool chained,
+                                   std::int16_t selectedLevel) {
+    std::int64_t skip = 0;
+    std::int16_t i = 0;
+    for (const MipmapRecord& level :
+         session_.archive.textures.at(static_cast<std::size_t>(textureIndex)).mipmaps) {
+        if (level.dataSize == 0 && i == selectedLevel) {
+            throw makeError(ErrorNumber::InvalidCall, "readMipmapLevels",
+                            "level " + std::to_string(i) + " has no data in the archive");
+        }
+        if (level.dataSize > 0 && (selectedLevel == everyLevel || selectedLevel == i)) {
+            held_.push_back(
+                {level.dataOffset, readFileBytes(sourcePath, firstLevelPosition + skip, level.dataSize)});
+        }
+        if (chained) skip += level.dataSize;
+        ++i;
+    }
+}
+
+void LevelWriter::checkArchive() const {
+    const ArchiveContents contents = requireArchiveAsRead(session_);
+    for (const HeldLevel& level : held_) {
+        if (!touchesTables(contents, level.dataOffset, static_cast<std::int64_t>(level.data.size())))
+            continue;
+        throw ArchiveRefused{session_.archivePath + " is damaged: the data at " +
+                             std::to_string(level.dataOffset) +
+                             " would overwrite its tables.\r\n\r\nPlease take a fresh copy of the file."};
+    }
+}
+
+std::int16_t LevelWriter::writeHeldLevels() {
+    checkArchive();
+    for (const HeldLevel& level : held_) {
+        writeArchiveBytes(session_.archivePath, level.dataOffset + 1, level.data);
+        ++written_;
+    }
+    return written_;
+}
+
+std::int16_t LevelWriter::writeMipmapLevels(const std::string& sourcePath, std::int16_t textureIndex,
+                                            bool chained, std::int16_t selectedLevel) {
+    readMipmapLevels(sourcePath, textureIndex, chained, selectedLevel);
+    return writeHeldLevels();
+}
+
+} // namespace pelrath
