@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -59,11 +60,14 @@ private:
         };
         firstRun();
         begin();
-        openArchive("demo-cdds.cdds");
+        // A copy: an insertion changes it.
+        QFile::copy(QDir{archives_}.filePath("demo-cdds.cdds"), folder_ + "/demo-cdds.cdds");
+        openArchive(folder_ + "/demo-cdds.cdds");
         look("archive-opened");
         search();
         modes();
         extraction();
+        insertion();
         sizes();
         damagedArchive();
         user_.then([this] { program_->window.close(); });
@@ -177,19 +181,31 @@ private:
         press("cmdExtract");
         user_.until("the dialog", [] { return dialog<QDialog>() != nullptr; });
         look("extraction");
-        extractAs({"cmdExtractInsert"}, "one-level-extracted");
-        extractAs({"optMipmaps2", "cmdExtractInsert"}, "every-level-extracted");
-        extractAs({"optMipmaps1", "chkOverwriteExistingFiles", "cmdExtractInsert"}, "chain-extracted");
-        extractAs({"optOutFileType0", "chkLaunchEditor", "cmdExtractInsert"}, "image-extracted");
+        choosing({"cmdExtractInsert"}, "one-level-extracted");
+        choosing({"optMipmaps2", "cmdExtractInsert"}, "every-level-extracted");
+        choosing({"optMipmaps1", "chkOverwriteExistingFiles", "cmdExtractInsert"}, "chain-extracted");
+        choosing({"optOutFileType0", "chkLaunchEditor", "cmdExtractInsert"}, "image-extracted");
         closeDialog();
+    }
+    // The picture just extracted comes back changed.
+    void insertion() {
+        user_.then([this] {
+            QDir{folder_}.mkdir("safe");
+            program_->session.settings.cddsBackupFolder = folder_.toStdString() + "/safe";
+            const QString picture = folder_ + "/textures/fx_smoke_white-256x256.tga";
+            QProcess::execute("convert", {picture, "-channel", "RGB", "-swirl", "180", "-fill", "orange",
+                                          "-tint", "90", picture});
+        });
         press("cmdInsert");
         user_.until("the dialog", [] { return dialog<QDialog>() != nullptr; });
         look("insertion");
-        user_.then([] { dialog<QDialog>()->findChild<QAbstractButton*>("optOutFileType0")->click(); });
-        look("insertion-of-an-image");
+        choosing({"optOutFileType0"}, "insertion-of-an-image");
+        choosing({"cmdExtractInsert"}, "image-inserted");
         closeDialog();
+        press("cmdShow0");
+        look("inserted-image-in-the-viewport");
     }
-    void extractAs(std::initializer_list<const char*> clicks, const char* name) {
+    void choosing(std::initializer_list<const char*> clicks, const char* name) {
         for (const char* button : clicks) {
             user_.then([button] { dialog<QDialog>()->findChild<QAbstractButton*>(button)->click(); });
         }

@@ -9,9 +9,10 @@ namespace pelrath::desktop {
 
 Application::Application()
     : refresh([this](const std::string& text) { boxes.critical(text, programTitle); }), boxes(refresh),
-      fileOpen(refresh), pump(refresh),
-      main(session, {boxes, fileOpen, pump, screen, surface, windows, associations}), binder(refresh, screen),
-      window(main, binder, surface), disclaimer(main.disclaimer, binder), transfer(main.transfer, binder) {
+      fileOpen(refresh), pump(refresh), busy(refresh),
+      main(session, {boxes, fileOpen, pump, screen, surface, windows, associations, busy}),
+      binder(refresh, screen), window(main, binder, surface), disclaimer(main.disclaimer, binder),
+      transfer(main.transfer, binder) {
     session.programFolder = programFolder();
     windows.add(main.disclaimer.window, disclaimer);
     windows.add(main.transfer.window, transfer);

@@ -2,6 +2,7 @@
 
 #include "desktop/disclaimer_dialog.hpp"
 #include "desktop/main_window.hpp"
+#include "desktop/qt_busy_sign.hpp"
 #include "desktop/qt_file_associations.hpp"
 #include "desktop/qt_modal_windows.hpp"
 #include "desktop/qt_services.hpp"
@@ -32,6 +33,7 @@ public:
     QtViewportSurface surface;
     QtModalWindows windows;
     QtFileAssociations associations;
+    QtBusySign busy;
     Main main;
     Binder binder;
     MainWindow window;

@@ -6,7 +6,7 @@ namespace pelrath {
 // controls in the order of its own declaration.
 Main::Main(Session& session, const MainServices& services)
     : disclaimer(session.disclaimerAccepted, services.screen, services.windows),
-      transfer(session, {services.boxes, services.windows, services.associations, [] {}}),
+      transfer(session, {services.boxes, services.windows, services.associations, [] {}, imageLibrary(), [] {}, &services.busy}),
       viewer_({session.viewer, services.surface, services.pump, services.boxes, Label11, cmdShow}),
       splash_({SplashFrame, SplashText, SplashPicture, Frame1, Text9, dynImage}, services.screen),
       layout_({window, Frame1, dynImage, frameViewportSize, SplashFrame, Label4, Label5, Label6, Label7,

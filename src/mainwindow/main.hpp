@@ -12,6 +12,7 @@
 #include "mainwindow/viewer/texture_viewer.hpp"
 #include "mainwindow/viewport_controls.hpp"
 #include "mainwindow/window_layout.hpp"
+#include "platform/busy_sign.hpp"
 #include "platform/file_associations.hpp"
 #include "platform/screen.hpp"
 #include "transfer/texture_extraction_insertion.hpp"
@@ -27,6 +28,7 @@ struct MainServices {
     ViewportSurface& surface;
     ModalWindows& windows;
     FileAssociations& associations;
+    BusySign& busy;
 };
 
 /// The main window: its controls, and one object for each concern. Holds no logic of its own. The window

@@ -88,7 +88,8 @@ struct MainHarness {
     FakeSurface surface;
     AnsweringWindows windows;
     RecordingAssociations associations;
-    Main main{session, {boxes, fileOpen, pump, screen, surface, windows, associations}};
+    RecordingSign busy;
+    Main main{session, {boxes, fileOpen, pump, screen, surface, windows, associations, busy}};
 };
 
 /// Textures of one DXT1 level each, by name.

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "controls/modal_windows.hpp"
+#include "platform/busy_sign.hpp"
 #include "platform/file_associations.hpp"
+#include "support/values.hpp"
 
 #include <functional>
 #include <string>
@@ -20,6 +22,19 @@ public:
     }
     int shown = 0;
     std::function<void()> answer;
+};
+
+/// Remembers what it was told.
+class RecordingSign : public BusySign {
+public:
+    void show(const std::string& what, std::uint64_t done, std::uint64_t total) override {
+        seen += what + " " + row(done, total) + "; ";
+        if (done == total) atTheEnd();
+    }
+    void clear() override { seen += "clear"; }
+
+    std::string seen;
+    std::function<void()> atTheEnd = [] {};
 };
 
 /// Knows one program for every kind of file, or none.

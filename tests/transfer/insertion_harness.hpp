@@ -2,38 +2,13 @@
 
 #include "archive/reader.hpp"
 #include "imaging/block_decoder.hpp"
+#include "support/answering_desktop.hpp"
 #include "support/archive_builder.hpp"
 #include "support/recording_boxes.hpp"
 #include "support/temporary_folder.hpp"
 #include "transfer/texture_extraction_insertion.hpp"
 
 namespace pelrath::test {
-
-/// The user of the dialog, who acts once it is up and then closes it, on a desktop without editors.
-class DialogUser : public ModalWindows, public FileAssociations {
-public:
-    void showModal(Window& window) override {
-        window.activated.emit();
-        acts();
-        window.unload();
-    }
-    [[nodiscard]] std::string executableFor(const std::string& /*file*/) override { return {}; }
-    void open(const std::string& /*file*/) override {}
-
-    std::function<void()> acts;
-};
-
-class RecordingSign : public BusySign {
-public:
-    void show(const std::string& what, std::uint64_t done, std::uint64_t total) override {
-        seen += what + " " + row(done, total) + "; ";
-        if (done == total) atTheEnd();
-    }
-    void clear() override { seen += "clear"; }
-
-    std::string seen;
-    std::function<void()> atTheEnd = [] {};
-};
 
 constexpr std::uint16_t yellow = 0xFFE0, blue = 0x001F; // 5-6-5
 
@@ -66,7 +41,7 @@ inline TexturePlan chainOf(const std::string& name, const std::string& type, std
 class InsertionHarness {
 public:
     explicit InsertionHarness(const LibraryFunctions& library = imageLibrary())
-        : dialog(session, {boxes, user, user, [] {}, library,
+        : dialog(session, {boxes, windows, associations, [] {}, library,
                            [this] {
                                ++foldersAsked;
                                session.settings.cddsBackupFolder = chosenFolder;
@@ -102,7 +77,7 @@ public:
     std::string run(DialogMode mode, FileTypeOption kind, const std::function<void()>& choices) {
         session.mode = mode;
         std::string summary;
-        user.acts = [&] {
+        windows.answer = [&] {
             dialog.optOutFileType[kind].select();
             choices();
             dialog.cmdExtractInsert.press();
@@ -171,7 +146,8 @@ public:
     TemporaryFolder folder, images, copies, bazar, program;
     Session session;
     RecordingBoxes boxes;
-    DialogUser user;
+    AnsweringWindows windows;
+    RecordingAssociations associations;
     RecordingSign sign;
     Window owner;
     std::string chosenFolder; ///< for safe copies, when the user is asked
