@@ -202,7 +202,6 @@ private:
         choosing({"optOutFileType0"}, "insertion-of-an-image");
         choosing({"cmdExtractInsert"}, "image-inserted");
         closeDialog();
-        press("cmdShow0");
         look("inserted-image-in-the-viewport");
     }
     void choosing(std::initializer_list<const char*> clicks, const char* name) {

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <filesystem>
 #include <thread>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -18,10 +19,14 @@ int runTests(int argc, char* argv[]) {
     return RUN_ALL_TESTS();
 }
 
-// A thread that has been told to end may still be ending, and takes the leak checker down with it.
+// A thread that has been told to end may still be ending, and takes the leak checker down with it. Those that live on do no harm.
 void letThreadsEnd() {
     const auto threads = [] { return std::distance(std::filesystem::directory_iterator{"/proc/self/task"}, {}); };
-    for (int patience = 200; threads() > 1 && patience > 0; --patience) std::this_thread::sleep_for(std::chrono::milliseconds{10});
+    auto before = threads();
+    for (int steady = 0; before > 1 && steady < 10; ++steady) {
+        std::this_thread::sleep_for(std::chrono::milliseconds{20});
+        if (threads() != std::exchange(before, threads())) steady = 0;
+    }
 }
 
 } // namespace
