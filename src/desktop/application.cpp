@@ -9,10 +9,19 @@ namespace pelrath::desktop {
 
 Application::Application()
     : refresh([this](const std::string& text) { boxes.critical(text, programTitle); }), boxes(refresh),
-      fileOpen(refresh), pump(refresh), main(session, {boxes, fileOpen, pump, screen, surface, windows}),
-      binder(refresh, screen), window(main, binder, surface), disclaimer(main.disclaimer, binder) {
+      fileOpen(refresh), folderPicker(refresh), pump(refresh),
+      main(session, {boxes, fileOpen, pump, screen, surface, windows, folderPicker}),
+      frmGetBazarTempFolder(FolderChoice::bazarTempTexts, session.settings.bazarTempFolder, main.window,
+                            {main.folders, boxes, windows}),
+      frmGetCDDSBackupFolder(FolderChoice::cddsBackupTexts, session.settings.cddsBackupFolder, main.window,
+                             {main.folders, boxes, windows}),
+      binder(refresh, screen), window(main, binder, surface), disclaimer(main.disclaimer, binder),
+      bazarTempFolder(frmGetBazarTempFolder, "frmGetBazarTempFolder", binder),
+      cddsBackupFolder(frmGetCDDSBackupFolder, "frmGetCDDSBackupFolder", binder) {
     session.programFolder = programFolder();
     windows.add(main.disclaimer.window, disclaimer);
+    windows.add(frmGetBazarTempFolder.window, bazarTempFolder);
+    windows.add(frmGetCDDSBackupFolder.window, cddsBackupFolder);
     windows.returned = [this] {
         if (window.isVisible()) window.activate();
     };

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "desktop/disclaimer_dialog.hpp"
+#include "desktop/folder_choice_dialog.hpp"
 #include "desktop/main_window.hpp"
+#include "desktop/qt_folder_picker.hpp"
 #include "desktop/qt_modal_windows.hpp"
 #include "desktop/qt_services.hpp"
 #include "mainwindow/main.hpp"
@@ -26,13 +28,18 @@ public:
     Refresh refresh;
     QtMessageBoxes boxes;
     QtFileOpenDialog fileOpen;
+    QtFolderPicker folderPicker;
     QtEventPump pump;
     QtViewportSurface surface;
     QtModalWindows windows;
     Main main;
+    FolderChoice frmGetBazarTempFolder;
+    FolderChoice frmGetCDDSBackupFolder;
     Binder binder;
     MainWindow window;
     DisclaimerDialog disclaimer;
+    FolderChoiceDialog bazarTempFolder;
+    FolderChoiceDialog cddsBackupFolder;
 };
 
 } // namespace pelrath::desktop

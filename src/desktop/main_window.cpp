@@ -107,6 +107,9 @@ void MainWindow::buildArchiveFrame() {
     QLineEdit& folderBox = make<QLineEdit>("Text8", frame);
     binder_.bind(model_.Text8, folderBox);
     folder.setBuddy(&folderBox);
+    QPushButton& browseFolder = make<QPushButton>("cmdGetExtractInsertFolder", frame);
+    browseFolder.setToolTip("Choose the Export/Import folder");
+    binder_.bind(model_.cmdGetExtractInsertFolder, browseFolder);
     QLabel& search = label(model_.Label13, "Label13", frame, 'T');
     KeyLineEdit& box = make<KeyLineEdit>("incrementalSearchText", frame);
     binder_.bind(model_.incrementalSearchText, box);
@@ -233,7 +236,8 @@ void MainWindow::orderTabs() {
     // As the eye goes: what is opened, what is looked for, how it is shown, what is in it.
     const QStringList order =
         QString{
-            "Text1 Command1 cmdReadCDDS Text8 incrementalSearchText incrementalSearchList chkGraphicDisplay "
+            "Text1 Command1 cmdReadCDDS Text8 cmdGetExtractInsertFolder incrementalSearchText "
+            "incrementalSearchList chkGraphicDisplay "
             "cmdShow0 cmdShow1 cmdShow2 backViewportColor0 backViewportColor1 backViewportColor2 "
             "backViewportColor3 backViewportColor4 backViewportColor5 backViewportColor6 backViewportColor7 "
             "backViewportColor8 SplashText0 SplashText1 viewPortSize0 viewPortSize1 Text3 Text4 Output2 "
@@ -287,6 +291,8 @@ bool MainWindow::event(QEvent* event) {
     // A return from a message box or from another program is no activation: it would show the texture anew.
     if (event->type() == QEvent::WindowActivate && !activated_) activate();
     if (event->type() == QEvent::ApplicationFontChange) fitFontToLayout(); // the desktop's settings came late
+    if (event->type() == QEvent::WinIdChange)
+        model_.window.setHandle(static_cast<std::uint32_t>(internalWinId()));
     if (event->type() == QEvent::WindowStateChange) model_.window.setMinimized(isMinimized());
     return handled;
 }

@@ -6,6 +6,7 @@ namespace pelrath {
 // controls in the order of its own declaration.
 Main::Main(Session& session, const MainServices& services)
     : disclaimer(session.disclaimerAccepted, services.screen, services.windows),
+      folders(services.folderPicker, window),
       viewer_({session.viewer, services.surface, services.pump, services.boxes, Label11, cmdShow}),
       splash_({SplashFrame, SplashText, SplashPicture, Frame1, Text9, dynImage}, services.screen),
       layout_({window, Frame1, dynImage, frameViewportSize, SplashFrame, Label4, Label5, Label6, Label7,
@@ -30,8 +31,9 @@ Main::Main(Session& session, const MainServices& services)
                 Output,
                 incrementalSearchList,
                 dynImage,
-                {&Command1, &cmdReadCDDS}},
+                {&Command1, &cmdReadCDDS, &cmdGetExtractInsertFolder}},
                {services.boxes, services.fileOpen, services.pump}, session, listing_, layout_, splash_),
+      exportImportFolder_({cmdGetExtractInsertFolder, Text8}, session, folders),
       lifeCycle_(
           {window, Timer1, Label11, chkGraphicDisplay, SplashFrame, dynImage, Output[TexturePane], Text8},
           services.screen, services.boxes, session, {viewer_, viewport_, splash_, disclaimer}) {}

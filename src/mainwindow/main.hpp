@@ -1,8 +1,10 @@
 #pragma once
 
 #include "dialogs/disclaimer.hpp"
+#include "dialogs/folder_selection.hpp"
 #include "mainwindow/archive_listing.hpp"
 #include "mainwindow/archive_reading.hpp"
+#include "mainwindow/export_import_folder.hpp"
 #include "mainwindow/incremental_search.hpp"
 #include "mainwindow/life_cycle.hpp"
 #include "mainwindow/main_controls.hpp"
@@ -23,6 +25,7 @@ struct MainServices {
     const Screen& screen;
     ViewportSurface& surface;
     ModalWindows& windows;
+    FolderPicker& folderPicker;
 };
 
 /// The main window: its controls, and one object for each concern. Holds no logic of its own. The window
@@ -39,6 +42,7 @@ public:
     void layOut() { layout_.Form_Resize(); }
 
     Disclaimer disclaimer;
+    FolderSelection folders;
 
 private:
     TextureViewer viewer_;
@@ -49,6 +53,7 @@ private:
     TextureChoice choice_;
     IncrementalSearch search_;
     ArchiveReading reading_;
+    ExportImportFolder exportImportFolder_;
     LifeCycle lifeCycle_;
 };
 

@@ -30,7 +30,8 @@ struct MainControls {
     CommandButton cmdReadCDDS; // reads it again
     Label Label9;              // "Export/Import Path :"
     TextBox Text8;
-    Label Label13; // over the search box
+    CommandButton cmdGetExtractInsertFolder; // chooses the folder
+    Label Label13;                           // over the search box
     TextBox incrementalSearchText;
     ListBox incrementalSearchList;
 

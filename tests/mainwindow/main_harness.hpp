@@ -1,9 +1,11 @@
 #pragma once
 
 #include "mainwindow/main.hpp"
+#include "support/answering_windows.hpp"
 #include "support/archive_builder.hpp"
 #include "support/fake_device.hpp"
 #include "support/recording_boxes.hpp"
+#include "support/scripted_picker.hpp"
 #include "support/temporary_folder.hpp"
 
 #include "platform/text.hpp"
@@ -19,18 +21,6 @@ public:
     [[nodiscard]] double width() const override { return 19200; }
     [[nodiscard]] double height() const override { return 12000; }
     [[nodiscard]] double textWidth(std::string_view text) const override { return 120.0 * static_cast<double>(characterCount(text)); }
-};
-
-/// Dialogs that the test answers.
-class AnsweringWindows : public ModalWindows {
-public:
-    void showModal(Window& window) override {
-        ++shown;
-        if (answer) answer();
-        window.unload(); // by its frame, unless the answer has done it
-    }
-    int shown = 0;
-    std::function<void()> answer;
 };
 
 class AnsweringFileOpen : public FileOpenDialog {
@@ -98,7 +88,8 @@ struct MainHarness {
     FixedScreen screen;
     FakeSurface surface;
     AnsweringWindows windows;
-    Main main{session, {boxes, fileOpen, pump, screen, surface, windows}};
+    ScriptedPicker folderPicker;
+    Main main{session, {boxes, fileOpen, pump, screen, surface, windows, folderPicker}};
 };
 
 /// Textures of one DXT1 level each, by name.
