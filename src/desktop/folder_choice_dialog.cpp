@@ -27,7 +27,7 @@ FolderChoiceDialog::FolderChoiceDialog(FolderChoice& model, const QString& name,
     browse->setToolTip("Choose a folder");
     browse->setAutoDefault(false);
     ok->setDefault(true);
-    binder.bind(model.Label1, *label, 'F');
+    binder.bind(model.Label1, *label, 'l');
     binder.bind(model.selectedFolder, *folder);
     binder.bind(model.cmdGetExtractInsertFolder, *browse);
     binder.bind(model.cmdOK, *ok, 'O');

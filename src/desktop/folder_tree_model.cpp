@@ -192,7 +192,7 @@ void FolderTreeModel::takeOver(const QModelIndex& folder, const FolderListing& l
     add(folder, fresh);
     if (!stays.isValid()) return;
     if (listing.whole && listing.systemError == 0) removeAllBut(stays, listing.found);
-    if (stays.isValid()) Q_EMIT dataChanged(stays, stays);
+    if (stays.isValid()) Q_EMIT dataChanged(stays, stays, {Qt::DisplayRole, Qt::ToolTipRole});
 }
 
 QModelIndex FolderTreeModel::index(int row, int column, const QModelIndex& parent) const {
@@ -237,6 +237,8 @@ QVariant FolderTreeModel::data(const QModelIndex& index, int role) const {
         return QApplication::style()->standardIcon(folder.icon);
     case Qt::ToolTipRole:
         return folder.systemError == 0 ? QVariant{} : toQString(systemMessage(folder.systemError));
+    case NameRole:
+        return folder.name;
     case PlaceRole:
         return folder.place;
     case HiddenRole:

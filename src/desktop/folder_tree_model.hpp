@@ -17,9 +17,9 @@ class FolderTreeModel : public QAbstractItemModel {
 public:
     /// Besides the usual roles.
     enum Role {
-        PlaceRole =
-            Qt::UserRole, ///< the number of a place that keeps it among its siblings, else a large one
-        HiddenRole,       ///< to be left out unless hidden folders are shown
+        NameRole = Qt::UserRole, ///< the folder's own, whatever is shown
+        PlaceRole,               ///< the number of a place among its siblings; a large one for all others
+        HiddenRole,              ///< to be left out unless hidden folders are shown
     };
 
     explicit FolderTreeModel(QObject* parent);

@@ -5,9 +5,17 @@
 
 namespace pelrath::desktop {
 
-OrderedFolders::OrderedFolders(QObject* parent) : QSortFilterProxyModel(parent) {
+namespace {
+
+// Without a language letters would stand in the order of their codes.
+QLocale language() { return QLocale{}.language() == QLocale::C ? QLocale{QLocale::English} : QLocale{}; }
+
+} // namespace
+
+OrderedFolders::OrderedFolders(QObject* parent) : QSortFilterProxyModel(parent), order_(language()) {
     order_.setNumericMode(true);
     order_.setCaseSensitivity(Qt::CaseInsensitive);
+    setSortRole(FolderTreeModel::NameRole);
     sort(0);
 }
 
@@ -20,7 +28,8 @@ bool OrderedFolders::lessThan(const QModelIndex& left, const QModelIndex& right)
     const int leftPlace = left.data(FolderTreeModel::PlaceRole).toInt();
     const int rightPlace = right.data(FolderTreeModel::PlaceRole).toInt();
     if (leftPlace != rightPlace) return leftPlace < rightPlace;
-    return order_.compare(left.data().toString(), right.data().toString()) < 0;
+    return order_.compare(left.data(FolderTreeModel::NameRole).toString(),
+                          right.data(FolderTreeModel::NameRole).toString()) < 0;
 }
 
 bool OrderedFolders::filterAcceptsRow(int row, const QModelIndex& parent) const {
@@ -40,6 +49,11 @@ FolderTreeView::FolderTreeView(QWidget* parent)
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { following_ = false; });
     connect(shown_, &QAbstractItemModel::rowsInserted, this, &FolderTreeView::keepInSight,
             Qt::QueuedConnection);
+}
+
+void FolderTreeView::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    header()->setMinimumSectionSize(viewport()->width()); // a row reaches from edge to edge
 }
 
 void FolderTreeView::begin(const QString& rootFolder) {
@@ -72,11 +86,16 @@ QString FolderTreeView::chosenPath() const {
 }
 
 QString FolderTreeView::chosenName() const {
-    return hasChoice() ? selectedIndexes().front().data().toString() : QString{};
+    return hasChoice() ? selectedIndexes().front().data(FolderTreeModel::NameRole).toString() : QString{};
 }
 
 void FolderTreeView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QTreeView::selectionChanged(selected, deselected);
+    // Rows that move under a choice make another selection, but no other choice.
+    const QModelIndex chosen = hasChoice() ? selectedIndexes().front() : QModelIndex{};
+    if (chosen == told_ && hasChoice() == toldOne_) return;
+    told_ = chosen;
+    toldOne_ = hasChoice();
     if (choiceChanged) choiceChanged();
 }
 

@@ -46,6 +46,7 @@ public:
     std::function<void()> choiceChanged; ///< whoever chose
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
@@ -53,6 +54,8 @@ private:
 
     FolderTreeModel* folders_;
     OrderedFolders* shown_;
+    QPersistentModelIndex told_; // the choice of the last notice
+    bool toldOne_ = false;
     bool following_ = false; // rows that come do not push the choice out of sight
 };
 

@@ -1,4 +1,5 @@
 #include "desktop/application.hpp"
+#include "desktop/folder_picker_dialog.hpp"
 #include "desktop/list_box_view.hpp"
 #include "support/archive_builder.hpp"
 #include "support/temporary_folder.hpp"
@@ -60,7 +61,7 @@ protected:
     }
 
     template <class Widget> Widget& widget(const char* name) { return *program.window.findChild<Widget*>(name); }
-    template <class Dialog> static Dialog* dialog() { return qobject_cast<Dialog*>(QApplication::activeModalWidget()); }
+    template <class Dialog> static Dialog* dialog() { return dynamic_cast<Dialog*>(QApplication::activeModalWidget()); }
     ListBoxView& list(const char* name) { return widget<ListBoxView>(name); }
     int chosenRow(const char* name) {
         const QModelIndexList rows = list(name).selectionModel()->selectedIndexes();
@@ -185,6 +186,33 @@ TEST_F(RealWindow, APlaceOffEveryScreenIsKeptAndTheWindowReachable) {
     EXPECT_NE(folder.read("Pelrath.ini").find("MainTop=9000\nMainLeft=-9000\n"), std::string::npos);
 }
 
+TEST_F(RealWindow, AWorkingFolderIsAskedForUntilThereIsOne) {
+    const auto show = [this](FolderChoice& model) {
+        user.then([this, &model] { program.refresh.deliver([&model] { model.show(); }); });
+        untilDialog<desktop::FolderChoiceDialog>();
+    };
+    const auto in = [](const char* name) { return dialog<QDialog>()->findChild<QPushButton*>(name); };
+    untilLoop();
+    show(program.frmGetBazarTempFolder);
+    user.then([in] {
+        in("cmdOK")->setFocus();
+        QTest::keyClick(in("cmdOK"), Qt::Key_Return);
+    });
+    untilDialog<QMessageBox>().then([] { dialog<QMessageBox>()->accept(); });
+    untilDialog<desktop::FolderChoiceDialog>()
+        .until("the focus", [] { return QApplication::focusWidget() != nullptr && QApplication::focusWidget()->objectName() == "selectedFolder"; })
+        .then([] {
+            QTest::keyClicks(QApplication::focusWidget(), "/no such");
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        });
+    show(program.frmGetCDDSBackupFolder);
+    user.then([in] { in("cmdGetExtractInsertFolder")->click(); });
+    untilDialog<desktop::FolderPickerDialog>(); // the close comes over all of them
+    run();
+    EXPECT_EQ(row(program.session.settings.bazarTempFolder, program.session.settings.cddsBackupFolder), "/no such, ");
+    EXPECT_NE(folder.read("Pelrath.ini").find("bazartempfolder=/no such\n"), std::string::npos);
+}
+
 TEST(WithoutOpenGl, TheProgramRunsWithoutAPicture) {
     const test::TemporaryFolder folder;
     const QString program = QString::fromStdString(folder.file("pelrath"));
@@ -214,7 +242,7 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
             visited << QApplication::focusWidget()->objectName();
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         }
-        EXPECT_EQ(visited.mid(0, 5).join(' ').toStdString(), "Text1 Command1 cmdReadCDDS Text8 incrementalSearchText");
+        EXPECT_EQ(visited.mid(0, 6).join(' ').toStdString(), "Text1 Command1 cmdReadCDDS Text8 cmdGetExtractInsertFolder incrementalSearchText");
         for (const char* name : {"Output0", "Output1", "Output2", "chkGraphicDisplay", "viewPortSize1", "Text5"}) {
             EXPECT_TRUE(visited.contains(name)) << name << " not in " << visited.join(' ').toStdString();
         }
