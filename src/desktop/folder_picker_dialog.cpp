@@ -17,8 +17,6 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include <cerrno>
-
 namespace pelrath::desktop {
 
 namespace {
@@ -50,7 +48,7 @@ void FolderPickerDialog::build() {
     path_ = make(new PathEdit{this}, "path");
     path_->setVisible(offers(folder_picker_flag::editBox));
     path_->confirmed = [this] { accept(); };
-    connect(path_, &QLineEdit::textEdited, this, [this] { edited(); });
+    connect(path_, &QLineEdit::textChanged, this, [this] { edited(); });
     newFolder_ = make(new QPushButton{"&New Folder...", this}, "newFolder");
     newFolder_->setAutoDefault(false);
     newFolder_->setEnabled(false);
@@ -215,10 +213,10 @@ void FolderPickerDialog::askForFolder() {
         this, "New Folder", "&Name of the new folder:", QLineEdit::Normal, "New Folder", &named);
     if (!named || name.isEmpty()) return;
     const FullPath full = fullPath(toUtf8(name), parent);
-    if (full.systemError != 0) {
-        folderNotMade(full.systemError);
-    } else if (full.path != joinPath(parent, toUtf8(name))) {
-        folderNotMade(EINVAL); // more than a name
+    if (name.contains('/') || name == "." || name == "..") {
+        folderNotMade("a folder's name holds no \"/\" and is neither \".\" nor \"..\"");
+    } else if (full.systemError != 0) {
+        folderNotMade(systemMessage(full.systemError));
     } else {
         makeFolderAt(full.path);
     }
@@ -228,15 +226,17 @@ void FolderPickerDialog::makeFolderAt(const std::string& path) {
     background_.run([this, path, number = ++selections_](const Background::Post& post) {
         const int problem = makeFolder(path);
         post([=, this] {
-            if (problem != 0) folderNotMade(problem);
+            if (problem != 0) folderNotMade(systemMessage(problem));
             if (problem == 0 && number == selections_) tree_->choose(toQString(path));
         });
     });
 }
 
-void FolderPickerDialog::folderNotMade(int systemError) {
-    QMessageBox::warning(this, "New Folder",
-                         "The folder was not made: " + toQString(systemMessage(systemError)) + '.');
+void FolderPickerDialog::folderNotMade(const std::string& reason) {
+    QMessageBox box{QMessageBox::Warning, "New Folder", "The folder was not made: " + toQString(reason) + '.',
+                    QMessageBox::Ok, this};
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 } // namespace pelrath::desktop

@@ -48,7 +48,7 @@ private:
     void refused(const std::string& typed);
     void askForFolder();
     void makeFolderAt(const std::string& path);
-    void folderNotMade(int systemError);
+    void folderNotMade(const std::string& reason);
 
     FolderPicker::Request request_;
     FolderPicker::Listener& listener_;

@@ -228,13 +228,19 @@ void FolderTreeModel::fetchMore(const QModelIndex& parent) {
     if (at(parent).read == Node::Read::NotYet) read(parent);
 }
 
+const QIcon& FolderTreeModel::icon(QStyle::StandardPixmap picture) const {
+    QIcon& kept = icons_[picture];
+    if (kept.isNull()) kept = QApplication::style()->standardIcon(picture);
+    return kept;
+}
+
 QVariant FolderTreeModel::data(const QModelIndex& index, int role) const {
     const Node& folder = at(index);
     switch (role) {
     case Qt::DisplayRole:
         return folder.read == Node::Read::Slow ? folder.name + " (reading \u2026)" : folder.name;
     case Qt::DecorationRole:
-        return QApplication::style()->standardIcon(folder.icon);
+        return icon(folder.icon);
     case Qt::ToolTipRole:
         return folder.systemError == 0 ? QVariant{} : toQString(systemMessage(folder.systemError));
     case NameRole:

@@ -4,6 +4,7 @@
 #include "desktop/folder_listing.hpp"
 
 #include <QAbstractItemModel>
+#include <QIcon>
 #include <QStyle>
 
 #include <map>
@@ -60,6 +61,8 @@ private:
     void read(const QModelIndex& folder);
     void takeOver(const QModelIndex& folder, const FolderListing& listing);
 
+    [[nodiscard]] const QIcon& icon(QStyle::StandardPixmap picture) const;
+
     /// A folder that is being read.
     struct Reading {
         QPersistentModelIndex folder;
@@ -69,6 +72,7 @@ private:
     std::unique_ptr<Node> top_; // over the root's row, in no row itself
     std::map<int, Reading> readings_;
     int lastReading_ = 0;
+    mutable std::map<QStyle::StandardPixmap, QIcon> icons_; // a style reads its own anew each time
     Background background_;
 };
 

@@ -44,8 +44,11 @@ FolderTreeView::FolderTreeView(QWidget* parent)
     setUniformRowHeights(true);
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents); // long names scroll sideways
+    header()->setResizeContentsPrecision(100);
     connect(this, &QTreeView::expanded, folders_,
             [this](const QModelIndex& index) { folders_->reread(shown_->mapToSource(index)); });
+    // A folder that was read may turn out to have nothing inside.
+    connect(shown_, &QAbstractItemModel::dataChanged, this, [this] { scheduleDelayedItemsLayout(); });
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { following_ = false; });
     connect(shown_, &QAbstractItemModel::rowsInserted, this, &FolderTreeView::keepInSight,
             Qt::QueuedConnection);
@@ -59,6 +62,8 @@ void FolderTreeView::resizeEvent(QResizeEvent* event) {
 void FolderTreeView::begin(const QString& rootFolder) {
     folders_->setRoot(rootFolder);
     expand(shown_->index(0, 0));
+    selectionModel()->setCurrentIndex(shown_->index(0, 0),
+                                      QItemSelectionModel::NoUpdate); // the keys start there
 }
 
 void FolderTreeView::choose(const QString& folder) {

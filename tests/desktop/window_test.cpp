@@ -181,6 +181,11 @@ TEST_F(RealWindow, APlaceOffEveryScreenIsKeptAndTheWindowReachable) {
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         EXPECT_TRUE(screen.intersects(program.window.frameGeometry()));
         EXPECT_LT(program.window.frameGeometry().top(), screen.bottom());
+        program.refresh.deliver([this] { program.frmGetBazarTempFolder.show(); });
+    });
+    untilDialog<desktop::FolderChoiceDialog>().then([] { // centred on a place off every screen
+        EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().contains(dialog<QDialog>()->geometry()));
+        QTest::keyClick(dialog<QDialog>(), Qt::Key_Escape);
     });
     run();
     EXPECT_NE(folder.read("Pelrath.ini").find("MainTop=9000\nMainLeft=-9000\n"), std::string::npos);
@@ -235,6 +240,7 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
             if (spoken == nullptr || spoken->text(QAccessible::Name).isEmpty()) nameless << view->objectName();
         }
         EXPECT_EQ(nameless.join(' ').toStdString(), "");
+        EXPECT_EQ(program.main.window.handle(), program.window.winId());
         auto* first = &widget<QLineEdit>("Text1");
         first->setFocus();
         QStringList visited;
