@@ -36,7 +36,7 @@ FolderPickerDialog::FolderPickerDialog(const FolderPicker::Request& request, Fol
 }
 
 void FolderPickerDialog::build() {
-    const auto make = [this](auto* view, const char* name) {
+    const auto make = [](auto* view, const char* name) {
         view->setObjectName(name);
         return view;
     };
