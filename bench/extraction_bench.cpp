@@ -94,7 +94,7 @@ struct Workbench {
     WorkingWindows windows;
     DesktopAssociations associations;
     Window owner;
-    TextureExtractionInsertion dialog{session, {boxes, windows, associations, [] {}}};
+    TextureExtractionInsertion dialog{session, {boxes, windows, associations, [] {}, [] {}}};
 };
 
 void ddsLevel(benchmark::State& state) { Workbench{}.extract(state, 0, DdsFileType, Single); }

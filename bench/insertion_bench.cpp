@@ -87,7 +87,7 @@ struct Workplace {
     LibraryImages images;
     ImageLibraryUse use{facade, images};
     TransferImaging imaging{facade, images, options, use};
-    TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}}};
+    TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}}};
     Window owner;
 
 private:

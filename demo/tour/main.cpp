@@ -38,6 +38,7 @@ public:
     int take() {
         const QTemporaryDir folder; // as new as the program's own folder on its first run
         folder_ = folder.path();
+        qputenv("HOME", folder_.toLocal8Bit()); // whose folders are on the pictures
         return refuse() && goAround() ? 0 : 1;
     }
 
@@ -70,6 +71,7 @@ private:
         insertion();
         sizes();
         damagedArchive();
+        chooseFolders();
         user_.then([this] { program_->window.close(); });
         return run(user_);
     }
@@ -240,6 +242,61 @@ private:
         user_.then([this] {
             QFile::remove(QDir{archives_}.filePath("damaged.cdds"));
             dialog<QMessageBox>()->accept();
+        });
+    }
+
+    void chooseFolders() {
+        user_.then([this] {
+            QDir{folder_}.mkpath("Simulator/textures/Bazar Temp");
+            for (const char* name :
+                 {"Simulator/textures/Cockpits", "Simulator/missions", "Safe copies", "\u00C9t\u00E9"}) {
+                QDir{folder_}.mkpath(name);
+            }
+            program_->session.exportImportFolder = (folder_ + "/Simulator/textures").toStdString();
+        });
+        press("cmdGetExtractInsertFolder");
+        untilFolder(folder_ + "/Simulator/textures");
+        look("choosing-a-folder");
+        typeFolder(folder_ + "/Sim");
+        look("a-folder-typed-in");
+        typeFolder(folder_ + "/no/such/folder");
+        user_.then([] { QTest::keyClick(pickedPath(), Qt::Key_Return); });
+        user_.until("the end of the dialog", [] { return dialog<QDialog>() == nullptr; });
+        look("nothing-chosen");
+        chooseFolder(program_->main.frmGetBazarTempFolder, "Simulator/textures/Bazar Temp",
+                     "bazar-temp-folder");
+        chooseFolder(program_->main.frmGetCDDSBackupFolder, "Safe copies", "safe-copy-folder");
+    }
+    void chooseFolder(FolderChoice& model, const QString& folder, const char* name) {
+        user_.then([this, &model] { program_->refresh.deliver([&model] { model.show(); }); });
+        user_.until("the folder dialog", [] { return inDialog<QPushButton>("cmdOK") != nullptr; });
+        user_.then([] { inDialog<QPushButton>("cmdOK")->click(); });
+        user_.until("the message", [] { return dialog<QMessageBox>() != nullptr; });
+        look("no-folder");
+        user_.then([] { dialog<QMessageBox>()->accept(); });
+        user_.then([] { inDialog<QPushButton>("cmdGetExtractInsertFolder")->click(); });
+        user_.until("the folder picker", [] { return pickedPath() != nullptr; });
+        typeFolder(folder_ + '/' + folder);
+        user_.then([] { QTest::keyClick(pickedPath(), Qt::Key_Return); });
+        user_.until("the end of the picker", [] { return inDialog<QPushButton>("cmdOK") != nullptr; });
+        look(name);
+        user_.then([] { inDialog<QPushButton>("cmdOK")->click(); });
+    }
+    template <class Widget>
+    static Widget* inDialog(const char* name) {
+        QDialog* shown = dialog<QDialog>();
+        return shown == nullptr ? nullptr : shown->findChild<Widget*>(name);
+    }
+    static QLineEdit* pickedPath() { return inDialog<QLineEdit>("path"); }
+    void untilFolder(const QString& path) {
+        user_.until("the folder picker",
+                    [path] { return pickedPath() != nullptr && pickedPath()->text() == path; });
+    }
+    void typeFolder(const QString& path) {
+        user_.then([path] {
+            pickedPath()->setFocus(Qt::TabFocusReason);
+            pickedPath()->selectAll();
+            QTest::keyClicks(pickedPath(), path);
         });
     }
 

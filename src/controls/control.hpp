@@ -20,6 +20,7 @@ struct Box {
 class Control {
 public:
     Signal<> changed;
+    Signal<> focusRequested;
 
     Control() = default;
     Control(const Control&) = delete;
@@ -32,6 +33,9 @@ public:
     [[nodiscard]] const Box& box() const { return box_; }
     /// What a screen reader calls it, where no caption or label beside it says so.
     [[nodiscard]] const std::string& accessibleName() const { return accessibleName_; }
+
+    /// The keyboard's input goes to it from now on.
+    void focus() { focusRequested.emit(); }
 
     void setEnabled(bool enabled) { assign(enabled_, enabled); }
     void setVisible(bool visible) { assign(visible_, visible); }

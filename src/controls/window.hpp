@@ -3,6 +3,8 @@
 #include "controls/control.hpp"
 #include "platform/scoped_flag.hpp"
 
+#include <cstdint>
+
 namespace pelrath {
 
 /// A window as its model sees it: the box is its place on the screen and its outer size, frame included.
@@ -13,6 +15,8 @@ public:
     Signal<> queryUnload; ///< about to go, still shown; cannot be refused
     Signal<> unloaded;    ///< it is gone for good
 
+    /// Its number in the window system, 0 while it has none.
+    [[nodiscard]] std::uint32_t handle() const { return handle_; }
     [[nodiscard]] bool minimized() const { return minimized_; }
     [[nodiscard]] bool isUnloaded() const { return isUnloaded_; }
     /// Outer size less the size inside the frame.
@@ -31,6 +35,7 @@ public:
         frameWidth_ = width;
         frameHeight_ = height;
     }
+    void setHandle(std::uint32_t handle) { handle_ = handle; }
     void setMinimized(bool minimized) { minimized_ = minimized; }
     void setSize(double width, double height) {
         const Box before = box();
@@ -54,6 +59,7 @@ public:
     }
 
 private:
+    std::uint32_t handle_ = 0;
     bool minimized_ = false;
     bool isUnloaded_ = false;
     bool unloading_ = false;

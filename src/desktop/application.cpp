@@ -9,13 +9,17 @@ namespace pelrath::desktop {
 
 Application::Application()
     : refresh([this](const std::string& text) { boxes.critical(text, programTitle); }), boxes(refresh),
-      fileOpen(refresh), pump(refresh), busy(refresh),
-      main(session, {boxes, fileOpen, pump, screen, surface, windows, associations, busy}),
+      fileOpen(refresh), folderPicker(refresh), pump(refresh), busy(refresh),
+      main(session, {boxes, fileOpen, pump, screen, surface, windows, associations, busy, folderPicker}),
       binder(refresh, screen), window(main, binder, surface), disclaimer(main.disclaimer, binder),
-      transfer(main.transfer, binder) {
+      transfer(main.transfer, binder),
+      bazarTempFolder(main.frmGetBazarTempFolder, "frmGetBazarTempFolder", binder),
+      cddsBackupFolder(main.frmGetCDDSBackupFolder, "frmGetCDDSBackupFolder", binder) {
     session.programFolder = programFolder();
     windows.add(main.disclaimer.window, disclaimer);
     windows.add(main.transfer.window, transfer);
+    windows.add(main.frmGetBazarTempFolder.window, bazarTempFolder);
+    windows.add(main.frmGetCDDSBackupFolder.window, cddsBackupFolder);
     windows.returned = [this] {
         if (window.isVisible()) window.activate();
     };

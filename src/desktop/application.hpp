@@ -1,9 +1,11 @@
 #pragma once
 
 #include "desktop/disclaimer_dialog.hpp"
+#include "desktop/folder_choice_dialog.hpp"
 #include "desktop/main_window.hpp"
 #include "desktop/qt_busy_sign.hpp"
 #include "desktop/qt_file_associations.hpp"
+#include "desktop/qt_folder_picker.hpp"
 #include "desktop/qt_modal_windows.hpp"
 #include "desktop/qt_services.hpp"
 #include "desktop/transfer_dialog.hpp"
@@ -29,6 +31,7 @@ public:
     Refresh refresh;
     QtMessageBoxes boxes;
     QtFileOpenDialog fileOpen;
+    QtFolderPicker folderPicker;
     QtEventPump pump;
     QtViewportSurface surface;
     QtModalWindows windows;
@@ -39,6 +42,8 @@ public:
     MainWindow window;
     DisclaimerDialog disclaimer;
     TransferDialog transfer;
+    FolderChoiceDialog bazarTempFolder;
+    FolderChoiceDialog cddsBackupFolder;
 };
 
 } // namespace pelrath::desktop

@@ -92,6 +92,10 @@ Binding& Binder::attach(Control& control, QWidget& view, std::function<void()> p
                                     push();
                                 }};
     new Kept{binding, control.changed.connect([this, binding] { refresh_.later(*binding); })};
+    new Kept{binding, control.focusRequested.connect([this, &view] {
+                 refresh_.flush(); // it may have been disabled or hidden until now
+                 view.setFocus(Qt::OtherFocusReason);
+             })};
     binding->push();
     return *binding;
 }

@@ -4,7 +4,7 @@
 #include "desktop/bordered_box.hpp"
 #include "desktop/key_line_edit.hpp"
 #include "desktop/list_box_view.hpp"
-#include "desktop/reachable.hpp"
+#include "desktop/placing.hpp"
 #include "desktop/swatch_button.hpp"
 
 #include <QApplication>
@@ -87,6 +87,9 @@ void MainWindow::buildArchiveFrame() {
     QLineEdit& folderBox = make<QLineEdit>("Text8", frame);
     binder_.bind(model_.Text8, folderBox);
     folder.setBuddy(&folderBox);
+    QPushButton& browseFolder = make<QPushButton>("cmdGetExtractInsertFolder", frame);
+    browseFolder.setToolTip("Choose the Export/Import folder");
+    binder_.bind(model_.cmdGetExtractInsertFolder, browseFolder);
     binder_.bind(model_.cmdExtract, make<QPushButton>("cmdExtract", frame), 'x');
     binder_.bind(model_.cmdInsert, make<QPushButton>("cmdInsert", frame), 'I');
     QLabel& search = label(model_.Label13, "Label13", frame, 'T');
@@ -215,8 +218,8 @@ void MainWindow::orderTabs() {
     // As the eye goes: what is opened, what is looked for, how it is shown, what is in it.
     const QStringList order =
         QString{
-            "Text1 Command1 cmdReadCDDS Text8 incrementalSearchText incrementalSearchList cmdExtract "
-            "cmdInsert chkGraphicDisplay "
+            "Text1 Command1 cmdReadCDDS Text8 cmdGetExtractInsertFolder incrementalSearchText "
+            "incrementalSearchList cmdExtract cmdInsert chkGraphicDisplay "
             "cmdShow0 cmdShow1 cmdShow2 backViewportColor0 backViewportColor1 backViewportColor2 "
             "backViewportColor3 backViewportColor4 backViewportColor5 backViewportColor6 backViewportColor7 "
             "backViewportColor8 SplashText0 SplashText1 viewPortSize0 viewPortSize1 Text3 Text4 Output2 "
@@ -270,6 +273,8 @@ bool MainWindow::event(QEvent* event) {
     // A return from a message box or from another program is no activation: it would show the texture anew.
     if (event->type() == QEvent::WindowActivate && !activated_) activate();
     if (event->type() == QEvent::ApplicationFontChange) fitFontToLayout(); // the desktop's settings came late
+    if (event->type() == QEvent::WinIdChange)
+        model_.window.setHandle(static_cast<std::uint32_t>(internalWinId()));
     if (event->type() == QEvent::WindowStateChange) model_.window.setMinimized(isMinimized());
     return handled;
 }

@@ -1,6 +1,6 @@
 #include "desktop/model_dialog.hpp"
 
-#include "desktop/reachable.hpp"
+#include "desktop/placing.hpp"
 
 #include <QApplication>
 
@@ -18,7 +18,7 @@ void ModelDialog::run() {
     QRect place = binder_.screen().pixels(model_.box());
     // A model keeps the place that its window has when it is not maximized.
     if (owner != nullptr && owner->isMaximized()) place.moveCenter(owner->frameGeometry().center());
-    move(reachable(place.topLeft(), place.width()));
+    move(onScreen(place));
     activate();
     setWindowTitle(toQString(model_.caption()));
     const Refresh::Wait inside{binder_.refresh()};

@@ -6,7 +6,14 @@ namespace pelrath {
 // controls in the order of its own declaration.
 Main::Main(Session& session, const MainServices& services)
     : disclaimer(session.disclaimerAccepted, services.screen, services.windows),
-      transfer(session, {services.boxes, services.windows, services.associations, [] {}, imageLibrary(), [] {}, &services.busy}),
+      folders(services.folderPicker, window),
+      transfer(session, {services.boxes, services.windows, services.associations,
+                         [this] { frmGetBazarTempFolder.show(); }, [this] { frmGetCDDSBackupFolder.show(); },
+                         &services.busy}),
+      frmGetBazarTempFolder(FolderChoice::bazarTempTexts, session.settings.bazarTempFolder, transfer.window,
+                            {folders, services.boxes, services.windows}),
+      frmGetCDDSBackupFolder(FolderChoice::cddsBackupTexts, session.settings.cddsBackupFolder,
+                             transfer.window, {folders, services.boxes, services.windows}),
       viewer_({session.viewer, services.surface, services.pump, services.boxes, Label11, cmdShow}),
       splash_({SplashFrame, SplashText, SplashPicture, Frame1, Text9, dynImage}, services.screen),
       layout_({window, Frame1, dynImage, frameViewportSize, SplashFrame, Label4, Label5, Label6, Label7,
@@ -31,8 +38,9 @@ Main::Main(Session& session, const MainServices& services)
                 Output,
                 incrementalSearchList,
                 dynImage,
-                {&Command1, &cmdReadCDDS, &cmdExtract, &cmdInsert}},
+                {&Command1, &cmdReadCDDS, &cmdGetExtractInsertFolder, &cmdExtract, &cmdInsert}},
                {services.boxes, services.fileOpen, services.pump}, session, listing_, layout_, splash_),
+      exportImportFolder_({cmdGetExtractInsertFolder, Text8}, session, folders),
       handOff_({window, Text8, cmdExtract, cmdInsert}, services.boxes, session, transfer),
       lifeCycle_(
           {window, Timer1, Label11, chkGraphicDisplay, SplashFrame, dynImage, Output[TexturePane], Text8},

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "dialogs/disclaimer.hpp"
+#include "dialogs/folder_choice.hpp"
+#include "dialogs/folder_selection.hpp"
 #include "mainwindow/archive_listing.hpp"
 #include "mainwindow/archive_reading.hpp"
+#include "mainwindow/export_import_folder.hpp"
 #include "mainwindow/hand_off.hpp"
 #include "mainwindow/incremental_search.hpp"
 #include "mainwindow/life_cycle.hpp"
@@ -29,6 +32,7 @@ struct MainServices {
     ModalWindows& windows;
     FileAssociations& associations;
     BusySign& busy;
+    FolderPicker& folderPicker;
 };
 
 /// The main window: its controls, and one object for each concern. Holds no logic of its own. The window
@@ -45,7 +49,10 @@ public:
     void layOut() { layout_.Form_Resize(); }
 
     Disclaimer disclaimer;
+    FolderSelection folders;
     TextureExtractionInsertion transfer;
+    FolderChoice frmGetBazarTempFolder;
+    FolderChoice frmGetCDDSBackupFolder;
 
 private:
     TextureViewer viewer_;
@@ -56,6 +63,7 @@ private:
     TextureChoice choice_;
     IncrementalSearch search_;
     ArchiveReading reading_;
+    ExportImportFolder exportImportFolder_;
     HandOff handOff_;
     LifeCycle lifeCycle_;
 };

@@ -39,8 +39,9 @@ void designArchiveFrame(MainControls& c) {
     design(c.Command1, {4785, 135, 390, 360}, "...", "Choose a CDDS file");
     design(c.cmdReadCDDS, {5220, 135, 690, 360}, "Read", "Read the CDDS file again");
     design(c.Label9, {120, 570, 1950, 360}, "Export/Import Path :");
-    c.Text8.setBox({2070, 570, 3840, 360});
+    c.Text8.setBox({2070, 570, 2670, 360});
     c.Text8.setAccessibleName("Export/Import path");
+    design(c.cmdGetExtractInsertFolder, {4785, 570, 390, 360}, "...", "Choose the Export/Import folder");
     design(c.cmdExtract, {8970, 135, 960, 360}, "Extract", "Extract the texture to image files");
     design(c.cmdInsert, {8970, 570, 960, 360}, "Insert", "Insert image files into the texture");
     design(c.Label13, {6045, 135, 915, 360}, "Texture :");

@@ -30,6 +30,7 @@ struct MainControls {
     CommandButton cmdReadCDDS; // reads it again
     Label Label9;              // "Export/Import Path :"
     TextBox Text8;
+    CommandButton cmdGetExtractInsertFolder; // chooses the folder
     CommandButton cmdExtract;
     CommandButton cmdInsert;
     Label Label13; // over the search box

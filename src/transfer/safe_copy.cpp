@@ -62,7 +62,7 @@ void SafeCopy::requireFolder() {
     folder.clear();
     c_.txtCDDSBackupFolder.setText("Invalid CDDS Safe Copy Folder");
     state_.folderDialogShown = true;
-    if (chooseSafeCopyFolder_) chooseSafeCopyFolder_();
+    chooseSafeCopyFolder_();
 }
 
 std::string SafeCopy::nameOf(std::int32_t number) const {

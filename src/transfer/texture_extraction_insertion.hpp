@@ -30,9 +30,9 @@ struct TransferServices {
     ModalWindows& windows;
     FileAssociations& associations;
     ChooseFolder chooseBazarTempFolder;
-    LibraryFunctions library = imageLibrary();
-    ChooseFolder chooseSafeCopyFolder = {};
+    ChooseFolder chooseSafeCopyFolder;
     BusySign* busy = nullptr; ///< none: long work is not shown
+    LibraryFunctions library = imageLibrary();
 };
 
 /// The dialog through which one texture of the open archive is extracted to image files or put back from

@@ -1,4 +1,5 @@
 #include "desktop/application.hpp"
+#include "desktop/folder_picker_dialog.hpp"
 #include "desktop/list_box_view.hpp"
 #include "support/archive_builder.hpp"
 #include "support/temporary_folder.hpp"
@@ -61,7 +62,7 @@ protected:
     }
 
     template <class Widget> Widget& widget(const char* name) { return *program.window.findChild<Widget*>(name); }
-    template <class Dialog> static Dialog* dialog() { return qobject_cast<Dialog*>(QApplication::activeModalWidget()); }
+    template <class Dialog> static Dialog* dialog() { return dynamic_cast<Dialog*>(QApplication::activeModalWidget()); }
     ListBoxView& list(const char* name) { return widget<ListBoxView>(name); }
     int chosenRow(const char* name) {
         const QModelIndexList rows = list(name).selectionModel()->selectedIndexes();
@@ -181,9 +182,41 @@ TEST_F(RealWindow, APlaceOffEveryScreenIsKeptAndTheWindowReachable) {
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         EXPECT_TRUE(screen.intersects(program.window.frameGeometry()));
         EXPECT_LT(program.window.frameGeometry().top(), screen.bottom());
+        program.refresh.deliver([this] { program.main.frmGetBazarTempFolder.show(); });
+    });
+    untilDialog<desktop::FolderChoiceDialog>().then([] { // centred on a place off every screen
+        EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().contains(dialog<QDialog>()->geometry()));
+        QTest::keyClick(dialog<QDialog>(), Qt::Key_Escape);
     });
     run();
     EXPECT_NE(folder.read("Pelrath.ini").find("MainTop=9000\nMainLeft=-9000\n"), std::string::npos);
+}
+
+TEST_F(RealWindow, AWorkingFolderIsAskedForUntilThereIsOne) {
+    const auto show = [this](FolderChoice& model) {
+        user.then([this, &model] { program.refresh.deliver([&model] { model.show(); }); });
+        untilDialog<desktop::FolderChoiceDialog>();
+    };
+    const auto in = [](const char* name) { return dialog<QDialog>()->findChild<QPushButton*>(name); };
+    untilLoop();
+    show(program.main.frmGetBazarTempFolder);
+    user.then([in] {
+        in("cmdOK")->setFocus();
+        QTest::keyClick(in("cmdOK"), Qt::Key_Return);
+    });
+    untilDialog<QMessageBox>().then([] { dialog<QMessageBox>()->accept(); });
+    untilDialog<desktop::FolderChoiceDialog>()
+        .until("the focus", [] { return QApplication::focusWidget() != nullptr && QApplication::focusWidget()->objectName() == "selectedFolder"; })
+        .then([] {
+            QTest::keyClicks(QApplication::focusWidget(), "/no such");
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        });
+    show(program.main.frmGetCDDSBackupFolder);
+    user.then([in] { in("cmdGetExtractInsertFolder")->click(); });
+    untilDialog<desktop::FolderPickerDialog>(); // the close comes over all of them
+    run();
+    EXPECT_EQ(row(program.session.settings.bazarTempFolder, program.session.settings.cddsBackupFolder), "/no such, ");
+    EXPECT_NE(folder.read("Pelrath.ini").find("bazartempfolder=/no such\n"), std::string::npos);
 }
 
 TEST(WithoutOpenGl, TheProgramRunsWithoutAPicture) {
@@ -208,6 +241,7 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
             if (spoken == nullptr || spoken->text(QAccessible::Name).isEmpty()) nameless << view->objectName();
         }
         EXPECT_EQ(nameless.join(' ').toStdString(), "");
+        EXPECT_EQ(program.main.window.handle(), program.window.winId());
         auto* first = &widget<QLineEdit>("Text1");
         first->setFocus();
         QStringList visited;
@@ -215,7 +249,7 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
             visited << QApplication::focusWidget()->objectName();
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         }
-        EXPECT_EQ(visited.mid(0, 5).join(' ').toStdString(), "Text1 Command1 cmdReadCDDS Text8 incrementalSearchText");
+        EXPECT_EQ(visited.mid(0, 6).join(' ').toStdString(), "Text1 Command1 cmdReadCDDS Text8 cmdGetExtractInsertFolder incrementalSearchText");
         for (const char* name : {"Output0", "Output1", "Output2", "chkGraphicDisplay", "viewPortSize1", "Text5"}) {
             EXPECT_TRUE(visited.contains(name)) << name << " not in " << visited.join(' ').toStdString();
         }

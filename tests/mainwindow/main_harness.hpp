@@ -5,6 +5,7 @@
 #include "support/archive_builder.hpp"
 #include "support/fake_device.hpp"
 #include "support/recording_boxes.hpp"
+#include "support/scripted_picker.hpp"
 #include "support/temporary_folder.hpp"
 
 #include "platform/text.hpp"
@@ -89,7 +90,8 @@ struct MainHarness {
     AnsweringWindows windows;
     RecordingAssociations associations;
     RecordingSign busy;
-    Main main{session, {boxes, fileOpen, pump, screen, surface, windows, associations, busy}};
+    ScriptedPicker folderPicker;
+    Main main{session, {boxes, fileOpen, pump, screen, surface, windows, associations, busy, folderPicker}};
 };
 
 /// Textures of one DXT1 level each, by name.

@@ -66,7 +66,7 @@ struct DialogHarness {
     RecordingAssociations associations;
     Window owner;
     std::function<void()> chooseFolder = [] {};
-    TextureExtractionInsertion dialog{session, {boxes, windows, associations, [this] { chooseFolder(); }}};
+    TextureExtractionInsertion dialog{session, {boxes, windows, associations, [this] { chooseFolder(); }, [] {}}};
 };
 
 /// Blocks of one colour, given as 5-6-5; those of DXT5 are half transparent.

@@ -41,12 +41,12 @@ inline TexturePlan chainOf(const std::string& name, const std::string& type, std
 class InsertionHarness {
 public:
     explicit InsertionHarness(const LibraryFunctions& library = imageLibrary())
-        : dialog(session, {boxes, windows, associations, [] {}, library,
+        : dialog(session, {boxes, windows, associations, [] {},
                            [this] {
                                ++foldersAsked;
                                session.settings.cddsBackupFolder = chosenFolder;
                            },
-                           &sign}) {
+                           &sign, library}) {
         session.programFolder = program.path();
         session.exportImportFolder = images.path();
         session.settings.cddsBackupFolder = copies.path();

@@ -1,4 +1,4 @@
-#include "desktop/reachable.hpp"
+#include "desktop/placing.hpp"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -23,6 +23,17 @@ QPoint reachable(const QPoint& wanted, int width) {
     const QRect area = nearest->availableGeometry();
     return {std::clamp(wanted.x(), area.left() + hold - width, area.right() - hold),
             std::clamp(wanted.y(), area.top(), area.bottom() - hold)};
+}
+
+QPoint onScreen(const QRect& place) {
+    const QScreen* screen = QGuiApplication::screenAt(place.center());
+    if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+    const QRect area = screen->availableGeometry();
+    const auto within = [](int wanted, int first, int room) {
+        return std::clamp(wanted, first, first + std::max(room, 0));
+    };
+    return {within(place.left(), area.left(), area.width() - place.width()),
+            within(place.top(), area.top(), area.height() - place.height())};
 }
 
 } // namespace pelrath::desktop

@@ -1,0 +1,27 @@
+#include "desktop/elided_label.hpp"
+
+#include <QFontMetrics>
+
+namespace pelrath::desktop {
+
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setMinimumHeight(fontMetrics().height());
+}
+
+void ElidedLabel::showText(const QString& text) {
+    whole_ = text;
+    setToolTip(text);
+    setAccessibleName(text);
+    fit();
+}
+
+void ElidedLabel::resizeEvent(QResizeEvent* event) {
+    QLabel::resizeEvent(event);
+    fit();
+}
+
+void ElidedLabel::fit() { setText(fontMetrics().elidedText(whole_, Qt::ElideMiddle, width())); }
+
+} // namespace pelrath::desktop

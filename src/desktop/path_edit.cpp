@@ -1,0 +1,64 @@
+#include "desktop/path_edit.hpp"
+
+#include "desktop/folder_listing.hpp"
+#include "desktop/units.hpp"
+#include "platform/full_path.hpp"
+#include "platform/special_folders.hpp"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+
+namespace pelrath::desktop {
+
+namespace {
+
+QString homeFolder() { return toQString(specialFolderPath(special_folder::home)); }
+
+} // namespace
+
+PathEdit::PathEdit(QWidget* parent)
+    : QLineEdit(parent), base_(homeFolder()), found_(new QStringListModel{this}),
+      completer_(new QCompleter{found_, this}) {
+    setCompleter(completer_);
+    connect(this, &QLineEdit::textEdited, this, [this] { lookUp(); });
+    connect(this, &QLineEdit::returnPressed, this, [this] {
+        const QAbstractItemView* offers = completer_->popup();
+        const bool ignored = offers->isVisible() && !offers->currentIndex().isValid();
+        if (ignored && confirmed) confirmed();
+    });
+}
+
+void PathEdit::setBase(const QString& folder) { base_ = folder.isEmpty() ? homeFolder() : folder; }
+
+QString PathEdit::meaningOf(const QString& typed) {
+    const bool atHome = typed == "~" || typed.startsWith("~/");
+    return atHome ? homeFolder() + typed.mid(1) : typed;
+}
+
+void PathEdit::lookUp() {
+    const QString folder = text().left(text().lastIndexOf('/') + 1);
+    if (folder == listed_) return;
+    listed_ = folder;
+    found_->setStringList({});
+    const FullPath full = fullPath(toUtf8(meaningOf(folder)), toUtf8(base_));
+    if (full.systemError != 0) return;
+    listFolders(background_, toQString(full.path), [this, folder](const FolderListing& listing) {
+        if (folder != listed_) return;
+        QStringList paths = found_->stringList();
+        for (const QString& name : listing.found) {
+            paths << folder + name;
+        }
+        paths.sort();
+        found_->setStringList(paths);
+        offer();
+    });
+}
+
+void PathEdit::offer() {
+    if (!hasFocus() || text() == listed_) return;
+    completer_->setCompletionPrefix(text());
+    const bool more = completer_->completionCount() > 1 || completer_->currentCompletion() != text();
+    if (completer_->completionCount() > 0 && more) completer_->complete();
+}
+
+} // namespace pelrath::desktop

@@ -1,0 +1,45 @@
+#include "platform/sub_folders.hpp"
+
+#include <cerrno>
+#include <memory>
+#include <string_view>
+
+#include <dirent.h>
+#include <glib.h>
+#include <sys/stat.h>
+
+namespace pelrath {
+
+namespace {
+
+struct Closing {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+void add(SubFolders& found, const dirent& entry) {
+    const std::string_view name{entry.d_name};
+    if (name == "." || name == ".." || g_utf8_validate(name.data(), -1, nullptr) == FALSE) return;
+    if (entry.d_type == DT_DIR) found.names.emplace_back(name);
+    if (entry.d_type == DT_LNK || entry.d_type == DT_UNKNOWN) found.links.emplace_back(name);
+}
+
+} // namespace
+
+SubFolders readSubFolders(const std::string& folder) {
+    SubFolders found;
+    const std::unique_ptr<DIR, Closing> open{::opendir(folder.c_str())};
+    if (!open) {
+        found.systemError = errno;
+        return found;
+    }
+    errno = 0;
+    while (const dirent* entry = ::readdir(open.get())) {
+        add(found, *entry);
+    }
+    found.systemError = errno; // what was found before a failure still stands
+    return found;
+}
+
+int makeFolder(const std::string& path) { return ::mkdir(path.c_str(), 0777) == 0 ? 0 : errno; }
+
+} // namespace pelrath

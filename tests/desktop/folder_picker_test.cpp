@@ -1,0 +1,301 @@
+#include "desktop/application.hpp"
+#include "desktop/folder_tree_view.hpp"
+#include "dialogs/browse_for_folder.hpp"
+#include "platform/files.hpp"
+#include "support/temporary_folder.hpp"
+#include "user_script.hpp"
+
+#include <QTest>
+#include <QtWidgets>
+
+#include <condition_variable>
+#include <mutex>
+
+#include <dirent.h>
+#include <dlfcn.h>
+#include <sys/stat.h>
+
+namespace {
+
+// Folders named "hanging" do not answer while there is one of these.
+class Hanging {
+public:
+    Hanging() { set(true); }
+    ~Hanging() { set(false); }
+    static void wait(const char* path) {
+        std::unique_lock lock{mutex};
+        if (std::string_view{path}.ends_with("hanging")) over.wait(lock, [] { return !on; });
+    }
+
+private:
+    static void set(bool value) {
+        const std::lock_guard lock{mutex};
+        on = value;
+        over.notify_all();
+    }
+    static inline std::mutex mutex;
+    static inline std::condition_variable over;
+    static inline bool on = false;
+};
+
+template <class Function> Function real(const char* name) { return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name)); }
+
+} // namespace
+
+// In the place of the system's own for this whole program.
+extern "C" DIR* opendir(const char* path) {
+    Hanging::wait(path);
+    return real<DIR* (*)(const char*)>("opendir")(path);
+}
+extern "C" int stat(const char* path, struct stat* info) noexcept {
+    Hanging::wait(path);
+    return real<int (*)(const char*, struct stat*)>("stat")(path, info);
+}
+
+namespace pelrath { namespace {
+
+using desktop::FolderTreeView;
+using test::row;
+
+// The real dialog, and a user in front of it.
+class RealFolderPicker : public testing::Test {
+protected:
+    RealFolderPicker() {
+        browser.EditBox = browser.StatusText = browser.FileSystemOnly = browser.ValidateEditBox = browser.UseNewUI = true;
+        make({"b10", "b9/inside", ".hidden/deep", "\u00C9t\u00E9 au lait", longName, "bad\xFFname", "real"});
+        (void)folder.write("file", "");
+        std::filesystem::create_directory_symlink("real", folder.file("link"));
+        std::filesystem::create_directory_symlink(".", folder.file("loop"));
+        std::filesystem::create_symlink("selfish", folder.file("selfish"));
+        std::filesystem::create_symlink("file", folder.file("file-link"));
+    }
+    void make(std::initializer_list<std::string> names) const {
+        for (const std::string& name : names) { std::filesystem::create_directories(folder.file(name)); }
+    }
+    // Lets the user do it and says what was chosen.
+    std::string run() {
+        user.onGivingUp = [] {
+            while (QWidget* open = QApplication::activeModalWidget()) { open->close(); }
+        };
+        user.start();
+        const std::string chosen = browser.BrowseForFolder();
+        EXPECT_TRUE(user.finished()) << "missed: " << user.missed().toStdString();
+        return chosen;
+    }
+    template <class Widget> static Widget& in(const char* name) { return *QApplication::activeModalWidget()->findChild<Widget*>(name); }
+    static bool isOpen() { return QApplication::activeModalWidget() != nullptr && QApplication::activeModalWidget()->objectName() == "FolderPicker"; }
+    static FolderTreeView& tree() { return in<FolderTreeView>("tree"); }
+    static QLineEdit& path() { return in<QLineEdit>("path"); }
+    static std::string status() { return in<QLabel>("status").toolTip().toStdString(); }
+    static QPushButton& ok() { return *QApplication::activeModalWidget()->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok); }
+    static void press(QWidget& widget, Qt::Key key) { QTest::keyClick(&widget, key); }
+    static void type(const std::string& text) {
+        path().setFocus();
+        path().selectAll();
+        QInputMethodEvent event; // any letters, at once
+        event.setCommitString(QString::fromStdString(text));
+        QApplication::sendEvent(&path(), &event);
+    }
+    tour::UserScript& untilChosen(const std::string& what) {
+        return user.until(QString::fromStdString(what), [what] { return isOpen() && tree().chosenPath().toStdString() == what; });
+    }
+    // The rows under the chosen folder.
+    static std::string rows() {
+        QStringList names;
+        const QModelIndex chosen = tree().currentIndex();
+        for (int i = 0; i < tree().model()->rowCount(chosen); ++i) { names << tree().model()->index(i, 0, chosen).data().toString(); }
+        return names.join('|').toStdString();
+    }
+    tour::UserScript& untilRows(const std::string& expected) {
+        return user.until(QString::fromStdString(expected), [expected] { return isOpen() && rows() == expected; });
+    }
+
+    const std::string longName = std::string(254, 'n') + "x";
+    test::TemporaryFolder folder;
+    desktop::Refresh refresh{[](const std::string& text) { ADD_FAILURE() << text; }};
+    desktop::QtFolderPicker picker{refresh};
+    cBrowseForFolder browser{picker};
+    tour::UserScript user;
+};
+
+TEST_F(RealFolderPicker, ATypedPathIsTakenIfItLeadsToAFolder) {
+    const std::string top = folder.path();
+    // What is typed over the initial folder, the path that comes back, and its name; no path: it leads to no folder.
+    const std::array<std::string, 3> cases[] = {{top, top, std::string{fileName(top)}},
+                                                {top + "//b9/../real/", top + "/real", "real"},
+                                                {"b9/inside", top + "/b9/inside", "inside"},
+                                                {"..", std::string{parentFolder(top)}, std::string{fileName(parentFolder(top))}},
+                                                {"~", std::getenv("HOME"), std::string{fileName(std::getenv("HOME"))}},
+                                                {"/", "/", "/"},
+                                                {"\u00C9t\u00E9 au lait", top + "/\u00C9t\u00E9 au lait", "\u00C9t\u00E9 au lait"},
+                                                {top + "/link", top + "/link", "link"},
+                                                {top + "/" + longName, "", ""}, // longer than a path can be
+                                                {top + "/file", "", ""},
+                                                {top + "/no such", "", ""},
+                                                {" ", "", ""}};
+    std::string refused;
+    const Connection failed = browser.ValidationFailed.connect([&](const std::string& sPath, bool& /*bKeepOpen*/) { refused = sPath; });
+    for (const auto& [typed, chosen, name] : cases) {
+        browser.InitialDir = top;
+        refused.clear();
+        untilChosen(top).then([&, typed = typed] {
+            EXPECT_EQ(row(status(), path().text().toStdString(), ok().isEnabled()), row(top, top, true));
+            type(typed);
+            press(path(), Qt::Key_Return);
+        });
+        EXPECT_EQ(run(), chosen);
+        EXPECT_EQ(row(browser.DisplayName(), refused), row(name, chosen.empty() ? typed : ""));
+    }
+}
+
+TEST_F(RealFolderPicker, TheTreeIsWalkedWithTheKeys) {
+    browser.RootDir = browser.InitialDir = folder.path();
+    const std::string all = "b9|b10|\u00C9t\u00E9 au lait|link|loop|" + longName + "|real";
+    untilChosen(folder.path());
+    untilRows(all).then([] { in<QCheckBox>("hidden").click(); });
+    untilRows(".hidden|" + all).then([] {
+        press(tree(), Qt::Key_Down);
+        EXPECT_TRUE(status().ends_with("/.hidden"));
+        in<QCheckBox>("hidden").click(); // its row goes
+        press(tree(), Qt::Key_Home);
+        for (int i = 0; i < 6; ++i) { press(tree(), Qt::Key_Down); }
+        EXPECT_EQ(row(status(), path().text().toStdString(), ok().isEnabled()), ", , false"); // no path can be that long
+        press(tree(), Qt::Key_Up);
+        press(tree(), Qt::Key_Right); // a link to the folder itself
+    });
+    untilRows(all).then([] {
+        for (int i = 0; i < 4; ++i) { press(tree(), Qt::Key_Down); }
+        EXPECT_TRUE(status().ends_with("/loop/link"));
+        press(tree(), Qt::Key_Return);
+    });
+    EXPECT_EQ(run(), folder.path() + "/loop/link");
+    EXPECT_EQ(browser.DisplayName(), "link");
+}
+
+TEST_F(RealFolderPicker, EventsMayForbidAndKeepOpen) {
+    std::string log;
+    Connections handlers;
+    handlers.push_back(browser.Initialized.connect([&] { log += "initialized at " + status(); }));
+    handlers.push_back(browser.SelectionChanged.connect([&](const std::string& sPath, bool& bAllowOk) { bAllowOk = !sPath.ends_with("/b10"); }));
+    handlers.push_back(browser.ValidationFailed.connect([](const std::string& /*sPath*/, bool& bKeepOpen) { bKeepOpen = true; }));
+    browser.InitialDir = folder.path();
+    untilChosen(folder.path()).then([&] { browser.SetFolder(folder.file("b10")); });
+    untilChosen(folder.file("b10")).then([] {
+        EXPECT_FALSE(ok().isEnabled());
+        type("nowhere");
+        EXPECT_TRUE(ok().isEnabled());
+        press(path(), Qt::Key_Return);
+    });
+    user.until("the complaint", [] { return status() == "Path invalid: nowhere"; }).then([&] {
+        EXPECT_FALSE(ok().isEnabled());
+        browser.SetStatus("my own");
+        EXPECT_EQ(status(), "my own");
+        browser.SetFolder(folder.file("none")); // changes nothing
+        browser.SetFolder(folder.file("b9"));
+    });
+    untilChosen(folder.file("b9")).then([] {
+        press(tree(), Qt::Key_Left);
+        press(tree(), Qt::Key_Left); // its folder
+        ok().click();
+    });
+    EXPECT_EQ(run(), folder.path());
+    EXPECT_EQ(log, "initialized at " + folder.path());
+}
+
+TEST_F(RealFolderPicker, WhatHasNoPathCannotBeChosenButWhereItMay) {
+    for (const bool fileSystemOnly : {true, false}) {
+        browser.FileSystemOnly = fileSystemOnly;
+        browser.RootDir = folder.file("none"); // no folder: everything is shown
+        browser.InitialDir = folder.file("none");
+        user.until("the tree", [] { return isOpen() && tree().model()->rowCount() == 1; }).then([fileSystemOnly] {
+            EXPECT_EQ(row(tree().hasChoice(), ok().isEnabled()), "false, false");
+            press(tree(), Qt::Key_Space);
+            EXPECT_EQ(row(tree().chosenName().toStdString(), status(), ok().isEnabled()), row("Computer", "", !fileSystemOnly));
+            press(tree(), fileSystemOnly ? Qt::Key_Escape : Qt::Key_Return);
+        });
+        EXPECT_EQ(run(), "");
+        EXPECT_EQ(browser.DisplayName(), fileSystemOnly ? "" : "Computer");
+    }
+}
+
+TEST_F(RealFolderPicker, WithoutOptionsThereIsOnlyTheTree) {
+    browser.EditBox = browser.StatusText = browser.FileSystemOnly = browser.ValidateEditBox = browser.UseNewUI = false;
+    browser.title = "Where <b>to</b> & fro?";
+    browser.InitialDir = folder.file("real");
+    untilChosen(browser.InitialDir).then([] {
+        for (const char* name : {"status", "path", "newFolder", "hidden"}) { EXPECT_FALSE(in<QWidget>(name).isVisible()) << name; }
+        EXPECT_TRUE(tree().hasFocus());
+        EXPECT_EQ(in<QLabel>("instruction").text(), "Where <b>to</b> & fro?");
+        EXPECT_EQ(in<QLabel>("instruction").textFormat(), Qt::PlainText);
+        press(tree(), Qt::Key_Return);
+    });
+    EXPECT_EQ(run(), folder.file("real"));
+}
+
+TEST_F(RealFolderPicker, AFolderThatDoesNotAnswerHoldsUpNothing) {
+    make({"hanging", "real/hanging"});
+    std::optional<Hanging> hanging{std::in_place};
+    browser.InitialDir = folder.file("hanging");
+    user.until("the tree", [] { return isOpen() && tree().model()->rowCount() == 1; }).then([&] {
+        EXPECT_FALSE(tree().hasChoice());
+        browser.SetFolder(folder.path() + "/.");
+    });
+    untilChosen(folder.path()).then([] { press(tree(), Qt::Key_Right); });
+    untilRows("b9|b10|\u00C9t\u00E9 au lait|hanging|link|loop|" + longName + "|real").then([&] {
+        for (int i = 0; i < 4; ++i) { press(tree(), Qt::Key_Down); }
+        press(tree(), Qt::Key_Right); // never gets its rows
+    });
+    user.until("a word about it", [] { return tree().currentIndex().data().toString().contains("reading"); }).then([&] {
+        ok().click(); // waits for an answer
+        EXPECT_FALSE(ok().isEnabled());
+        type(folder.file("real/hang"));
+        EXPECT_TRUE(ok().isEnabled());
+        hanging.reset(); // the answer comes too late
+    });
+    user.until("a few turns", [turns = 0]() mutable { return ++turns > 10; }).then([this] {
+        ASSERT_TRUE(isOpen() && ok().isEnabled());
+        type(folder.file("b10"));
+        press(path(), Qt::Key_Return);
+    });
+    EXPECT_EQ(run(), folder.file("b10"));
+}
+
+TEST_F(RealFolderPicker, FoldersComeAndGoMeanwhile) {
+    browser.InitialDir = folder.file("b9");
+    const auto name = [this](const QString& text) {
+        user.until("the question", [] { return qobject_cast<QInputDialog*>(QApplication::activeModalWidget()) != nullptr; }).then([text] {
+            auto* question = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+            question->setTextValue(text);
+            question->accept();
+        });
+    };
+    const auto refused = [this] {
+        user.until("the refusal", [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; }).then([] {
+            qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->accept();
+        });
+    };
+    const auto makeNew = [] { in<QPushButton>("newFolder").click(); };
+    untilChosen(folder.file("b9"));
+    for (const char* bad : {"inside", "inside/x", "..", "/tmp"}) {
+        user.then(makeNew);
+        name(bad);
+        refused();
+    }
+    user.then(makeNew);
+    name("n\u00E9w one");
+    untilChosen(folder.file("b9/n\u00E9w one")).then([this] {
+        EXPECT_TRUE(std::filesystem::is_directory(folder.file("b9/n\u00E9w one")));
+        std::filesystem::remove(folder.file("b9/n\u00E9w one"));
+        make({"b9/later"});
+        press(tree(), Qt::Key_Left);
+        press(tree(), Qt::Key_Left);
+        press(tree(), Qt::Key_Right);
+    });
+    untilRows("inside|later").then([this] {
+        std::filesystem::remove_all(folder.file("b9"));
+        ok().click();
+    });
+    EXPECT_EQ(run(), "");
+}
+
+}} // namespace pelrath

@@ -1,0 +1,142 @@
+#include "dialogs/browse_for_folder.hpp"
+
+#include "support/scripted_picker.hpp"
+#include "support/temporary_folder.hpp"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+namespace pelrath { namespace {
+
+using test::failureOf;
+using test::row;
+
+class BrowseForFolderTest : public testing::Test {
+protected:
+    // What a failure leaves as, and whether anything was shown.
+    template <class Work> std::string failure(Work work) {
+        picker.shown = 0;
+        const RuntimeError error = failureOf(work);
+        return row(error.number(), error.source(), error.description(), picker.shown);
+    }
+    test::ScriptedPicker picker;
+    cBrowseForFolder browser{picker};
+};
+
+TEST_F(BrowseForFolderTest, TheFlagWordIsMadeOfTheProperties) {
+    const std::pair<std::function<void(cBrowseForFolder&)>, std::uint32_t> cases[] = {
+        {[](auto&) {}, 0},
+        {[](auto& b) { b.EditBox = true; }, 0x10},
+        {[](auto& b) { b.StatusText = true; }, 0x4},
+        {[](auto& b) { b.FileSystemOnly = true; }, 0x9},
+        {[](auto& b) { b.ValidateEditBox = true; }, 0x20},
+        {[](auto& b) { b.UseNewUI = true; }, 0x40},
+        {[](auto& b) { b.EditBox = b.StatusText = b.FileSystemOnly = b.ValidateEditBox = b.UseNewUI = true; }, 0x7D}};
+    for (const auto& [set, expected] : cases) {
+        cBrowseForFolder fresh{picker};
+        set(fresh);
+        EXPECT_EQ(fresh.BrowseForFolder(), "");
+        EXPECT_EQ(row(picker.asked.flags, picker.asked.title, picker.asked.owner), row(expected, "Choose Folder", 0));
+    }
+}
+
+TEST_F(BrowseForFolderTest, PropertiesReachTheDialogAndFoldersBecomeFullPaths) {
+    browser.hwndOwner = 77;
+    browser.title = "Wo?";
+    browser.InitialDir = "a/./b//c/..";
+    browser.RootDir = "/x/../y//";
+    browser.BrowseForFolder();
+    const std::string initial = std::filesystem::current_path().string() + "/a/b";
+    EXPECT_EQ(row(picker.asked.owner, picker.asked.title, picker.asked.initialFolder, picker.asked.rootFolder), "77, Wo?, " + initial + ", /y");
+    EXPECT_EQ(row(browser.InitialDir, browser.RootDir), initial + ", /y");
+    EXPECT_EQ(picker.told.take(), "select[" + initial + "]");
+    browser.InitialDir.clear();
+    browser.BrowseForFolder();
+    EXPECT_EQ(row(picker.asked.initialFolder, picker.told.take()), ", ");
+}
+
+TEST_F(BrowseForFolderTest, TheChoiceComesBackAsPathAndName) {
+    const std::string longest = "/" + std::string(258, 'p') + "\u00E9"; // 260 characters, 261 bytes
+    const std::tuple<FolderPicker::Choice, std::string, std::string> cases[] = {
+        {{"name", "/some/name"}, "/some/name", "name"},
+        {{std::string("ab\0c", 4), "/x"}, "/x", "ab"},
+        {{std::string(259, 'n') + "\u00E9\u00E9", longest}, longest, std::string(259, 'n') + "\u00E9"},
+        {{"deep", longest + "p"}, "", "deep"},
+        {{"Computer", ""}, "", "Computer"},
+        {{}, "", ""}}; // cancelled
+    for (const auto& [choice, path, name] : cases) {
+        picker.user = [&choice = choice] { return choice; };
+        EXPECT_EQ(browser.BrowseForFolder(), path);
+        EXPECT_EQ(browser.DisplayName(), name);
+    }
+}
+
+TEST_F(BrowseForFolderTest, EventsMayForbidAndKeepOpen) {
+    bool allows = true;
+    bool keeps = false;
+    Connections handlers;
+    handlers.push_back(browser.Initialized.connect([&] { picker.told.add("Initialized"); }));
+    handlers.push_back(browser.SelectionChanged.connect([&](const std::string& sPath, bool& bAllowOk) {
+        picker.told.add("SelectionChanged[" + sPath + row("]", bAllowOk));
+        bAllowOk = allows;
+    }));
+    handlers.push_back(browser.ValidationFailed.connect([&](const std::string& sPath, bool& bKeepOpen) {
+        picker.told.add("ValidationFailed[" + sPath + row("]", bKeepOpen));
+        bKeepOpen = keeps;
+    }));
+    browser.InitialDir = "/i";
+    picker.user = [&] {
+        EXPECT_EQ(picker.told.take(), "select[/i] Initialized");
+        picker.select("/p");
+        EXPECT_EQ(picker.told.take(), "status[/p] SelectionChanged[/p], true");
+        allows = false;
+        picker.select("");
+        EXPECT_EQ(picker.told.take(), "status[] SelectionChanged[], true no-ok");
+        for (const bool keep : {false, true}) {
+            keeps = keep;
+            EXPECT_EQ(picker.confirmMissing("no way"), keep);
+            EXPECT_EQ(picker.told.take(), "no-ok status[Path invalid: no way] ValidationFailed[no way], false");
+        }
+        handlers.clear();
+        picker.select("/q");
+        EXPECT_FALSE(picker.confirmMissing("x"));
+        EXPECT_EQ(picker.told.take(), "status[/q] no-ok status[Path invalid: x]");
+        return FolderPicker::Choice{};
+    };
+    browser.BrowseForFolder();
+}
+
+TEST_F(BrowseForFolderTest, TheDialogIsSpokenToOnlyWhileItIsShown) {
+    const std::string source = std::filesystem::read_symlink("/proc/self/exe").filename().string() + ".cBrowseForFolder";
+    const auto outside = [&] {
+        const std::string expected = "26002, " + source + ", Operation invalid unless dialog is displayed., 0";
+        EXPECT_EQ(failure([&] { browser.SetStatus("s"); }), expected);
+        EXPECT_EQ(failure([&] { browser.SetFolder("/"); }), expected);
+    };
+    outside();
+    picker.user = [&]() -> FolderPicker::Choice {
+        browser.SetStatus("now");
+        browser.SetFolder("/a/../b/");
+        EXPECT_EQ(picker.told.take(), "status[now] select[/b] focus");
+        EXPECT_EQ(failure([&] { browser.SetFolder(""); }), row(-2147192504 + ENOENT, source, std::strerror(ENOENT), 0));
+        throw std::runtime_error{"out of the middle"};
+    };
+    EXPECT_THROW(browser.BrowseForFolder(), std::runtime_error);
+    outside();
+
+    const std::string tooLong = row(-2147192504 + ENAMETOOLONG, source, std::strerror(ENAMETOOLONG), 0);
+    browser.RootDir = "/r/.";
+    browser.InitialDir = std::string(261, '/') + std::string(260, 'x');
+    EXPECT_EQ(failure([&] { browser.BrowseForFolder(); }), tooLong);
+    EXPECT_EQ(browser.RootDir, "/r"); // it came first
+    std::swap(browser.RootDir, browser.InitialDir);
+    EXPECT_EQ(failure([&] { browser.BrowseForFolder(); }), tooLong);
+}
+
+TEST_F(BrowseForFolderTest, SpecialFoldersHaveTheShellsNumbers) {
+    EXPECT_EQ(browser.SpecialFolderLocation(0x28), std::getenv("HOME"));
+    for (const int unknown : {-1, 0x01, 0x7FFF}) { EXPECT_EQ(browser.SpecialFolderLocation(unknown), "") << unknown; }
+}
+
+}} // namespace pelrath

@@ -1,0 +1,106 @@
+#include "dialogs/folder_choice.hpp"
+
+#include "support/answering_desktop.hpp"
+#include "support/recording_boxes.hpp"
+#include "support/scripted_picker.hpp"
+
+namespace pelrath { namespace {
+
+using test::row;
+
+class FolderChoiceTest : public testing::Test {
+protected:
+    FolderChoiceTest() {
+        over.setBox({1000, 2000, 9000, 6000});
+        over.setHandle(42);
+    }
+    // Opens the dialog, lets the user do it, and says what is stored afterwards.
+    std::string after(const std::function<void()>& user) {
+        windows.answer = user;
+        dialog.show();
+        return folder;
+    }
+    void browse(const std::string& path) {
+        picker.user = [path] { return FolderPicker::Choice{"name", path}; };
+        dialog.cmdGetExtractInsertFolder.press();
+    }
+
+    std::string folder = "/old";
+    Window over;
+    test::ScriptedPicker picker;
+    test::RecordingBoxes boxes;
+    test::AnsweringWindows windows;
+    FolderSelection folders{picker, over};
+    FolderChoice dialog{FolderChoice::bazarTempTexts, folder, over, {folders, boxes, windows}};
+};
+
+TEST_F(FolderChoiceTest, TheTwoDialogsDifferInTheirTexts) {
+    FolderChoice other{FolderChoice::cddsBackupTexts, folder, over, {folders, boxes, windows}};
+    const std::tuple<FolderChoice*, const char*, const char*> cases[] = {{&dialog, "Bazar Temp Folder : ", "Select Bazar Temp folder"},
+                                                                         {&other, "CDDS Safe Copy Folder : ", "Select CDDS Safe Copy folder"}};
+    for (const auto& [d, label, instruction] : cases) {
+        EXPECT_EQ(row(d->window.caption(), d->Label1.caption()), "Form1, <selectFolder>");
+        windows.answer = [&, d = d, label = label] {
+            EXPECT_EQ(row(d->window.caption(), d->Label1.caption(), d->selectedFolder.text()), row("Folder Selection", label, "/old"));
+            const Box& box = d->window.box();
+            EXPECT_EQ(row(box.left + box.width / 2, box.top + box.height / 2), "5500, 5000");
+            d->cmdGetExtractInsertFolder.press();
+        };
+        d->show();
+        EXPECT_EQ(row(picker.asked.title, picker.asked.initialFolder, picker.asked.rootFolder, picker.asked.flags, picker.asked.owner),
+                  row(instruction, "/old", "", 0x7D, 42));
+    }
+    EXPECT_EQ(row(picker.shown, folder), "2, /old");
+}
+
+TEST_F(FolderChoiceTest, WhatIsStoredWhenItCloses) {
+    const auto typeAndConfirm = [this](const std::string& text) {
+        dialog.selectedFolder.setText(text);
+        dialog.cmdOK.press();
+    };
+    const auto type = [this](const std::string& text) { dialog.selectedFolder.setText(text); };
+    const std::tuple<std::function<void()>, const char*, const char*, bool> cases[] = {
+        // the user's doing, the folder stored, what the box shows, whether that closed the dialog
+        {[&] { dialog.cmdOK.press(); }, "/old", "/old", true},
+        {[&] { typeAndConfirm("no such/folder "); }, "no such/folder ", "no such/folder ", true},
+        {[&] { type("/typed"), dialog.cmdCancel.press(); }, "/old", "/typed", true},
+        {[&] { type(""), dialog.cmdCancel.press(); }, "/old", "", true},
+        {[&] { browse("/new"), dialog.cmdCancel.press(); }, "/new", "/new", true},
+        {[&] { browse("/new"); }, "/new", "/new", false},
+        {[&] { browse("/new"), typeAndConfirm("/typed"); }, "/typed", "/typed", true},
+        {[&] { browse("/new"), browse(""); }, "/new", "/new", false},
+        {[&] { type("/typed"), browse(""); }, "/old", "/typed", false},
+    };
+    for (const auto& [user, stored, shown, closes] : cases) {
+        folder = "/old";
+        bool closed = false;
+        EXPECT_EQ(after([&, user = user] {
+                      EXPECT_EQ(dialog.selectedFolder.text(), "/old");
+                      user();
+                      closed = dialog.window.isUnloaded();
+                  }),
+                  stored);
+        EXPECT_EQ(row(dialog.selectedFolder.text(), closed), row(shown, closes)) << stored;
+    }
+}
+
+TEST_F(FolderChoiceTest, AnEmptyFolderIsAskedForAgain) {
+    std::vector<test::ShownBox> before;
+    const Connection focus = dialog.selectedFolder.focusRequested.connect([&] { before = boxes.take(); });
+    const std::vector<test::ShownBox> asked{{"Invalid Folder. Please select another folder.", "Undefined folder"}};
+    const std::string stored = after([&] {
+        dialog.selectedFolder.setText("");
+        dialog.cmdOK.press();
+        EXPECT_EQ(before, asked); // the focus comes after the message
+        EXPECT_EQ(row(dialog.window.isUnloaded(), folder), "false, ");
+        dialog.cmdCancel.press();
+    });
+    EXPECT_EQ(stored, "");
+    after([&] { // opened empty
+        before.clear();
+        dialog.cmdOK.press();
+        EXPECT_EQ(before, asked);
+    });
+}
+
+}} // namespace pelrath

@@ -1,0 +1,72 @@
+#include "platform/full_path.hpp"
+#include "platform/special_folders.hpp"
+#include "platform/sub_folders.hpp"
+
+#include "support/temporary_folder.hpp"
+
+#include <cerrno>
+#include <cstring>
+
+namespace pelrath { namespace {
+
+using test::row;
+
+TEST(FullPaths, AreResolvedByTheirLetters) {
+    const std::string e = "\u00E9";
+    // As it is given, where from, and what it means; no path: too long.
+    const std::array<std::string, 3> cases[] = {{"/", "", "/"},
+                                                {"//a///b/", "", "/a/b"},
+                                                {"/a/./b/../c/.", "", "/a/c"},
+                                                {"/../../a", "", "/a"},
+                                                {"/a/..", "", "/"},
+                                                {"/...", "", "/..."},
+                                                {"b c/" + e, "/a", "/a/b c/" + e},
+                                                {"../b", "/a", "/b"},
+                                                {".", "/a", "/a"},
+                                                {"~", "/a", "/a/~"},
+                                                {"/" + std::string(259, 'x'), "", "/" + std::string(259, 'x')},
+                                                {"/" + std::string(258, 'x') + e, "", "/" + std::string(258, 'x') + e},
+                                                {"/" + std::string(260, 'x'), "", ""},
+                                                {"/../" + std::string(259, 'x') + "/.//", "", "/" + std::string(259, 'x')}};
+    for (const auto& [path, from, expected] : cases) {
+        const FullPath full = fullPath(path, from);
+        EXPECT_EQ(row(full.path, full.systemError), row(expected, expected.empty() ? ENAMETOOLONG : 0)) << path;
+    }
+    EXPECT_EQ(fullPath("x").path, std::filesystem::current_path().string() + "/x");
+    EXPECT_EQ(fullPath("").systemError, ENOENT);
+    const auto before = std::filesystem::current_path();
+    {
+        const test::TemporaryFolder gone;
+        std::filesystem::current_path(gone.path());
+    }
+    EXPECT_EQ(row(fullPath("x").systemError, fullPath("/x").path), row(ENOENT, "/x"));
+    std::filesystem::current_path(before);
+    EXPECT_EQ(systemMessage(EACCES), std::strerror(EACCES));
+}
+
+TEST(SubFolders, AreListedWithoutAStepInside) {
+    const test::TemporaryFolder folder;
+    for (const char* name : {"plain", ".hidden", "bad\xC3(name", "\u00FC"}) { std::filesystem::create_directory(folder.file(name)); }
+    std::filesystem::create_symlink("nowhere", folder.file("link"));
+    (void)folder.write("file", "");
+    const auto listed = [&] {
+        SubFolders inside = readSubFolders(folder.path());
+        std::sort(inside.names.begin(), inside.names.end());
+        std::string all = std::to_string(inside.systemError) + ":";
+        for (const std::string& name : inside.names) { all += " " + name; }
+        for (const std::string& name : inside.links) { all += " " + name + "?"; }
+        return all;
+    };
+    EXPECT_EQ(listed(), "0: .hidden plain \u00FC link?");
+    EXPECT_EQ(row(makeFolder(folder.file("plain")), makeFolder(folder.file("a/b")), makeFolder(folder.file("new"))), row(EEXIST, ENOENT, 0));
+    EXPECT_EQ(listed(), "0: .hidden new plain \u00FC link?");
+    EXPECT_EQ(row(readSubFolders(folder.file("file")).systemError, readSubFolders(folder.file("none")).systemError), row(ENOTDIR, ENOENT));
+}
+
+TEST(SpecialFolders, AreTheUsersOwn) {
+    EXPECT_EQ(specialFolderPath(special_folder::home), std::getenv("HOME"));
+    EXPECT_TRUE(specialFolderPath(special_folder::desktop).starts_with('/')); // there is always one
+    EXPECT_EQ(specialFolderPath(0x24), "");
+}
+
+}} // namespace pelrath
