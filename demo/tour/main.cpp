@@ -67,11 +67,11 @@ private:
         look("archive-opened");
         search();
         modes();
+        chooseFolders();
         extraction();
         insertion();
         sizes();
         damagedArchive();
-        chooseFolders();
         user_.then([this] { program_->window.close(); });
         return run(user_);
     }
@@ -192,8 +192,6 @@ private:
     // The picture just extracted comes back changed.
     void insertion() {
         user_.then([this] {
-            QDir{folder_}.mkdir("safe");
-            program_->session.settings.cddsBackupFolder = folder_.toStdString() + "/safe";
             const QString picture = folder_ + "/textures/fx_smoke_white-256x256.tga";
             QProcess::execute("convert", {picture, "-channel", "RGB", "-swirl", "180", "-fill", "orange",
                                           "-tint", "90", picture});
@@ -201,8 +199,10 @@ private:
         press("cmdInsert");
         user_.until("the dialog", [] { return dialog<QDialog>() != nullptr; });
         look("insertion");
+        chooseFolder("chkDestination1", "Simulator/textures/Bazar Temp", "bazar-temp-folder");
         choosing({"optOutFileType0"}, "insertion-of-an-image");
-        choosing({"cmdExtractInsert"}, "image-inserted");
+        chooseFolder("cmdExtractInsert", "Safe copies", "safe-copy-folder");
+        look("image-inserted");
         closeDialog();
         look("inserted-image-in-the-viewport");
     }
@@ -263,12 +263,10 @@ private:
         user_.then([] { QTest::keyClick(pickedPath(), Qt::Key_Return); });
         user_.until("the end of the dialog", [] { return dialog<QDialog>() == nullptr; });
         look("nothing-chosen");
-        chooseFolder(program_->main.frmGetBazarTempFolder, "Simulator/textures/Bazar Temp",
-                     "bazar-temp-folder");
-        chooseFolder(program_->main.frmGetCDDSBackupFolder, "Safe copies", "safe-copy-folder");
     }
-    void chooseFolder(FolderChoice& model, const QString& folder, const char* name) {
-        user_.then([this, &model] { program_->refresh.deliver([&model] { model.show(); }); });
+    // What is pressed in the texture's dialog needs a folder that was never chosen.
+    void chooseFolder(const char* pressed, const QString& folder, const char* name) {
+        user_.then([pressed] { inDialog<QAbstractButton>(pressed)->click(); });
         user_.until("the folder dialog", [] { return inDialog<QPushButton>("cmdOK") != nullptr; });
         user_.then([] { inDialog<QPushButton>("cmdOK")->click(); });
         user_.until("the message", [] { return dialog<QMessageBox>() != nullptr; });
@@ -281,6 +279,7 @@ private:
         user_.until("the end of the picker", [] { return inDialog<QPushButton>("cmdOK") != nullptr; });
         look(name);
         user_.then([] { inDialog<QPushButton>("cmdOK")->click(); });
+        user_.until("the texture's dialog", [] { return inDialog<QPushButton>("cmdQuit") != nullptr; });
     }
     template <class Widget>
     static Widget* inDialog(const char* name) {
