@@ -1,3 +1,5 @@
+#include "working_user.hpp"
+
 #include "platform/files.hpp"
 #include "transfer/texture_extraction_insertion.hpp"
 
@@ -11,31 +13,12 @@
 #include <string>
 
 /// Extraction of a texture of 2048 x 2048 with its whole chain, through the dialog's own button.
-namespace pelrath {
+namespace pelrath::bench {
 
 namespace {
 
 constexpr std::int32_t side = 2048;
 constexpr double pixels = double{side} * side;
-
-class AbortingBoxes : public MessageBoxes {
-public:
-    BoxAnswer show(const std::string& text, const std::string&, BoxIcon, BoxButtons) override {
-        std::fputs(text.c_str(), stderr);
-        std::abort();
-    }
-};
-
-/// Shows nothing: the work runs inside the shown window.
-class WorkingWindows : public ModalWindows {
-public:
-    void showModal(Window& window) override {
-        window.activated.emit();
-        work();
-        window.unload();
-    }
-    std::function<void()> work;
-};
 
 struct Workbench {
     Workbench() {
@@ -75,7 +58,7 @@ struct Workbench {
                  MipmapOperation operation) {
         session.mode = DialogMode::Extraction;
         session.selectedTexture = texture;
-        windows.work = [&] {
+        user.work = [&] {
             dialog.optOutFileType[kind].select();
             if (kind == DdsFileType) dialog.optMipmaps[operation].select();
             dialog.chkOverwriteExistingFiles.setChecked(true);
@@ -91,10 +74,10 @@ struct Workbench {
     std::string folder;
     Session session;
     AbortingBoxes boxes;
-    WorkingWindows windows;
+    WorkingUser user;
     DesktopAssociations associations;
     Window owner;
-    TextureExtractionInsertion dialog{session, {boxes, windows, associations, [] {}, [] {}}};
+    TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}}};
 };
 
 void ddsLevel(benchmark::State& state) { Workbench{}.extract(state, 0, DdsFileType, Single); }
@@ -126,4 +109,4 @@ BENCHMARK(tga)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 
-} // namespace pelrath
+} // namespace pelrath::bench

@@ -1,4 +1,5 @@
 #include "large_archive.hpp"
+#include "working_user.hpp"
 
 #include "archive/reader.hpp"
 #include "platform/file_copy.hpp"
@@ -27,21 +28,6 @@ constexpr int levelCount = 12;
 constexpr const char* filterNames[] = {"nearest", "linear", "bilinear", "box",     "triangle",
                                        "bell",    "spline", "lanczos",  "mitchell"};
 
-struct SilentBoxes : MessageBoxes {
-    BoxAnswer show(const std::string& text, const std::string& /*title*/, BoxIcon /*icon*/,
-                   BoxButtons /*buttons*/) override {
-        std::cerr << text << '\n';
-        std::exit(1); // a figure of something that failed would be none
-    }
-};
-struct Presser : ModalWindows {
-    void showModal(Window& window) override {
-        window.activated.emit();
-        press();
-        window.unload();
-    }
-    std::function<void()> press;
-};
 struct NoAssociations : FileAssociations {
     [[nodiscard]] std::string executableFor(const std::string& /*file*/) override { return {}; }
     void open(const std::string& /*file*/) override {}
@@ -77,10 +63,10 @@ struct Workplace {
                                    options.extension);
     }
 
-    std::string folder = (std::filesystem::temp_directory_path() / "pelrath-transfer-bench").string();
+    std::string folder = (std::filesystem::temp_directory_path() / "pelrath-insertion-bench").string();
     Session session;
-    SilentBoxes boxes;
-    Presser user;
+    AbortingBoxes boxes;
+    WorkingUser user;
     NoAssociations associations;
     SaveImageOptions options;
     ImageLibraryFacade facade{boxes, options};
@@ -122,7 +108,7 @@ void countMegapixels(benchmark::State& state) {
 void insertWhole(benchmark::State& state) {
     Workplace place;
     place.session.mode = DialogMode::Insertion;
-    place.user.press = [&] {
+    place.user.work = [&] {
         place.dialog.optOutFileType[NativeFileType].select();
         place.dialog.lstScaleFilter.select(static_cast<int>(state.range(0)));
         place.dialog.chkSaveCdds.setChecked(false);

@@ -1,3 +1,5 @@
+#include "../working_user.hpp"
+
 #include "imaging/block_decoder.hpp"
 #include "imaging/image_library_facade.hpp"
 
@@ -11,20 +13,12 @@
 #include <vector>
 
 /// Megapixels a second of one core for a picture of 2048 x 2048.
-namespace pelrath {
+namespace pelrath::bench {
 
 namespace {
 
 constexpr std::uint32_t side = 2048;
 constexpr double pixels = double{side} * side;
-
-class AbortingBoxes : public MessageBoxes {
-public:
-    BoxAnswer show(const std::string& text, const std::string&, BoxIcon, BoxButtons) override {
-        std::fputs(text.c_str(), stderr);
-        std::abort();
-    }
-};
 
 /// A started library with one picture, smooth and noisy in turns, in a file of each kind.
 struct Workbench {
@@ -156,4 +150,4 @@ BENCHMARK_CAPTURE(decodeWithSquish, dxt5, BlockFormat::Dxt5)->Unit(benchmark::kM
 
 } // namespace
 
-} // namespace pelrath
+} // namespace pelrath::bench
