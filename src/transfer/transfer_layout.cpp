@@ -18,16 +18,16 @@ constexpr double boxHeight = 360;  // of a text box or a button
 constexpr double frameTop = 345;   // of what is in a frame, below its title
 constexpr double inset = 180;      // of what is in a frame
 constexpr double indent = 300;     // of what belongs to the line above it
-constexpr double leftWidth = 5550; // of the stacked frames
-constexpr double optionWidth = 1290;
+constexpr double leftWidth = 5880; // of the stacked frames
+constexpr double optionWidth = 1380;
 constexpr double framesTop = 630;
 constexpr double buttonWidth = 1500;
 constexpr double leastFramesHeight = 3450; // shows the levels of a texture of 512 pixels at once
 constexpr double warningHeight = 480;
 
-constexpr double startWidth = 9450;
+constexpr double startWidth = 9780;
 constexpr double startHeight = 8850;
-constexpr double leastWidth = 9000;
+constexpr double leastWidth = 9480;
 constexpr double leastHeight = 7950;
 
 double row(int index) { return frameTop + index * rowPitch; }
@@ -68,7 +68,7 @@ void TransferLayout::arrange() {
 }
 
 void TransferLayout::placeTexture() {
-    constexpr double labelWidth = 1410;
+    constexpr double labelWidth = 1560;
     c_.Label1.setBox({margin, margin, labelWidth, boxHeight});
     c_.Text1.setBox({margin + labelWidth, margin, width() - labelWidth - 2 * margin, boxHeight});
 }
