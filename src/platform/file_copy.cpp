@@ -127,8 +127,9 @@ void FileCopy::create(const std::string& folder) {
 
 bool FileCopy::takeName(const std::string& path) {
     if (!(hidden_.path.empty() ? link(path) : rename(path))) return false;
-    flushFolderOf(path);
-    return true;
+    if (flushFolderOf(path)) return true;
+    ::unlink(path.c_str()); // a name that may be gone after a power cut is no promise
+    fail(EIO, path);
 }
 
 bool FileCopy::link(const std::string& path) const {

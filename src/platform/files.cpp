@@ -50,6 +50,11 @@ bool folderExists(const std::string& path) {
     return isFolder(path, exists);
 }
 
+bool sameFile(const std::string& a, const std::string& b) {
+    std::error_code missing;
+    return std::filesystem::equivalent(a, b, missing);
+}
+
 std::string joinPath(std::string_view folder, std::string_view name) {
     std::string path{folder};
     if (!path.empty() && path.back() != '/') path.push_back('/');
@@ -154,7 +159,8 @@ void FileReplacement::finish(Durability durability) {
     if (::close(std::exchange(handle_, -1)) != 0) fail("FileReplacement", finalPath_);
     if (::rename(path_.c_str(), finalPath_.c_str()) != 0) fail("FileReplacement", finalPath_);
     finished_ = true;
-    if (durability == Durability::Flushed) flushFolderOf(finalPath_);
+    // The content is safe; whether its new name is as well changes nothing that could still be done here.
+    if (durability == Durability::Flushed) (void)flushFolderOf(finalPath_);
 }
 
 void replaceFile(const std::string& path, std::span<const Bytes> pieces, Durability durability) {
@@ -169,12 +175,13 @@ void removeFile(const std::string& path) {
     if (::unlink(path.c_str()) != 0 && errno != ENOENT) fail("removeFile", path);
 }
 
-void flushFolderOf(const std::string& path) {
+bool flushFolderOf(const std::string& path) {
     const std::string folder{parentFolder(path)};
     const int handle = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0) return; // the content is safe; only the name's moment is not ours to settle
-    ::fsync(handle);
+    if (handle < 0) return true; // not ours to settle
+    const int error = ::fsync(handle) == 0 ? 0 : errno;
     ::close(handle);
+    return error != EIO && error != ENOSPC && error != EDQUOT;
 }
 
 } // namespace pelrath

@@ -15,6 +15,8 @@ using Bytes = std::span<const std::byte>;
 /// True for anything at `path` that is not a folder (a dangling link is nothing).
 [[nodiscard]] bool fileExists(const std::string& path);
 [[nodiscard]] bool folderExists(const std::string& path);
+/// True where both paths lead to one and the same file, by whatever links.
+[[nodiscard]] bool sameFile(const std::string& a, const std::string& b);
 
 /// Folder and name with exactly one separator between them.
 [[nodiscard]] std::string joinPath(std::string_view folder, std::string_view name);
@@ -90,7 +92,8 @@ void replaceFile(const std::string& path, std::span<const Bytes> pieces, Durabil
 /// Removes a file, read-only or not. A missing file is no failure.
 void removeFile(const std::string& path);
 
-/// Makes a change of the file's name last, where the file system lets that be asked for.
-void flushFolderOf(const std::string& path);
+/// Makes a change of the file's name last, where the file system lets that be asked for. False when the disk
+/// refused it.
+[[nodiscard]] bool flushFolderOf(const std::string& path);
 
 } // namespace pelrath

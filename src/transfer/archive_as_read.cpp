@@ -3,6 +3,8 @@
 #include "platform/files.hpp"
 #include "platform/runtime_error.hpp"
 
+#include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -25,7 +27,11 @@ std::optional<ArchiveContents> archiveAsRead(const Session& session) try {
     return contents;
 } catch (const DamagedArchive&) {
     return std::nullopt;
-} catch (const RuntimeError&) {
+} catch (const RuntimeError& error) {
+    constexpr std::array another{ErrorNumber::FileNotFound, ErrorNumber::PathNotFound,
+                                 ErrorNumber::InputPastEnd, ErrorNumber::PathFileAccess};
+    const auto same = [&error](ErrorNumber number) { return static_cast<int>(number) == error.number(); };
+    if (std::none_of(another.begin(), another.end(), same)) throw; // nobody knows whether it has changed
     return std::nullopt;
 }
 

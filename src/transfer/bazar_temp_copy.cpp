@@ -1,6 +1,7 @@
 #include "transfer/bazar_temp_copy.hpp"
 
 #include "platform/files.hpp"
+#include "platform/runtime_error.hpp"
 #include "transfer/failure_report.hpp"
 #include "transfer/image_file_name.hpp"
 #include "transfer/image_library_use.hpp"
@@ -26,6 +27,7 @@ void BazarTempCopy::store(std::int16_t textureIndex, const std::string& sourcePa
     const std::string& name =
         checkedFileName(session_.archive.textures.at(static_cast<std::size_t>(textureIndex)).name);
     const std::string destination = joinPath(session_.settings.bazarTempFolder, name);
+    requireNotTheArchive(destination);
     summary += destination;
     if (!mayReplace(destination, name)) return;
     summary += " overwritten\r\n";
@@ -34,6 +36,12 @@ void BazarTempCopy::store(std::int16_t textureIndex, const std::string& sourcePa
     imaging_.images.check("saveImage");
     image.remove();
     summary += " 1 file(s) copied.\r\n";
+}
+
+void BazarTempCopy::requireNotTheArchive(const std::string& destination) const {
+    if (!sameFile(destination, session_.archivePath)) return;
+    throw makeError(ErrorNumber::PathFileAccess, "StoreCopyInBazarTemp",
+                    destination + " is the open archive");
 }
 
 bool BazarTempCopy::chooseType(std::int16_t textureIndex) {

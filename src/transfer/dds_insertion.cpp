@@ -22,7 +22,10 @@ DdsInsertion::DdsInsertion(const Controls& controls, MessageBoxes& boxes, const 
 void DdsInsertion::insertFromDdsFiles() {
     summary_.clear();
     showSummary();
-    if (!mayBegin()) {
+    if (nothingChosen()) {
+        summary_ = std::string{"No mipmap selected."} + lineBreak + "0 mipmap(s) inserted." + lineBreak;
+        showSummary();
+    } else if (!mayBegin()) {
         summary_ += "Insertion canceled.";
         showSummary();
     } else if (c_.chkDestination[ToArchive].checked()) {
@@ -31,6 +34,11 @@ void DdsInsertion::insertFromDdsFiles() {
     if (c_.chkDestination[ToBazarTemp].checked()) {
         attemptInsertion(boxes_, [this] { copyIntoBazarTemp(); });
     }
+}
+
+bool DdsInsertion::nothingChosen() const {
+    return state_.mipmapOperation == Single && c_.chkDestination[ToArchive].checked() &&
+           checkedLevels().empty();
 }
 
 bool DdsInsertion::mayBegin() {
@@ -113,10 +121,12 @@ DdsInsertion::Source DdsInsertion::hold(LevelWriter& writer, std::int16_t level)
 }
 
 void DdsInsertion::createFromLargest() {
-    const bool whole = images_.performSimpleImageInsertion(ImageFileKind::Dds);
-    // Its summary starts anew. Where something went wrong, the user must see the safe copy's name.
-    const bool keep = !whole && state_.safeCopyDone;
-    summary_ = (keep ? summary_ : std::string{}) + c_.ExtractSummary.text();
+    images_.performSimpleImageInsertion(ImageFileKind::Dds);
+    // Its summary starts anew, and would hide the safe copy's name and what became of the attribute. That no
+    // copy was made it says by itself.
+    const std::size_t from =
+        state_.safeCopyDone ? 0 : summary_.find(lineBreak) + std::string{lineBreak}.size();
+    summary_ = summary_.substr(from) + c_.ExtractSummary.text();
     showSummary();
 }
 

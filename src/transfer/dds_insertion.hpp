@@ -41,6 +41,7 @@ private:
         std::int16_t levels = 0;
     };
 
+    [[nodiscard]] bool nothingChosen() const;
     bool mayBegin();
     void insertIntoArchive();
     [[nodiscard]] std::vector<std::int16_t> checkedLevels() const;

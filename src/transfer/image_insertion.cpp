@@ -26,14 +26,14 @@ ImageInsertion::ImageInsertion(const Controls& controls, MessageBoxes& boxes, co
     : c_(controls), boxes_(boxes), session_(session), state_(state), imaging_(imaging), safeCopy_(safeCopy),
       readOnly_(readOnly), builder_(imaging, session.programFolder) {}
 
-bool ImageInsertion::performSimpleImageInsertion(ImageFileKind kind) {
+void ImageInsertion::performSimpleImageInsertion(ImageFileKind kind) {
     summary_.clear();
     showSummary();
     const std::optional<Choice> choice = choose();
     if (choice && !mayBegin()) {
         summary_ += "Insertion canceled.";
         showSummary();
-        return false;
+        return;
     }
     LevelWriter writer{session_};
     if (choice) {
@@ -43,7 +43,6 @@ bool ImageInsertion::performSimpleImageInsertion(ImageFileKind kind) {
     }
     summary_ += std::to_string(writer.written()) + " mipmaps(s) inserted.";
     showSummary();
-    return writer.written() > 0 && writer.written() == writer.held();
 }
 
 std::optional<ImageInsertion::Choice> ImageInsertion::choose() const {

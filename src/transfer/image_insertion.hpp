@@ -29,8 +29,7 @@ public:
                    const TransferState& state, const TransferImaging& imaging, SafeCopy& safeCopy,
                    ReadOnlyArchive& readOnly);
 
-    /// Inserts the image of this kind; true when every level that was to be written was.
-    bool performSimpleImageInsertion(ImageFileKind kind);
+    void performSimpleImageInsertion(ImageFileKind kind);
 
 private:
     /// Which level's image is the source, and what of the built file goes where.

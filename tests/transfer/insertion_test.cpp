@@ -87,7 +87,7 @@ TEST(Insertion, CreatesTheChainWithEachFilter) {
                 ASSERT_NE(h.folder.write("a.cdds", h.outside(before)), "");
                 const std::string summary = h.insert(kind, Create, [&] { h.dialog.lstScaleFilter.select(filter); });
                 // From DDS files, the summary starts anew with the image's part.
-                EXPECT_EQ(summary, (kind == DdsFileType ? "" : h.copyLine(filter)) + h.images.file(source[0]) + "\r\n5 mipmaps(s) inserted.");
+                EXPECT_EQ(summary, h.copyLine(filter) + h.images.file(source[0]) + "\r\n5 mipmaps(s) inserted.");
                 EXPECT_TRUE(h.outside(h.archive()) == h.outside(before));
                 for (std::size_t i = 0; i < 3; ++i) { EXPECT_LE(h.difference(before, h.archive(), i), losses) << type << ' ' << filter << ' ' << i; }
                 EXPECT_EQ(h.levelOf(h.archive(), 4).find("####"), std::string::npos);
