@@ -6,7 +6,7 @@
 
 #include <limits>
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
 constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
@@ -61,10 +61,10 @@ TEST(Listing, TextureAndMipmapLines) {
 }
 
 TEST(Listing, NumbersAndNames) {
-    EXPECT_EQ(test::row(fileNumberText(0), fileNumberText(1234567)), "      0 ,  1234567 ");
-    EXPECT_EQ(test::row(indexText(7), indexText(32767)), "    7  ,  32767  ");
-    EXPECT_EQ(test::row(decimalText(42), decimalText(-7)), " 42, -7");
-    EXPECT_EQ(test::row(listing::nameListEntry("  smoke 01.tga "), listing::nameListEntry("   ")), "smoke 01.tga, ");
+    EXPECT_EQ(row(fileNumberText(0), fileNumberText(1234567)), "      0 ,  1234567 ");
+    EXPECT_EQ(row(indexText(7), indexText(32767)), "    7  ,  32767  ");
+    EXPECT_EQ(row(decimalText(42), decimalText(-7)), " 42, -7");
+    EXPECT_EQ(row(listing::nameListEntry("  smoke 01.tga "), listing::nameListEntry("   ")), "smoke 01.tga, ");
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

@@ -35,13 +35,12 @@ extern "C" int stat(const char* path, struct stat* info) noexcept {
     return real<int (*)(const char*, struct stat*)>("stat")(path, info);
 }
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
 using desktop::FolderTreeView;
-using test::row;
 
 // The real dialog, and a user in front of it.
-class RealFolderPicker : public test::RealUser {
+class RealFolderPicker : public RealUser {
 protected:
     RealFolderPicker() {
         browser.EditBox = browser.StatusText = browser.FileSystemOnly = browser.ValidateEditBox = browser.UseNewUI = true;
@@ -88,7 +87,7 @@ protected:
     }
 
     const std::string longName = std::string(254, 'n') + "x";
-    test::TemporaryFolder folder;
+    TemporaryFolder folder;
     desktop::Refresh refresh{[](const std::string& text) { ADD_FAILURE() << text; }};
     desktop::QtFolderPicker picker{refresh};
     cBrowseForFolder browser{picker};
@@ -267,4 +266,4 @@ TEST_F(RealFolderPicker, FoldersComeAndGoMeanwhile) {
     EXPECT_EQ(run(), "");
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

@@ -5,19 +5,17 @@
 #include "support/archive_builder.hpp"
 #include "support/temporary_folder.hpp"
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
 using desktop::ListBoxView;
-using test::plainBlocks;
-using test::row;
 
 // The real program on a real display, and a user in front of it.
-class RealWindow : public test::RealUser {
+class RealWindow : public RealUser {
 protected:
     RealWindow() {
         program.session.programFolder = folder.path();
         (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n"); // not the first run
-        test::ArchiveBuilder builder{
+        ArchiveBuilder builder{
             CddsType::TypeCdds,
             {{"first.bmp", "DXT1", {{64, 32, plainBlocks(64, 32, 0xF800)}}},
              {"abc.bmp", "DXT1", {{1024, 512, plainBlocks(1024, 512, 0x07E0)}}},
@@ -62,7 +60,7 @@ protected:
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
     }
 
-    test::TemporaryFolder folder;
+    TemporaryFolder folder;
     std::string archive;
     desktop::Application program;
 };
@@ -205,7 +203,7 @@ TEST_F(RealWindow, AWorkingFolderIsAskedForUntilThereIsOne) {
 }
 
 TEST(WithoutOpenGl, TheProgramRunsWithoutAPicture) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     const QString program = QString::fromStdString(folder.file("pelrath"));
     ASSERT_TRUE(QFile::copy(PELRATH_PROGRAM, program));
     (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n");
@@ -291,4 +289,4 @@ TEST_F(RealWindow, TheDialogOfATextureWorksFromTheKeyboard) {
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"Pelrath.ini", "demo.cdds", "\u00E9toile-2x2.dds"}));
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

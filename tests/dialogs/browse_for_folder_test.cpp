@@ -7,10 +7,7 @@
 #include <cstring>
 #include <filesystem>
 
-namespace pelrath { namespace {
-
-using test::failureOf;
-using test::row;
+namespace pelrath::test { namespace {
 
 class BrowseForFolderTest : public testing::Test {
 protected:
@@ -20,7 +17,7 @@ protected:
         const RuntimeError error = failureOf(work);
         return row(error.number(), error.source(), error.description(), picker.shown);
     }
-    test::ScriptedPicker picker;
+    ScriptedPicker picker;
     cBrowseForFolder browser{picker};
 };
 
@@ -139,4 +136,4 @@ TEST_F(BrowseForFolderTest, SpecialFoldersHaveTheShellsNumbers) {
     for (const int unknown : {-1, 0x01, 0x7FFF}) { EXPECT_EQ(browser.SpecialFolderLocation(unknown), "") << unknown; }
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

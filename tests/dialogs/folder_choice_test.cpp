@@ -4,9 +4,7 @@
 #include "support/recording_boxes.hpp"
 #include "support/scripted_picker.hpp"
 
-namespace pelrath { namespace {
-
-using test::row;
+namespace pelrath::test { namespace {
 
 class FolderChoiceTest : public testing::Test {
 protected:
@@ -27,9 +25,9 @@ protected:
 
     std::string folder = "/old";
     Window over;
-    test::ScriptedPicker picker;
-    test::RecordingBoxes boxes;
-    test::AnsweringWindows windows;
+    ScriptedPicker picker;
+    RecordingBoxes boxes;
+    AnsweringWindows windows;
     FolderSelection folders{picker, over};
     FolderChoice dialog{FolderChoice::bazarTempTexts, folder, over, {folders, boxes, windows}};
 };
@@ -85,9 +83,9 @@ TEST_F(FolderChoiceTest, WhatIsStoredWhenItCloses) {
 }
 
 TEST_F(FolderChoiceTest, AnEmptyFolderIsAskedForAgain) {
-    std::vector<test::ShownBox> before;
+    std::vector<ShownBox> before;
     const Connection focus = dialog.selectedFolder.focusRequested.connect([&] { before = boxes.take(); });
-    const std::vector<test::ShownBox> asked{{"Invalid Folder. Please select another folder.", "Undefined folder"}};
+    const std::vector<ShownBox> asked{{"Invalid Folder. Please select another folder.", "Undefined folder"}};
     const std::string stored = after([&] {
         dialog.selectedFolder.setText("");
         dialog.cmdOK.press();
@@ -103,4 +101,4 @@ TEST_F(FolderChoiceTest, AnEmptyFolderIsAskedForAgain) {
     });
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

@@ -1,10 +1,8 @@
 #include "main_harness.hpp"
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
-using test::row;
-
-class ExportImportFolderTest : public testing::Test, protected test::MainHarness {};
+class ExportImportFolderTest : public testing::Test, protected MainHarness {};
 
 TEST_F(ExportImportFolderTest, BrowsingSetsIt) {
     start();
@@ -26,8 +24,8 @@ TEST_F(ExportImportFolderTest, BrowsingSetsIt) {
 TEST_F(ExportImportFolderTest, NotDuringARead) {
     start();
     pump.whilePending = [&] { main.cmdGetExtractInsertFolder.press(); };
-    open(test::archiveOf({"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}));
+    open(archiveOf({"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}));
     EXPECT_EQ(row(pump.pending > 0, folderPicker.shown, main.cmdGetExtractInsertFolder.enabled()), "true, 0, true");
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

@@ -1,10 +1,8 @@
 #include "mainwindow/main_harness.hpp"
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
-using test::row;
-
-class HandOff : public testing::Test, protected test::MainHarness {};
+class HandOff : public testing::Test, protected MainHarness {};
 
 TEST_F(HandOff, OpensTheDialogOnceAllIsChosen) {
     start();
@@ -23,19 +21,16 @@ TEST_F(HandOff, OpensTheDialogOnceAllIsChosen) {
     };
     session.exportImportFolder = "/before";
     EXPECT_EQ(pressed("", main.cmdExtract), "0, , /before");
-    EXPECT_EQ(boxes.take(),
-              (std::vector<test::ShownBox>{{"Texture Path not selected. Please select a valid folder", "Pelrath - Folder not selected"}}));
+    EXPECT_EQ(boxes.take(), (std::vector<ShownBox>{{"Texture Path not selected. Please select a valid folder", "Pelrath - Folder not selected"}}));
     for (const char* name : {"gone", "file"}) {
         EXPECT_EQ(pressed(folder.file(name), main.cmdInsert), "0, , /before");
-        EXPECT_EQ(boxes.take(),
-                  (std::vector<test::ShownBox>{{"Texture Path not found. Please select a valid folder", "Pelrath - Folder not found"}}));
+        EXPECT_EQ(boxes.take(), (std::vector<ShownBox>{{"Texture Path not found. Please select a valid folder", "Pelrath - Folder not found"}}));
     }
     EXPECT_EQ(session.mode, DialogMode::Insertion); // set before what was missed
-    const std::vector<test::ShownBox> noTexture{
-        {"No Texture File Name selected. Please select one and try again.", "Pelrath - Texture not selected"}};
+    const std::vector<ShownBox> noTexture{{"No Texture File Name selected. Please select one and try again.", "Pelrath - Texture not selected"}};
     EXPECT_EQ(pressed(wanted, main.cmdExtract), "0, , " + wanted);
     EXPECT_EQ(boxes.take(), noTexture);
-    open(test::archiveOf({"wall.bmp", "roof.bmp"}));
+    open(archiveOf({"wall.bmp", "roof.bmp"}));
     EXPECT_EQ(pressed(wanted, main.cmdExtract), "1, Texture Extraction, " + wanted);
     EXPECT_EQ(pressed(wanted, main.cmdInsert), "1, Texture Insertion, " + wanted);
     choose(1);
@@ -46,4 +41,4 @@ TEST_F(HandOff, OpensTheDialogOnceAllIsChosen) {
     EXPECT_EQ(boxes.take(), noTexture);
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

@@ -2,14 +2,9 @@
 
 #include <sys/stat.h>
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
-using test::ArchiveBuilder;
-using test::archiveOf;
-using test::row;
-using test::ShownBox;
-
-class Reading : public testing::Test, protected test::MainHarness {
+class Reading : public testing::Test, protected MainHarness {
 protected:
     Reading() { start(); }
     // Rows of the three panes and the list of names, and textures at hand.
@@ -144,7 +139,7 @@ TEST_F(Reading, TexturesThatCannotBeStagedAreReported) {
 }
 
 TEST_F(Reading, ChoosingMarksTheTexturesLevels) {
-    const test::LevelPlan level{2, 2, "12345678"};
+    const LevelPlan level{2, 2, "12345678"};
     open({CddsType::Type0C, {{"a", "DXT1", {level, level}}, {"b", "DXT1", {}}, {"c", "ARGB", {level, level, level}}}});
     using Runs = std::vector<ListBox::Run>;
     const auto marked = [this](int texture) {
@@ -160,4 +155,4 @@ TEST_F(Reading, ChoosingMarksTheTexturesLevels) {
     EXPECT_EQ(row(session.selectedBaseName, has("tmp.dds")), "a, false");
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

@@ -8,7 +8,7 @@
 #include <chrono>
 #include <thread>
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
 // A desktop of the test's own, which has a program for files of one kind.
 class Associations : public testing::Test {
@@ -34,7 +34,7 @@ protected:
         return found;
     }
 
-    test::TemporaryFolder folder;
+    TemporaryFolder folder;
     DesktopAssociations associations;
 };
 
@@ -52,4 +52,4 @@ TEST_F(Associations, AProgramIsFoundByTheNameAloneAndGetsThePathAsOneArgument) {
     EXPECT_EQ(children(), ""); // not even a dead one
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

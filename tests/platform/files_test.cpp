@@ -9,9 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace pelrath { namespace {
-
-using test::row;
+namespace pelrath::test { namespace {
 
 TEST(Files, PathsAreTakenApartAndPutTogether) {
     const std::array<const char*, 3> joins[] = {{"/a", "b", "/a/b"}, {"/a/", "b", "/a/b"}, {"/", "b", "/b"}, {"", "b", "b"}};
@@ -21,7 +19,7 @@ TEST(Files, PathsAreTakenApartAndPutTogether) {
 }
 
 TEST(Files, ExistenceTellsFilesFromFolders) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     const std::string file = folder.write("f", "x");
     const auto exists = [](const std::string& path) { return row(fileExists(path), folderExists(path)); };
     EXPECT_EQ(exists(file), "true, false");
@@ -32,7 +30,7 @@ TEST(Files, ExistenceTellsFilesFromFolders) {
 }
 
 TEST(Files, ReadsOnlyInsideTheFile) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     const InputFile file{folder.write("f", "0123456789")};
     for (const auto& [offset, count] : {std::pair{0U, 10U}, {10U, 0U}, {9U, 1U}}) {
         std::string bytes(count, ' ');
@@ -41,7 +39,7 @@ TEST(Files, ReadsOnlyInsideTheFile) {
     }
     for (const auto& [offset, count] : {std::pair<std::uint64_t, std::size_t>{9, 2}, {11, 0}, {std::numeric_limits<std::uint64_t>::max(), 2}}) {
         std::vector<std::byte> bytes(count);
-        EXPECT_EQ(test::failureOf([&] { file.readAt(offset, bytes); }).number(), 62) << offset;
+        EXPECT_EQ(failureOf([&] { file.readAt(offset, bytes); }).number(), 62) << offset;
     }
     EXPECT_EQ(truncate(folder.file("f").c_str(), 4), 0); // shrinks while it is open
     std::array<std::byte, 10> all{};
@@ -51,7 +49,7 @@ TEST(Files, ReadsOnlyInsideTheFile) {
 }
 
 TEST(Files, ReplacingKeepsTheOldPermissions) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     const std::string path = folder.write("f", "old and longer");
     ASSERT_EQ(chmod(path.c_str(), 0640), 0);
     const std::string text = "new";
@@ -86,4 +84,4 @@ TEST(RuntimeErrors, NumbersAndSentences) {
     }
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

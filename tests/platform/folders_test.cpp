@@ -7,9 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
-namespace pelrath { namespace {
-
-using test::row;
+namespace pelrath::test { namespace {
 
 TEST(FullPaths, AreResolvedByTheirLetters) {
     const std::string e = "\u00E9";
@@ -36,7 +34,7 @@ TEST(FullPaths, AreResolvedByTheirLetters) {
     EXPECT_EQ(fullPath("").systemError, ENOENT);
     const auto before = std::filesystem::current_path();
     {
-        const test::TemporaryFolder gone;
+        const TemporaryFolder gone;
         std::filesystem::current_path(gone.path());
     }
     EXPECT_EQ(row(fullPath("x").systemError, fullPath("/x").path), row(ENOENT, "/x"));
@@ -45,7 +43,7 @@ TEST(FullPaths, AreResolvedByTheirLetters) {
 }
 
 TEST(SubFolders, AreListedWithoutAStepInside) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     for (const char* name : {"plain", ".hidden", "bad\xC3(name", "\u00FC"}) { std::filesystem::create_directory(folder.file(name)); }
     std::filesystem::create_symlink("nowhere", folder.file("link"));
     (void)folder.write("file", "");
@@ -69,4 +67,4 @@ TEST(SpecialFolders, AreTheUsersOwn) {
     EXPECT_EQ(specialFolderPath(0x24), "");
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

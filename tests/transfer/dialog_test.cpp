@@ -1,13 +1,11 @@
 #include "transfer/transfer_harness.hpp"
 
-namespace pelrath { namespace {
-
-using test::row;
+namespace pelrath::test { namespace {
 
 constexpr DialogMode out = DialogMode::Extraction;
 constexpr DialogMode in = DialogMode::Insertion;
 
-class Dialog : public testing::Test, protected test::TransferHarness {
+class Dialog : public testing::Test, protected TransferHarness {
 protected:
     /// The kind; the operations, upper case where enabled, the chosen one in brackets; the marks; what of filter, warning and
     /// Bazar Temp folder can be used.
@@ -70,7 +68,7 @@ TEST_F(Dialog, EveryChoiceRulesTheOthers) {
         {in, "DXT5", 1, "sN", "dds (S)EXC . bazar"},
     };
     for (const auto& [mode, type, side, clicks, expected] : cases) {
-        open({CddsType::TypeCdds, {test::chainOf("wall.bmp", type, side, side)}});
+        open({CddsType::TypeCdds, {chainOf("wall.bmp", type, side, side)}});
         show(mode, [&, clicks = clicks, expected = std::string{expected}] {
             click(clicks);
             EXPECT_EQ(state(), expected) << row(static_cast<int>(mode), type, clicks);
@@ -106,7 +104,7 @@ TEST_F(Dialog, ShowsTheTextureAndWhatTheModeNeeds) {
 }
 
 TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
-    open({CddsType::TypeCdds, {test::chainOf("wall.bmp", "DXT1", 2, 2)}});
+    open({CddsType::TypeCdds, {chainOf("wall.bmp", "DXT1", 2, 2)}});
     std::string& target = session.settings.bazarTempFolder;
     int asked = 0;
     const auto visit = [&](const std::string& before, const std::string& answer) {
@@ -140,7 +138,7 @@ TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
 }
 
 TEST_F(Dialog, RefusesTypesThatItCannotHandle) {
-    open({CddsType::TypeCdds, {test::chainOf("wall.bmp", "ATI2", 8, 8)}});
+    open({CddsType::TypeCdds, {chainOf("wall.bmp", "ATI2", 8, 8)}});
     for (const DialogMode mode : {out, in}) {
         for (const char* clicks : {"!", "n!"}) {
             show(mode, [&] { click(clicks); });
@@ -151,7 +149,7 @@ TEST_F(Dialog, RefusesTypesThatItCannotHandle) {
 }
 
 TEST_F(Dialog, NothingOverlapsAtAnySize) {
-    open({CddsType::TypeCdds, {test::chainOf("wall.tga", "DXT5", 8, 8)}});
+    open({CddsType::TypeCdds, {chainOf("wall.tga", "DXT5", 8, 8)}});
     const std::vector<const Control*> placed{&dialog.Label1,           &dialog.Text1,
                                              &dialog.FileFormat,       &dialog.Mipmaps,
                                              &dialog.OptionsFrame,     &dialog.extractOptionsFrame,
@@ -188,7 +186,7 @@ TEST_F(Dialog, NothingOverlapsAtAnySize) {
 
 // Rules that followed each other's changes one by one would nest as deep as the list is long.
 TEST_F(Dialog, TakesTheLongestChain) {
-    open({CddsType::TypeCdds, {{"long.bmp", "DXT1", std::vector(32767, test::LevelPlan{1, 1, "12345678"})}}});
+    open({CddsType::TypeCdds, {{"long.bmp", "DXT1", std::vector(32767, LevelPlan{1, 1, "12345678"})}}});
     show(in, [&] {
         click("sN");
         EXPECT_EQ(dialog.List1.checkedCount(), 0);
@@ -197,4 +195,4 @@ TEST_F(Dialog, TakesTheLongestChain) {
     });
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

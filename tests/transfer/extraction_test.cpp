@@ -1,10 +1,8 @@
 #include "transfer/transfer_harness.hpp"
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
-using test::row;
-
-class Extraction : public testing::Test, protected test::TransferHarness {};
+class Extraction : public testing::Test, protected TransferHarness {};
 
 TEST_F(Extraction, WritesTheChosenFilesAndSaysSo) {
     // Type, files in the folder before, clicks, summary, files afterwards.
@@ -29,7 +27,7 @@ TEST_F(Extraction, WritesTheChosenFilesAndSaysSo) {
         std::filesystem::remove_all(folder.file("out"));
         std::filesystem::create_directory(folder.file("out"));
         if (*before != '\0') (void)folder.write("out/" + std::string{before}, std::string(10000, 'x'));
-        open({CddsType::TypeCdds, {test::chainOf("wall.bmp", type, 8, 8)}});
+        open({CddsType::TypeCdds, {chainOf("wall.bmp", type, 8, 8)}});
         EXPECT_EQ(extract(clicks), summary) << clicks;
         EXPECT_EQ(files(), after) << clicks;
         const bool kept = std::string_view{summary}.find("not overwritten") != std::string::npos;
@@ -38,7 +36,7 @@ TEST_F(Extraction, WritesTheChosenFilesAndSaysSo) {
 }
 
 TEST_F(Extraction, AThirdStateWritesWithoutAWord) {
-    open({CddsType::TypeCdds, {test::chainOf("wall.bmp", "DXT1", 4, 4)}});
+    open({CddsType::TypeCdds, {chainOf("wall.bmp", "DXT1", 4, 4)}});
     show(DialogMode::Extraction, [&] {
         dialog.chkOverwriteExistingFiles.setValue(CheckValue::Grey);
         click("!");
@@ -55,11 +53,11 @@ TEST_F(Extraction, ImagesAreTheRightWayUpAndKeepTheirAlpha) {
     for (const auto& [type, name, head, lower, upper] : cases) {
         std::string blocks;
         for (const char* color : {"00F8", "E007", "1F00", "FFFF"}) {
-            blocks += test::bytesOf((type == "DXT5" ? "8080 6*00 " : "") + std::string{color} + " 6*00");
+            blocks += bytesOf((type == "DXT5" ? "8080 6*00 " : "") + std::string{color} + " 6*00");
         }
         open({CddsType::TypeCdds, {{"flag.x", type, {{5, 6, blocks}}}}});
         extract("n!");
-        const std::string file = folder.read(name), low = test::bytesOf(lower), high = test::bytesOf(upper);
+        const std::string file = folder.read(name), low = bytesOf(lower), high = bytesOf(upper);
         const bool fromTop = head == 18 && (file[17] & 0x20) != 0;
         const std::string rows = fromTop ? high + high + high + high + low + low : low + low + high + high + high + high;
         EXPECT_EQ(file.substr(head, rows.size()), rows) << type;
@@ -67,7 +65,7 @@ TEST_F(Extraction, ImagesAreTheRightWayUpAndKeepTheirAlpha) {
 }
 
 TEST_F(Extraction, HandsTheFileToTheEditor) {
-    open({CddsType::TypeCdds, {test::chainOf("a b.bmp", "DXT1", 8, 8)}});
+    open({CddsType::TypeCdds, {chainOf("a b.bmp", "DXT1", 8, 8)}});
     const auto launch = [&](const std::string& clicks) {
         associations.opened.clear();
         const std::string summary = extract("l" + clicks);
@@ -107,7 +105,7 @@ TEST_F(Extraction, AFailureIsToldAndLeavesNothingHalfWritten) {
     for (const auto& [name, clicks, spoil, words, summary, after] : cases) {
         std::filesystem::remove_all(folder.file("out"));
         std::filesystem::create_directory(folder.file("out"));
-        open({CddsType::TypeCdds, {test::chainOf(name, "DXT1", 8, 8)}});
+        open({CddsType::TypeCdds, {chainOf(name, "DXT1", 8, 8)}});
         spoil();
         EXPECT_EQ(extract(clicks), summary) << name << clicks;
         boxes.expect(words);
@@ -116,12 +114,12 @@ TEST_F(Extraction, AFailureIsToldAndLeavesNothingHalfWritten) {
 }
 
 TEST_F(Extraction, AFullDiskLeavesTheOldFile) {
-    open({CddsType::TypeCdds, {test::chainOf("wall.bmp", "DXT1", 64, 64)}});
+    open({CddsType::TypeCdds, {chainOf("wall.bmp", "DXT1", 64, 64)}});
     (void)folder.write("out/wall-64x64.dds", "old");
-    const test::FullDisk full{1000};
+    const FullDisk full{1000};
     EXPECT_EQ(extract("o!"), "0 file(s) extracted.");
     boxes.expect("ImageSave Error : ");
     EXPECT_EQ(row(files(), folder.read("out/wall-64x64.dds")), "wall-64x64.dds, old");
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test
