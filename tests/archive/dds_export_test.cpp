@@ -6,8 +6,7 @@ namespace pelrath::test { namespace {
 
 using Names = std::vector<std::string>;
 
-class DdsExportTest : public testing::Test {
-protected:
+struct DdsExportTest : testing::Test {
     // A file of counting bytes, and a texture whose levels take of them what they like.
     void open(const std::string& type, std::vector<MipmapRecord> levels) {
         std::string bytes(4096, '\0');

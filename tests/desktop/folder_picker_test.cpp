@@ -40,8 +40,7 @@ namespace pelrath::test { namespace {
 using desktop::FolderTreeView;
 
 // The real dialog, and a user in front of it.
-class RealFolderPicker : public RealUser {
-protected:
+struct RealFolderPicker : RealUser {
     RealFolderPicker() {
         browser.EditBox = browser.StatusText = browser.FileSystemOnly = browser.ValidateEditBox = browser.UseNewUI = true;
         make({"b10", "b9/inside", ".hidden/deep", "\u00C9t\u00E9 au lait", longName, "bad\xFFname", "real"});
@@ -95,22 +94,22 @@ protected:
 
 TEST_F(RealFolderPicker, ATypedPathIsTakenIfItLeadsToAFolder) {
     const std::string top = folder.path();
-    // What is typed over the initial folder, the path that comes back, and its name; no path: it leads to no folder.
-    const std::array<std::string, 3> cases[] = {{top, top, std::string{fileName(top)}},
-                                                {top + "//b9/../real/", top + "/real", "real"},
-                                                {"b9/inside", top + "/b9/inside", "inside"},
-                                                {"..", std::string{parentFolder(top)}, std::string{fileName(parentFolder(top))}},
-                                                {"~", std::getenv("HOME"), std::string{fileName(std::getenv("HOME"))}},
-                                                {"/", "/", "/"},
-                                                {"\u00C9t\u00E9 au lait", top + "/\u00C9t\u00E9 au lait", "\u00C9t\u00E9 au lait"},
-                                                {top + "/link", top + "/link", "link"},
-                                                {top + "/" + longName, "", ""}, // longer than a path can be
-                                                {top + "/file", "", ""},
-                                                {top + "/no such", "", ""},
-                                                {" ", "", ""}};
+    // What is typed over the initial folder, and the path that comes back; none: it leads to no folder.
+    const std::pair<std::string, std::string> cases[] = {{top, top},
+                                                         {top + "//b9/../real/", top + "/real"},
+                                                         {"b9/inside", top + "/b9/inside"},
+                                                         {"..", std::string{parentFolder(top)}},
+                                                         {"~", std::getenv("HOME")},
+                                                         {"/", "/"},
+                                                         {"\u00C9t\u00E9 au lait", top + "/\u00C9t\u00E9 au lait"},
+                                                         {top + "/link", top + "/link"},
+                                                         {top + "/" + longName, ""}, // longer than a path can be
+                                                         {top + "/file", ""},
+                                                         {top + "/no such", ""},
+                                                         {" ", ""}};
     std::string refused;
     const Connection failed = browser.ValidationFailed.connect([&](const std::string& sPath, bool& /*bKeepOpen*/) { refused = sPath; });
-    for (const auto& [typed, chosen, name] : cases) {
+    for (const auto& [typed, chosen] : cases) {
         browser.InitialDir = top;
         refused.clear();
         untilChosen(top).then([&, typed = typed] {
@@ -119,7 +118,7 @@ TEST_F(RealFolderPicker, ATypedPathIsTakenIfItLeadsToAFolder) {
             press(path(), Qt::Key_Return);
         });
         EXPECT_EQ(run(), chosen);
-        EXPECT_EQ(row(browser.DisplayName(), refused), row(name, chosen.empty() ? typed : ""));
+        EXPECT_EQ(row(browser.DisplayName(), refused), row(chosen == "/" ? "/" : fileName(chosen), chosen.empty() ? typed : ""));
     }
 }
 
@@ -148,9 +147,7 @@ TEST_F(RealFolderPicker, TheTreeIsWalkedWithTheKeys) {
 }
 
 TEST_F(RealFolderPicker, EventsMayForbidAndKeepOpen) {
-    std::string log;
     Connections handlers;
-    handlers.push_back(browser.Initialized.connect([&] { log += "initialized at " + status(); }));
     handlers.push_back(browser.SelectionChanged.connect([&](const std::string& sPath, bool& bAllowOk) { bAllowOk = !sPath.ends_with("/b10"); }));
     handlers.push_back(browser.ValidationFailed.connect([](const std::string& /*sPath*/, bool& bKeepOpen) { bKeepOpen = true; }));
     browser.InitialDir = folder.path();
@@ -168,12 +165,8 @@ TEST_F(RealFolderPicker, EventsMayForbidAndKeepOpen) {
         browser.SetFolder(folder.file("none")); // changes nothing
         browser.SetFolder(folder.file("b9"));
     });
-    untilChosen(folder.file("b9")).then([] {
-        press(tree(), Qt::Key_Left, 2); // its folder
-        ok().click();
-    });
-    EXPECT_EQ(run(), folder.path());
-    EXPECT_EQ(log, "initialized at " + folder.path());
+    untilChosen(folder.file("b9")).then([] { ok().click(); });
+    EXPECT_EQ(run(), folder.file("b9"));
 }
 
 TEST_F(RealFolderPicker, WhatHasNoPathCannotBeChosenButWhereItMay) {

@@ -10,8 +10,7 @@
 namespace pelrath::test {
 
 /// A user in front of the display.
-class RealUser : public testing::Test {
-protected:
+struct RealUser : testing::Test {
     /// Runs it with the user doing what was scripted.
     void runFor(
         const std::function<void()>& program, const std::function<void()>& end = [] {}) {

@@ -10,8 +10,7 @@ namespace pelrath::test { namespace {
 using desktop::ListBoxView;
 
 // The real program on a real display, and a user in front of it.
-class RealWindow : public RealUser {
-protected:
+struct RealWindow : RealUser {
     RealWindow() {
         program.session.programFolder = folder.path();
         (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n"); // not the first run

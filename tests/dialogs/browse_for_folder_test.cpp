@@ -9,8 +9,7 @@
 
 namespace pelrath::test { namespace {
 
-class BrowseForFolderTest : public testing::Test {
-protected:
+struct BrowseForFolderTest : testing::Test {
     // What a failure leaves as, and whether anything was shown.
     template <class Work> std::string failure(Work work) {
         picker.shown = 0;
@@ -22,17 +21,18 @@ protected:
 };
 
 TEST_F(BrowseForFolderTest, TheFlagWordIsMadeOfTheProperties) {
-    const std::pair<std::function<void(cBrowseForFolder&)>, std::uint32_t> cases[] = {
-        {[](auto&) {}, 0},
-        {[](auto& b) { b.EditBox = true; }, 0x10},
-        {[](auto& b) { b.StatusText = true; }, 0x4},
-        {[](auto& b) { b.FileSystemOnly = true; }, 0x9},
-        {[](auto& b) { b.ValidateEditBox = true; }, 0x20},
-        {[](auto& b) { b.UseNewUI = true; }, 0x40},
-        {[](auto& b) { b.EditBox = b.StatusText = b.FileSystemOnly = b.ValidateEditBox = b.UseNewUI = true; }, 0x7D}};
-    for (const auto& [set, expected] : cases) {
-        cBrowseForFolder fresh{picker};
-        set(fresh);
+    using B = cBrowseForFolder;
+    const std::pair<std::vector<bool B::*>, std::uint32_t> cases[] = {
+        {{}, 0},
+        {{&B::EditBox}, 0x10},
+        {{&B::StatusText}, 0x4},
+        {{&B::FileSystemOnly}, 0x9},
+        {{&B::ValidateEditBox}, 0x20},
+        {{&B::UseNewUI}, 0x40},
+        {{&B::EditBox, &B::StatusText, &B::FileSystemOnly, &B::ValidateEditBox, &B::UseNewUI}, 0x7D}};
+    for (const auto& [properties, expected] : cases) {
+        B fresh{picker};
+        for (const auto property : properties) { fresh.*property = true; }
         EXPECT_EQ(fresh.BrowseForFolder(), "");
         EXPECT_EQ(row(picker.asked.flags, picker.asked.title, picker.asked.owner), row(expected, "Choose Folder", 0));
     }

@@ -6,8 +6,7 @@
 
 namespace pelrath::test { namespace {
 
-class FolderChoiceTest : public testing::Test {
-protected:
+struct FolderChoiceTest : testing::Test {
     FolderChoiceTest() {
         over.setBox({1000, 2000, 9000, 6000});
         over.setHandle(42);
@@ -52,20 +51,16 @@ TEST_F(FolderChoiceTest, TheTwoDialogsDifferInTheirTexts) {
 }
 
 TEST_F(FolderChoiceTest, WhatIsStoredWhenItCloses) {
-    const auto typeAndConfirm = [this](const std::string& text) {
-        dialog.selectedFolder.setText(text);
-        dialog.cmdOK.press();
-    };
     const auto type = [this](const std::string& text) { dialog.selectedFolder.setText(text); };
     const std::tuple<std::function<void()>, const char*, const char*, bool> cases[] = {
         // the user's doing, the folder stored, what the box shows, whether that closed the dialog
         {[&] { dialog.cmdOK.press(); }, "/old", "/old", true},
-        {[&] { typeAndConfirm("no such/folder "); }, "no such/folder ", "no such/folder ", true},
+        {[&] { type("no such/folder "), dialog.cmdOK.press(); }, "no such/folder ", "no such/folder ", true},
         {[&] { type("/typed"), dialog.cmdCancel.press(); }, "/old", "/typed", true},
         {[&] { type(""), dialog.cmdCancel.press(); }, "/old", "", true},
         {[&] { browse("/new"), dialog.cmdCancel.press(); }, "/new", "/new", true},
         {[&] { browse("/new"); }, "/new", "/new", false},
-        {[&] { browse("/new"), typeAndConfirm("/typed"); }, "/typed", "/typed", true},
+        {[&] { browse("/new"), type("/typed"), dialog.cmdOK.press(); }, "/typed", "/typed", true},
         {[&] { browse("/new"), browse(""); }, "/new", "/new", false},
         {[&] { type("/typed"), browse(""); }, "/old", "/typed", false},
     };

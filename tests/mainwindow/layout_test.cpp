@@ -2,8 +2,7 @@
 
 namespace pelrath::test { namespace {
 
-class Layout : public testing::Test, protected MainHarness {
-protected:
+struct Layout : testing::Test, MainHarness {
     Layout() {
         start();
         main.window.setSize(20000, 12000);

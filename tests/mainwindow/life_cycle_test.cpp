@@ -4,8 +4,7 @@
 
 namespace pelrath::test { namespace {
 
-class LifeCycleTest : public testing::Test, protected MainHarness {
-protected:
+struct LifeCycleTest : testing::Test, MainHarness {
     [[nodiscard]] std::string stored(const std::string& key) const {
         const std::string ini = folder.read("Pelrath.ini");
         const std::size_t at = ini.find("\n" + key + "=");

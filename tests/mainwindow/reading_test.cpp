@@ -4,8 +4,7 @@
 
 namespace pelrath::test { namespace {
 
-class Reading : public testing::Test, protected MainHarness {
-protected:
+struct Reading : testing::Test, MainHarness {
     Reading() { start(); }
     // Rows of the three panes and the list of names, and textures at hand.
     [[nodiscard]] std::string counts() const {

@@ -2,8 +2,7 @@
 
 namespace pelrath::test { namespace {
 
-class Search : public testing::Test, protected MainHarness {
-protected:
+struct Search : testing::Test, MainHarness {
     Search() {
         start();
         open(archiveOf({"first.bmp", "ABC.bmp", "abd.bmp", "  lead.tga", "hull.bmp", "hull", "r\xE9servoir.tga"}));

@@ -11,8 +11,7 @@
 namespace pelrath::test { namespace {
 
 // A desktop of the test's own, which has a program for files of one kind.
-class Associations : public testing::Test {
-protected:
+struct Associations : testing::Test {
     Associations() {
         for (const char* made : {"data/mime", "data/applications", "config", "a folder"}) { std::filesystem::create_directories(folder.file(made)); }
         (void)folder.write("data/mime/globs2", "50:image/x-paint-pot:*.pot\n50:image/x-left-alone:*.alone\n");

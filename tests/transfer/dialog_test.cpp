@@ -5,8 +5,7 @@ namespace pelrath::test { namespace {
 constexpr DialogMode out = DialogMode::Extraction;
 constexpr DialogMode in = DialogMode::Insertion;
 
-class Dialog : public testing::Test, protected TransferHarness {
-protected:
+struct Dialog : testing::Test, TransferHarness {
     /// The kind; the operations, upper case where enabled, the chosen one in brackets; the marks; what of filter, warning and
     /// Bazar Temp folder can be used.
     [[nodiscard]] std::string state() {
@@ -50,14 +49,8 @@ TEST_F(Dialog, EveryChoiceRulesTheOthers) {
         {out, "ATI2", 4, "xn", " sexc ###"}, // the kind is still DDS
         // An insertion starts with the whole chain.
         {in, "DXT1", 4, "", "dds S(E)XC ### bazar"},
-        {in, "DXT1", 4, "1", "dds S(E)XC ### bazar"},
-        {in, "DXT1", 4, "N", "dds S(E)XC ### bazar"},
         {in, "DXT1", 4, "s", "dds (S)EXC #.. bazar"},
         {in, "DXT1", 4, "s2", "dds (S)EXC ..# bazar"},
-        {in, "DXT1", 4, "s0", "dds (S)EXC ... bazar"},
-        {in, "DXT1", 4, "sN", "dds (S)EXC ... bazar"},
-        {in, "DXT1", 4, "x0", "dds SE(X)C .## bazar"},
-        {in, "DXT1", 4, "xN", "dds SE(X)C ... bazar"},
         {in, "DXT1", 4, "c1", "dds SEX(C) ### filter bazar"},
         {in, "DXT1", 4, "n", "BMP Sex(C) ### filter"},
         {in, "DXT5", 4, "n", "TGA Sex(C) ### filter warning"},

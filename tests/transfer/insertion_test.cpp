@@ -97,16 +97,12 @@ TEST(Insertion, CreatesTheChainWithEachFilter) {
 }
 
 /// Insertions that do not go as they should, into one texture of three levels of 8 bytes.
-class TroubledInsertion : public testing::Test, protected TransferHarness {
-protected:
+struct TroubledInsertion : testing::Test, TransferHarness {
     TroubledInsertion() {
         open({cdds, {chainOf("wall.xyz", "DXT1", 4, 4)}});
         before = archive();
     }
     void put(const std::string& name, const std::string& bytes) const { (void)folder.write("out/" + name, bytes); }
-    void expectBox(const std::string& text, const std::string& title, BoxIcon icon = BoxIcon::Critical) {
-        EXPECT_EQ(boxes.take(), (Boxes{{text, title, icon, BoxButtons::Ok}}));
-    }
 
     const std::string chain = std::string(128, 'h') + "xxxxxxxxyyyyyyyyzzzzzzzz", bitmap = folder.file("out/wall-4x4.bmp");
     std::string before; // the archive's bytes
@@ -141,7 +137,7 @@ TEST_F(TroubledInsertion, TakesFromAnImageOfAnotherSizeWhatLiesInTheLevelsPlaces
     // One texel: its level 0 is as long as one of 4 x 4, and its chain ends there.
     put("wall-4x4.bmp", bitmapOf(1, "00FF0000"));
     EXPECT_EQ(insert("nk!"), image + "out/wall-4x4.bmp is too short.|" + nothing);
-    expectBox("Error during insertion in CDDS.", "performSimpleImageInsertion");
+    boxes.expect({"Error during insertion in CDDS.", "performSimpleImageInsertion", BoxIcon::Critical});
     EXPECT_TRUE(archive() == before);
     EXPECT_EQ(files(), "wall-4x4.bmp");
     std::filesystem::create_directory(folder.file("out/wall-4x4_tmppelrath.dds")); // in the built file's place
@@ -174,9 +170,9 @@ TEST_F(TroubledInsertion, RefusesAnArchiveThatIsNotTheOneRead) {
         const std::string changed = fileExists(path) ? archive() : "";
         for (const char* clicks : {"e!", "nc!"}) {
             EXPECT_EQ(insert(clicks), "Insertion canceled.");
-            expectBox(session.archivePath + " is no longer the file that was read: it has been changed, replaced or removed.\r\n\r\n"
-                                            "Please read it again before you insert.",
-                      "Pelrath - Insertion refused", BoxIcon::Exclamation);
+            boxes.expect({session.archivePath + " is no longer the file that was read: it has been changed, replaced or removed.\r\n\r\n"
+                                                "Please read it again before you insert.",
+                          "Pelrath - Insertion refused"});
         }
         EXPECT_TRUE(!fileExists(path) || archive() == changed);
         EXPECT_EQ(files("copies"), "");
@@ -353,7 +349,7 @@ TEST_F(BazarTemp, GetsNothingWhereThereIsNothingToCopyOrNowhereToPutIt) {
     extract("eo!");
     session.archive.textures[0].name = "../wall";
     EXPECT_EQ(insert("eab!"), noCopy);
-    expectBox("Store texture Copy Error : 52 Bad file name or number (../wall)", "Pelrath");
+    boxes.expect({"Store texture Copy Error : 52 Bad file name or number (../wall)", "Pelrath", BoxIcon::Critical});
     EXPECT_EQ(files("bazar"), "");
 }
 

@@ -51,8 +51,7 @@ TEST(FitQuad, NeverEnlargesAndKeepsTheShape) {
     }
 }
 
-class ViewerTest : public testing::Test {
-protected:
+struct ViewerTest : testing::Test {
     ViewerTest() {
         state.referenceWidth = state.referenceHeight = 512;
         state.clearColor = 0xFF102030;
