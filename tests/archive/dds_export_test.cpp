@@ -50,17 +50,6 @@ TEST_F(DdsExportTest, AChainBeyondAnyFileIsRefusedBeforeItIsRead) {
     EXPECT_EQ(folder.names(), Names{"a.cdds"});
 }
 
-TEST_F(DdsExportTest, NativeKind) {
-    constexpr NativeImageKind bmp{"BMP", ImageFileKind::Bmp};
-    constexpr NativeImageKind tga{"TGA", ImageFileKind::Tga};
-    const std::pair<const char*, std::optional<NativeImageKind>> cases[] = {{"DXT1", bmp}, {"dxt1", bmp}, {"Dxt5", tga},
-                                                                            {"ARGB", {}},  {"DXT3", {}},  {"", {}}};
-    for (const auto& [type, kind] : cases) {
-        open(type, {});
-        EXPECT_EQ(dds.nativeImageKind(0), kind) << type;
-    }
-}
-
 TEST_F(DdsExportTest, FailsWithoutTouchingWhatIsThere) {
     open("DXT1", {{"DXT1", 0, 0, 4, 4}, {"DXT1", 4000, 96, 4, 4}, {"DXT1", 4000, 97, 4, 4}});
     (void)folder.write("out.dds", "before");

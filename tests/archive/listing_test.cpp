@@ -1,6 +1,5 @@
 #include "archive/listing.hpp"
 
-#include "archive/number_text.hpp"
 #include "platform/text.hpp"
 #include "support/values.hpp"
 
@@ -58,13 +57,6 @@ TEST(Listing, TextureAndMipmapLines) {
 
     listing::mipmapLine({200, {-16, 2048, 32, 64}}, 17, line);
     EXPECT_EQ(line, "   17        2048         64         32        200         C8        -16   FFFFFFF0        184         B8 ");
-}
-
-TEST(Listing, NumbersAndNames) {
-    EXPECT_EQ(row(fileNumberText(0), fileNumberText(1234567)), "      0 ,  1234567 ");
-    EXPECT_EQ(row(indexText(7), indexText(32767)), "    7  ,  32767  ");
-    EXPECT_EQ(row(decimalText(42), decimalText(-7)), " 42, -7");
-    EXPECT_EQ(row(listing::nameListEntry("  smoke 01.tga "), listing::nameListEntry("   ")), "smoke 01.tga, ");
 }
 
 }} // namespace pelrath::test

@@ -140,7 +140,6 @@ TEST_F(RealWindow, TheLoopStopsAndStartsButNotInsideAMessageBox) {
 TEST_F(RealWindow, TheFirstRunAsks) {
     (void)folder.write("Pelrath.ini", "");
     untilDialog<QDialog>().then([] {
-        EXPECT_EQ(dialog<QDialog>()->windowTitle(), "Pelrath V1.0-1 - Disclaimer");
         EXPECT_EQ(in<QPushButton>("Command10").text(), "I &accept");
         in<QRadioButton>("Option10").click();
         EXPECT_EQ(in<QPushButton>("Command11").text(), "Je &refuse");
@@ -209,7 +208,6 @@ TEST(WithoutOpenGl, TheProgramRunsWithoutAPicture) {
     QProcess process;
     process.start("/usr/bin/env", {"QT_XCB_GL_INTEGRATION=none", program});
     EXPECT_FALSE(process.waitForFinished(2000)); // it shows its window and the message, and does not die
-    EXPECT_EQ(process.state(), QProcess::Running);
     process.kill();
     process.waitForFinished();
 }

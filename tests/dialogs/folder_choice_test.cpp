@@ -89,11 +89,6 @@ TEST_F(FolderChoiceTest, AnEmptyFolderIsAskedForAgain) {
         dialog.cmdCancel.press();
     });
     EXPECT_EQ(stored, "");
-    after([&] { // opened empty
-        before.clear();
-        dialog.cmdOK.press();
-        EXPECT_EQ(before, asked);
-    });
 }
 
 }} // namespace pelrath::test

@@ -48,7 +48,7 @@ TEST_F(Reading, CancellingLeavesTheArchiveAndEmptiesTheDisplay) {
     for (const TextBox* text : {&main.Text2[0], &main.Text3, &main.Text4, &main.Text5, &main.Text7, &main.Text9}) { EXPECT_EQ(text->text(), ""); }
     EXPECT_EQ(row(main.Text1.text(), session.selectedBaseName), folder.file("a.cdds") + ", a");
     main.cmdReadCDDS.press();
-    EXPECT_EQ(counts(), "2, 2, 1, 2, 2");
+    EXPECT_EQ(row(counts(), main.Text5.text()), "2, 2, 1, 2, 2,     2  ");
 }
 
 TEST_F(Reading, WhatCannotBeReadSaysSoAndKeepsWhatIsThere) {

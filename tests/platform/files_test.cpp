@@ -1,3 +1,4 @@
+#include "platform/file_mode.hpp"
 #include "platform/files.hpp"
 
 #include "support/temporary_folder.hpp"
@@ -16,17 +17,6 @@ TEST(Files, PathsAreTakenApartAndPutTogether) {
     for (const auto& [folder, name, joined] : joins) { EXPECT_EQ(joinPath(folder, name), joined); }
     const std::pair<const char*, const char*> parts[] = {{"/a/b.c", "/a, /a/b"}, {"/b", "/, /b"}, {"b.c.d", ", b.c"}, {"b", ", b"}, {".bmp", ", "}};
     for (const auto& [path, expected] : parts) { EXPECT_EQ(row(parentFolder(path), withoutExtension(path)), expected); }
-}
-
-TEST(Files, ExistenceTellsFilesFromFolders) {
-    const TemporaryFolder folder;
-    const std::string file = folder.write("f", "x");
-    const auto exists = [](const std::string& path) { return row(fileExists(path), folderExists(path)); };
-    EXPECT_EQ(exists(file), "true, false");
-    EXPECT_EQ(exists(folder.path()), "false, true");
-    for (const std::string& nothing : {std::string{}, folder.file("none"), file + "/below"}) {
-        EXPECT_EQ(exists(nothing), "false, false") << nothing;
-    }
 }
 
 TEST(Files, ReadsOnlyInsideTheFile) {
@@ -56,9 +46,7 @@ TEST(Files, ReplacingKeepsTheOldPermissions) {
     const std::array<Bytes, 2> pieces{std::as_bytes(std::span{text}), std::as_bytes(std::span{text})};
     replaceFile(path, pieces, Durability::Flushed);
     EXPECT_EQ(folder.read("f"), "newnew");
-    struct stat info {};
-    ASSERT_EQ(stat(path.c_str(), &info), 0);
-    EXPECT_EQ(info.st_mode & 0777U, 0640U);
+    EXPECT_EQ(fileMode(path), 0640U);
     std::filesystem::create_symlink("f", folder.file("link")); // leads to the file that is meant
     replaceFile(folder.file("link"), std::span{pieces}.first(1), Durability::Scratch);
     EXPECT_EQ(row(std::filesystem::is_symlink(folder.file("link")), folder.read("f")), "true, new");

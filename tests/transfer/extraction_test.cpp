@@ -13,6 +13,7 @@ TEST_F(Extraction, WritesTheChosenFilesAndSaysSo) {
         {"DXT1", "", "e!", "out/wall-8x8.dds written|1 file(s) extracted.", "wall-8x8.dds"},
         {"DXT1", "wall-8x8.dds", "e!", "out/wall-8x8.dds not overwritten.|0 file(s) extracted.", "wall-8x8.dds"},
         {"DXT1", "wall-8x8.dds", "eo!", "out/wall-8x8.dds overwritten.|1 file(s) extracted.", "wall-8x8.dds"},
+        {"DXT1", "", "g!", "out/wall-8x8.dds|1 file(s) extracted.", "wall-8x8.dds"}, // a third state writes without a word
         {"DXT1", "", "eo!", "out/wall-8x8.dds written|1 file(s) extracted.", "wall-8x8.dds"},
         {"DXT5", "wall-4x4.dds", "x3!", "out/wall-8x8.dds written|out/wall-4x4.dds not overwritten.|out/wall-2x2.dds written|2 file(s) extracted.",
          "wall-2x2.dds wall-4x4.dds wall-8x8.dds"},
@@ -33,15 +34,6 @@ TEST_F(Extraction, WritesTheChosenFilesAndSaysSo) {
         const bool kept = std::string_view{summary}.find("not overwritten") != std::string::npos;
         if (*before != '\0') { EXPECT_EQ(folder.read("out/" + std::string{before}) == std::string(10000, 'x'), kept) << clicks; }
     }
-}
-
-TEST_F(Extraction, AThirdStateWritesWithoutAWord) {
-    open({CddsType::TypeCdds, {chainOf("wall.bmp", "DXT1", 4, 4)}});
-    show(DialogMode::Extraction, [&] {
-        dialog.chkOverwriteExistingFiles.setValue(CheckValue::Grey);
-        click("!");
-    });
-    EXPECT_EQ(dialog.ExtractSummary.text(), folder.file("out/wall-4x4.dds\r\n1 file(s) extracted."));
 }
 
 // 5 x 6 texels in blocks of four colours, the rows from the top: two of red and green, then one of blue and white.
@@ -111,15 +103,6 @@ TEST_F(Extraction, AFailureIsToldAndLeavesNothingHalfWritten) {
         boxes.expect(words);
         if (after != nullptr) { EXPECT_EQ(files(), after) << name << clicks; }
     }
-}
-
-TEST_F(Extraction, AFullDiskLeavesTheOldFile) {
-    open({CddsType::TypeCdds, {chainOf("wall.bmp", "DXT1", 64, 64)}});
-    (void)folder.write("out/wall-64x64.dds", "old");
-    const FullDisk full{1000};
-    EXPECT_EQ(extract("o!"), "0 file(s) extracted.");
-    boxes.expect("ImageSave Error : ");
-    EXPECT_EQ(row(files(), folder.read("out/wall-64x64.dds")), "wall-64x64.dds, old");
 }
 
 }} // namespace pelrath::test

@@ -207,7 +207,7 @@ TEST_F(TroubledInsertion, NeverWritesOverTheTables) {
 TEST_F(TroubledInsertion, CountsTheLevelsThatTheArchiveReallyGot) {
     for (const char* name : {"wall-4x4.dds", "wall-2x2.dds", "wall-1x1.dds"}) { put(name, chain); }
     const std::string path = session.archivePath;
-    std::filesystem::permissions(path, std::filesystem::perms{0401});
+    std::filesystem::permissions(path, std::filesystem::perms{0421});
     // The lines between those about the attributes, and the first two levels afterwards.
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"ek!", "2 Mipmap(s) inserted.|", "xxxxxxxxyyyyyyyy"},
@@ -221,7 +221,7 @@ TEST_F(TroubledInsertion, CountsTheLevelsThatTheArchiveReallyGot) {
                                        {"Insertion Error : 6 Overflow (" + path + ")", "Pelrath", BoxIcon::Critical, BoxButtons::Ok}}));
         EXPECT_EQ(levelOf(archive(), 0) + levelOf(archive(), 1), levels);
         EXPECT_TRUE(levelOf(archive(), 2) == levelOf(before, 2)) << "a level is wholly old or wholly new";
-        EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{0401});
+        EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{0421});
     }
     boxes.answer = BoxAnswer::Cancel;
     EXPECT_EQ(insert("ek!"), noCopy);

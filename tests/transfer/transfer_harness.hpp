@@ -76,9 +76,9 @@ struct TransferHarness {
         windows.answer = user;
         dialog.show(owner);
     }
-    /// n and d choose the file kind, s e x c the operation, f and a digit the filter; a digit turns a level's mark over, A and N are the buttons; o l
-    /// k a b turn over whether to overwrite, to launch the editor, to keep a safe copy, to write into the archive, into the Bazar Temp folder; !
-    /// runs.
+    /// n and d choose the file kind, s e x c the operation, f and a digit the filter; g leaves open whether to overwrite; a digit turns a level's
+    /// mark over, A and N are the buttons; o l k a b turn over whether to overwrite, to launch the editor, to keep a safe copy, to write into the
+    /// archive, into the Bazar Temp folder; ! runs.
     void click(const std::string& clicks) {
         const auto turn = [](CheckBox& box) { box.setChecked(!box.checked()); };
         for (std::size_t at = 0; at < clicks.size(); ++at) {
@@ -90,6 +90,7 @@ struct TransferHarness {
             if (letter == 'A') dialog.cmdSelAllResolution.press();
             if (letter == 'N') dialog.cmdSelNoneResolution.press();
             if (letter == 'o') turn(dialog.chkOverwriteExistingFiles);
+            if (letter == 'g') dialog.chkOverwriteExistingFiles.setValue(CheckValue::Grey);
             if (letter == 'k') turn(dialog.chkSaveCdds);
             if (letter == 'l') turn(dialog.chkLaunchEditor);
             if (letter == 'a' || letter == 'b') turn(dialog.chkDestination[letter == 'a' ? ToArchive : ToBazarTemp]);
