@@ -36,26 +36,6 @@ TEST_F(Extraction, WritesTheChosenFilesAndSaysSo) {
     }
 }
 
-// 5 x 6 texels in blocks of four colours, the rows from the top: two of red and green, then one of blue and white.
-TEST_F(Extraction, ImagesAreTheRightWayUpAndKeepTheirAlpha) {
-    // The type, the file and its header's length, a lower row and an upper one.
-    const std::tuple<std::string, const char*, std::size_t, const char*, const char*> cases[] = {
-        {"DXT1", "out/flag-5x6.bmp", 54, "4*FF0000 FFFFFF 00", "4*0000FF 00FF00 00"},
-        {"DXT5", "out/flag-5x6.tga", 18, "4*FF000080 FFFFFF80", "4*0000FF80 00FF0080"}};
-    for (const auto& [type, name, head, lower, upper] : cases) {
-        std::string blocks;
-        for (const char* color : {"00F8", "E007", "1F00", "FFFF"}) {
-            blocks += bytesOf((type == "DXT5" ? "8080 6*00 " : "") + std::string{color} + " 6*00");
-        }
-        open({CddsType::TypeCdds, {{"flag.x", type, {{5, 6, blocks}}}}});
-        extract("n!");
-        const std::string file = folder.read(name), low = bytesOf(lower), high = bytesOf(upper);
-        const bool fromTop = head == 18 && (file[17] & 0x20) != 0;
-        const std::string rows = fromTop ? high + high + high + high + low + low : low + low + high + high + high + high;
-        EXPECT_EQ(file.substr(head, rows.size()), rows) << type;
-    }
-}
-
 TEST_F(Extraction, HandsTheFileToTheEditor) {
     open({CddsType::TypeCdds, {chainOf("a b.bmp", "DXT1", 8, 8)}});
     const auto launch = [&](const std::string& clicks) {

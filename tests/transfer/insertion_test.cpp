@@ -316,9 +316,7 @@ TEST_F(TroubledInsertion, InsertsNothingWithoutTheSafeCopyThatIsWanted) {
     EXPECT_TRUE(archive() == before);
 }
 
-using BazarTemp = TroubledInsertion;
-
-TEST_F(BazarTemp, GetsTheTextureUnderItsOwnName) {
+TEST_F(TroubledInsertion, CopiesTheTextureIntoBazarTempUnderItsOwnName) {
     const std::string destination = folder.file("bazar/wall.xyz"), copied = noCopy + "bazar/wall.xyz overwritten| 1 file(s) copied.|";
     for (const auto& [type, start] : {std::pair{"DXT1", std::string{"BM"}}, std::pair{"DXT5", bytesOf("000002")}}) {
         open({cdds, {chainOf("wall.xyz", type, 4, 4)}});
@@ -340,7 +338,7 @@ TEST_F(BazarTemp, GetsTheTextureUnderItsOwnName) {
     }
 }
 
-TEST_F(BazarTemp, GetsNothingWhereThereIsNothingToCopyOrNowhereToPutIt) {
+TEST_F(TroubledInsertion, CopiesNothingWhereThereIsNothingToCopyOrNowhereToPutIt) {
     EXPECT_EQ(insert("eab!"), noCopy) << "no such file";
     put("wall-4x4.dds", "no picture");
     EXPECT_EQ(insert("eab!"), noCopy);
