@@ -1,4 +1,4 @@
-#include "transfer/insertion_harness.hpp"
+#include "transfer/transfer_harness.hpp"
 
 #include <chrono>
 #include <iostream>
@@ -19,15 +19,11 @@ using std::chrono::microseconds;
 
 struct Scenario {
     const char* name;
-    FileTypeOption kind;
-    MipmapOperation operation;
-    int filter;
+    const char* clicks; ///< of the user, from opening the dialog on
 };
-constexpr Scenario scenarios[] = {
-    {"dds embedded", DdsFileType, Embedded, 2},   {"dds external", DdsFileType, External, 2},
-    {"dds single", DdsFileType, Single, 2},       {"dds create", DdsFileType, Create, 2},
-    {"tga single", NativeFileType, Single, 2},    {"tga create", NativeFileType, Create, 2},
-    {"tga create box", NativeFileType, Create, 3}};
+constexpr Scenario scenarios[] = {{"dds embedded", "e!"},    {"dds external", "x!"}, {"dds single", "s!"},
+                                  {"dds create", "c!"},      {"tga single", "ns!"},  {"tga create", "nc!"},
+                                  {"tga create box", "nf3!"}};
 
 /// Which parts of an insertion a killed one had done.
 struct Tally {
@@ -45,10 +41,13 @@ public:
         h_.open({CddsType::TypeCdds, {chainOf("other", "DXT1", 64, 64), wall}});
         h_.choose(1);
         for (int level = 0; level < static_cast<int>(wall.levels.size()); ++level) {
-            h_.extract(DdsFileType, Single, level);
+            h_.show(DialogMode::Extraction, [&] {
+                h_.dialog.List1.setChecked(level, true);
+                h_.click("!");
+            });
         }
-        h_.extract(DdsFileType, Embedded); // of level 0's name as well
-        h_.extract(NativeFileType, Single);
+        h_.extract("eo!"); // of level 0's name as well
+        h_.extract("n!");
         // Every level of the archive is now other than what is inserted.
         before_ = h_.outside(h_.archive());
     }
@@ -81,8 +80,8 @@ private:
     unsigned below(unsigned limit) { return static_cast<unsigned>(random_() % limit); }
     void reset() {
         (void)h_.folder.write("a.cdds", before_);
-        for (const std::string& name : h_.copies.names()) {
-            std::filesystem::remove(h_.copies.file(name));
+        for (const std::string& name : h_.folder.names("copies")) {
+            std::filesystem::remove(h_.folder.file("copies/" + name));
         }
     }
     /// Until a byte somewhere in a level has become another: what is behind it is then mostly still to come.
@@ -109,8 +108,7 @@ private:
             close(ends_[1]);
             return;
         }
-        h_.insert(scenario.kind, scenario.operation,
-                  [&] { h_.dialog.lstScaleFilter.select(scenario.filter); });
+        h_.insert(scenario.clicks);
         _exit(h_.boxes.take().empty() ? 0 : 1);
     }
     /// Whether it came to its end.
@@ -137,9 +135,9 @@ private:
             changed += level == fresh && fresh != old ? 1 : 0;
             whole = whole && (level == fresh || level == old);
         }
-        const std::vector<std::string> copies = h_.copies.names();
+        const std::vector<std::string> copies = h_.folder.names("copies");
         for (const std::string& name : copies) {
-            whole = whole && name == "a-0.cdds" && h_.copies.read(name) == before_;
+            whole = whole && name == "a-0.cdds" && h_.folder.read("copies/" + name) == before_;
         }
         if (!whole || (changed > 0 && copies.empty())) ++tally.wrong;
         ++(finished              ? tally.finished
@@ -149,7 +147,7 @@ private:
                                  : tally.copied);
     }
 
-    InsertionHarness h_;
+    TransferHarness h_;
     std::mt19937 random_;
     std::string before_, after_;
     microseconds duration_{};

@@ -2,13 +2,11 @@
 
 #include "support/temporary_folder.hpp"
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
-using test::bytesOf;
 using Names = std::vector<std::string>;
 
-class DdsExportTest : public testing::Test {
-protected:
+struct DdsExportTest : testing::Test {
     // A file of counting bytes, and a texture whose levels take of them what they like.
     void open(const std::string& type, std::vector<MipmapRecord> levels) {
         std::string bytes(4096, '\0');
@@ -19,10 +17,10 @@ protected:
     }
     [[nodiscard]] std::string archiveBytes(std::size_t at, std::size_t size) const { return folder.read("a.cdds").substr(at, size); }
     ErrorNumber failureOfLevel(const std::string& name, std::int16_t texture, std::int16_t level) {
-        return ErrorNumber{test::failureOf([&] { dds.writeDdsLevelFile(folder.file(name), texture, level); }).number()};
+        return ErrorNumber{failureOf([&] { dds.writeDdsLevelFile(folder.file(name), texture, level); }).number()};
     }
 
-    test::TemporaryFolder folder;
+    TemporaryFolder folder;
     CddsArchive archive;
     std::string path;
     DdsExport dds{archive, path};
@@ -47,20 +45,9 @@ TEST_F(DdsExportTest, AChainBeyondAnyFileIsRefusedBeforeItIsRead) {
     open("DXT1", {});
     std::filesystem::resize_file(path, 1000000);
     archive.textures[0].mipmaps.assign(3000, {"DXT1", 0, 1000000, 64, 64});
-    const RuntimeError error = test::failureOf([&] { dds.writeDdsChainFile(folder.file("out.dds"), 0); });
+    const RuntimeError error = failureOf([&] { dds.writeDdsChainFile(folder.file("out.dds"), 0); });
     EXPECT_EQ(error.number(), static_cast<int>(ErrorNumber::Overflow));
     EXPECT_EQ(folder.names(), Names{"a.cdds"});
-}
-
-TEST_F(DdsExportTest, NativeKind) {
-    constexpr NativeImageKind bmp{"BMP", ImageFileKind::Bmp};
-    constexpr NativeImageKind tga{"TGA", ImageFileKind::Tga};
-    const std::pair<const char*, std::optional<NativeImageKind>> cases[] = {{"DXT1", bmp}, {"dxt1", bmp}, {"Dxt5", tga},
-                                                                            {"ARGB", {}},  {"DXT3", {}},  {"", {}}};
-    for (const auto& [type, kind] : cases) {
-        open(type, {});
-        EXPECT_EQ(dds.nativeImageKind(0), kind) << type;
-    }
 }
 
 TEST_F(DdsExportTest, FailsWithoutTouchingWhatIsThere) {
@@ -80,7 +67,7 @@ TEST_F(DdsExportTest, AWriteThatFailsLeavesTheOldFileAndNoOther) {
     open("DXT1", {{"DXT1", 0, 4096, 64, 64}});
     (void)folder.write("out.dds", "before");
     {
-        const test::FullDisk disk{1000};
+        const FullDisk disk{1000};
         for (const char* name : {"out.dds", "new.dds"}) { EXPECT_NE(failureOfLevel(name, 0, 0), ErrorNumber{}) << name; }
     }
     EXPECT_EQ(folder.read("out.dds"), "before");
@@ -98,7 +85,7 @@ TEST(DdsFiles, OtherProgramsSeeTheSamePicture) {
         {"DXT5", bytesOf("8080 6*00 00F8 6*00 8080 6*00 1F00 6*00"),
          bytesOf("FF000080 FF000080 FF000080 FF000080 0000FF80 0000FF80 0000FF80 0000FF80")}};
     for (const auto& [type, blocks, row] : cases) {
-        const test::TemporaryFolder folder;
+        const TemporaryFolder folder;
         const std::string path = folder.write("a.cdds", blocks + blocks);
         const auto size = static_cast<std::int32_t>(blocks.size());
         const CddsArchive archive{CddsType::TypeCdds, {{"t", type, 2, {{type, 0, size, 8, 4}, {type, size, size / 2, 4, 2}}}}, 2};
@@ -116,4 +103,4 @@ TEST(DdsFiles, OtherProgramsSeeTheSamePicture) {
     }
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

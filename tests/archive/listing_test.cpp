@@ -1,12 +1,11 @@
 #include "archive/listing.hpp"
 
-#include "archive/number_text.hpp"
 #include "platform/text.hpp"
 #include "support/values.hpp"
 
 #include <limits>
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
 constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
@@ -60,11 +59,4 @@ TEST(Listing, TextureAndMipmapLines) {
     EXPECT_EQ(line, "   17        2048         64         32        200         C8        -16   FFFFFFF0        184         B8 ");
 }
 
-TEST(Listing, NumbersAndNames) {
-    EXPECT_EQ(test::row(fileNumberText(0), fileNumberText(1234567)), "      0 ,  1234567 ");
-    EXPECT_EQ(test::row(indexText(7), indexText(32767)), "    7  ,  32767  ");
-    EXPECT_EQ(test::row(decimalText(42), decimalText(-7)), " 42, -7");
-    EXPECT_EQ(test::row(listing::nameListEntry("  smoke 01.tga "), listing::nameListEntry("   ")), "smoke 01.tga, ");
-}
-
-}} // namespace pelrath
+}} // namespace pelrath::test

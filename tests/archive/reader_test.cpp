@@ -4,15 +4,12 @@
 #include "support/archive_builder.hpp"
 #include "support/temporary_folder.hpp"
 
-namespace pelrath { namespace {
-
-using test::ArchiveBuilder;
-using test::TexturePlan;
+namespace pelrath::test { namespace {
 
 constexpr CddsType bothLayouts[] = {CddsType::Type0C, CddsType::TypeCdds};
 
 CddsArchive readBytes(const std::string& bytes) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     const ArchiveContents contents = readArchive(folder.write("a.cdds", bytes));
     if (const auto* tables = std::get_if<Tables0C>(&contents)) return makeCatalogue(*tables);
     if (const auto* tables = std::get_if<TablesCdds>(&contents)) return makeCatalogue(*tables);
@@ -34,7 +31,7 @@ std::vector<TextureRecord> recordsOf(const ArchiveBuilder& builder) {
         const auto& places = builder.dataAt[records.size()];
         TextureRecord& record = records.emplace_back(TextureRecord{plan.name, plan.type, static_cast<std::int32_t>(places.size()), {}});
         for (std::size_t j = 0; j < places.size(); ++j) {
-            const test::LevelPlan& level = plan.levels[j];
+            const LevelPlan& level = plan.levels[j];
             record.mipmaps.push_back({plan.type, places[j], static_cast<std::int32_t>(level.data.size()), level.width, level.height});
         }
     }
@@ -86,7 +83,7 @@ TEST(Reader, SkipsZeroBytesAndKeepsEveryOther) {
 }
 
 TEST(Reader, TakesNothingElseForAnArchive) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     for (const std::string start : {"DDS ", "CDDS", "cddS"}) {
         const auto contents = readArchive(folder.write("a", start + std::string(200, '\0')));
         EXPECT_TRUE(std::holds_alternative<NotAnArchive>(contents)) << start;
@@ -138,11 +135,11 @@ TEST(Reader, RefusesDamageWithItsReason) {
 
 TEST(Reader, CountsLevelsOverAllTextures) {
     // 40 textures that share one table of 1000 levels: more levels than can be, in a small file.
-    const TexturePlan many{"m", "DXT1", std::vector<test::LevelPlan>(1000, {1, 1, ""}), 60000};
+    const TexturePlan many{"m", "DXT1", std::vector<LevelPlan>(1000, {1, 1, ""}), 60000};
     ArchiveBuilder builder{CddsType::Type0C, std::vector(32, many)};
     EXPECT_EQ(readBytes(builder.build()).totalMipmapCount, 32000);
     builder.textures.assign(40, many);
     EXPECT_NE(damageOf(builder.build()).find("Texture 33"), std::string::npos);
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

@@ -9,10 +9,7 @@
 #include <functional>
 #include <optional>
 
-namespace pelrath { namespace {
-
-using test::Log;
-using test::row;
+namespace pelrath::test { namespace {
 
 TEST(Signals, HandlersMayComeAndGoDuringAnEmission) {
     Signal<> signal;
@@ -152,4 +149,4 @@ TEST(ListBoxSearch, FindsTheFirstFromTheTop) {
     EXPECT_EQ(list.findPrefix("a"), -1);
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

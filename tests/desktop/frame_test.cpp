@@ -6,7 +6,7 @@
 #include <cstring>
 #include <random>
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
 struct Color {
     double r = 0, g = 0, b = 0, a = 1; // 0 to 1
@@ -71,10 +71,10 @@ TEST_P(Frames, EqualTheBlendEquationsAtEveryPixel) {
     std::mt19937 random{width * 31 + height};
     std::string blocks(std::size_t{(width + 3) / 4} * ((height + 3) / 4) * (dxt5 ? 16 : 8), '\0');
     std::generate(blocks.begin(), blocks.end(), [&] { return static_cast<char>(random() & 0xFFU); });
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     desktop::QtViewportSurface surface;
     const auto device = surface.createDevice(512, 512);
-    device->loadTexture(folder.write("t.dds", test::ddsFile(dxt5 ? "DXT5" : "DXT1", width, height, blocks)));
+    device->loadTexture(folder.write("t.dds", ddsFile(dxt5 ? "DXT5" : "DXT1", width, height, blocks)));
     const Color back{0x20 / 255.0, 0x60 / 255.0, 0xA0 / 255.0};
     ViewerState state;
     state.referenceWidth = state.referenceHeight = 512;
@@ -111,4 +111,4 @@ INSTANTIATE_TEST_SUITE_P(Sizes, Frames,
                                          Size{37, 53, false}, Size{300, 200, true}, Size{512, 512, false}, Size{1024, 256, true},
                                          Size{600, 1024, false}, Size{1, 2048, true}, Size{2048, 2048, false}));
 
-}} // namespace pelrath
+}} // namespace pelrath::test

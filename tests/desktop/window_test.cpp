@@ -1,26 +1,20 @@
 #include "desktop/application.hpp"
 #include "desktop/folder_picker_dialog.hpp"
 #include "desktop/list_box_view.hpp"
+#include "desktop/real_user.hpp"
 #include "support/archive_builder.hpp"
 #include "support/temporary_folder.hpp"
-#include "user_script.hpp"
 
-#include <QTest>
-#include <QtWidgets>
-
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
 using desktop::ListBoxView;
-using test::plainBlocks;
-using test::row;
 
 // The real program on a real display, and a user in front of it.
-class RealWindow : public testing::Test {
-protected:
+struct RealWindow : RealUser {
     RealWindow() {
         program.session.programFolder = folder.path();
         (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n"); // not the first run
-        test::ArchiveBuilder builder{
+        ArchiveBuilder builder{
             CddsType::TypeCdds,
             {{"first.bmp", "DXT1", {{64, 32, plainBlocks(64, 32, 0xF800)}}},
              {"abc.bmp", "DXT1", {{1024, 512, plainBlocks(1024, 512, 0x07E0)}}},
@@ -33,36 +27,28 @@ protected:
     // Does what was scripted, and closes the window in the end.
     void run(bool closing = true) {
         if (closing) user.then([this] { program.window.close(); });
-        user.onGivingUp = [this] {
-            while (QWidget* dialog = QApplication::activeModalWidget()) { dialog->close(); }
-            program.window.close();
+        const auto start = [this] { // the first run's terms are shown before start() returns
+            program.start();
+            QApplication::exec();
         };
-        user.start(); // the first run's terms are shown before start() returns
-        program.start();
-        QApplication::exec();
-        EXPECT_TRUE(user.finished()) << "missed: " << user.missed().toStdString();
+        runFor(start, [this] { program.window.close(); });
     }
     tour::UserScript& untilLoop() {
         return user.until("the loop", [this] { return program.session.viewer.Running; });
-    }
-    template <class Dialog> tour::UserScript& untilDialog() {
-        return user.until("the dialog", [] { return dialog<Dialog>() != nullptr; });
     }
     void openArchive() {
         untilLoop().then([this] { widget<QPushButton>("Command1").click(); });
         untilDialog<QFileDialog>()
             .then([this] {
                 EXPECT_EQ(dialog<QFileDialog>()->windowTitle(), "Select .CDDS file to analyse");
-                auto* name = dialog<QFileDialog>()->findChild<QLineEdit*>("fileNameEdit");
-                name->setText(QString::fromStdString(archive));
-                QTest::keyClick(name, Qt::Key_Return);
+                in<QLineEdit>("fileNameEdit").setText(QString::fromStdString(archive));
+                press(in<QLineEdit>("fileNameEdit"), Qt::Key_Return);
             })
             .until("the panes", [this] { return list("Output0").model()->rowCount() == 204; })
             .until("the picture", [this] { return pixelAt(0, 0) == QColor(255, 0, 0); });
     }
 
     template <class Widget> Widget& widget(const char* name) { return *program.window.findChild<Widget*>(name); }
-    template <class Dialog> static Dialog* dialog() { return dynamic_cast<Dialog*>(QApplication::activeModalWidget()); }
     ListBoxView& list(const char* name) { return widget<ListBoxView>(name); }
     int chosenRow(const char* name) {
         const QModelIndexList rows = list(name).selectionModel()->selectedIndexes();
@@ -73,10 +59,9 @@ protected:
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
     }
 
-    test::TemporaryFolder folder;
+    TemporaryFolder folder;
     std::string archive;
     desktop::Application program;
-    tour::UserScript user;
 };
 
 TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
@@ -91,13 +76,12 @@ TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
             QTest::mouseClick(&box, Qt::LeftButton);     // selects what is there
             QTest::keyClicks(&box, "ab");                // faster than any event loop turns
             EXPECT_EQ(row(box.text().toStdString(), box.selectedText().toStdString()), "abc.bmp, c.bmp");
-            QTest::keyClick(&box, Qt::Key_D);
+            press(box, Qt::Key_D);
             EXPECT_EQ(box.text(), "abd.bmp");
-            QTest::keyClick(&box, Qt::Key_Backspace);
-            QTest::keyClick(&box, Qt::Key_Backspace);
+            press(box, Qt::Key_Backspace, 2);
             EXPECT_EQ(box.text(), "a");
             EXPECT_EQ(chosen(), "2, 2, 2");
-            QTest::keyClick(&box, Qt::Key_Up);
+            press(box, Qt::Key_Up);
             EXPECT_EQ(chosen(), "1, 1, 1");
         })
         .until("the fitted picture", [this] { return pixelAt(511, 255) == QColor(0, 255, 0) && pixelAt(511, 256) == QColor(0, 0, 0); })
@@ -155,13 +139,11 @@ TEST_F(RealWindow, TheLoopStopsAndStartsButNotInsideAMessageBox) {
 
 TEST_F(RealWindow, TheFirstRunAsks) {
     (void)folder.write("Pelrath.ini", "");
-    const auto button = [](const char* name) { return dialog<QDialog>()->findChild<QPushButton*>(name); };
-    untilDialog<QDialog>().then([button] {
-        EXPECT_EQ(dialog<QDialog>()->windowTitle(), "Pelrath V1.0-1 - Disclaimer");
-        EXPECT_EQ(button("Command10")->text(), "I &accept");
-        dialog<QDialog>()->findChild<QRadioButton*>("Option10")->click();
-        EXPECT_EQ(button("Command11")->text(), "Je &refuse");
-        button("Command10")->click();
+    untilDialog<QDialog>().then([] {
+        EXPECT_EQ(in<QPushButton>("Command10").text(), "I &accept");
+        in<QRadioButton>("Option10").click();
+        EXPECT_EQ(in<QPushButton>("Command11").text(), "Je &refuse");
+        in<QPushButton>("Command10").click();
     });
     untilLoop();
     run();
@@ -186,7 +168,7 @@ TEST_F(RealWindow, APlaceOffEveryScreenIsKeptAndTheWindowReachable) {
     });
     untilDialog<desktop::FolderChoiceDialog>().then([] { // centred on a place off every screen
         EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().contains(dialog<QDialog>()->geometry()));
-        QTest::keyClick(dialog<QDialog>(), Qt::Key_Escape);
+        press(*dialog<QDialog>(), Qt::Key_Escape);
     });
     run();
     EXPECT_NE(folder.read("Pelrath.ini").find("MainTop=9000\nMainLeft=-9000\n"), std::string::npos);
@@ -197,22 +179,21 @@ TEST_F(RealWindow, AWorkingFolderIsAskedForUntilThereIsOne) {
         user.then([this, &model] { program.refresh.deliver([&model] { model.show(); }); });
         untilDialog<desktop::FolderChoiceDialog>();
     };
-    const auto in = [](const char* name) { return dialog<QDialog>()->findChild<QPushButton*>(name); };
     untilLoop();
     show(program.main.frmGetBazarTempFolder);
-    user.then([in] {
-        in("cmdOK")->setFocus();
-        QTest::keyClick(in("cmdOK"), Qt::Key_Return);
+    user.then([] {
+        in<QPushButton>("cmdOK").setFocus();
+        press(in<QPushButton>("cmdOK"), Qt::Key_Return);
     });
-    untilDialog<QMessageBox>().then([] { dialog<QMessageBox>()->accept(); });
+    acceptMessage();
     untilDialog<desktop::FolderChoiceDialog>()
         .until("the focus", [] { return QApplication::focusWidget() != nullptr && QApplication::focusWidget()->objectName() == "selectedFolder"; })
         .then([] {
             QTest::keyClicks(QApplication::focusWidget(), "/no such");
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            press(*QApplication::focusWidget(), Qt::Key_Return);
         });
     show(program.main.frmGetCDDSBackupFolder);
-    user.then([in] { in("cmdGetExtractInsertFolder")->click(); });
+    user.then([] { in<QPushButton>("cmdGetExtractInsertFolder").click(); });
     untilDialog<desktop::FolderPickerDialog>(); // the close comes over all of them
     run();
     EXPECT_EQ(row(program.session.settings.bazarTempFolder, program.session.settings.cddsBackupFolder), "/no such, ");
@@ -220,14 +201,13 @@ TEST_F(RealWindow, AWorkingFolderIsAskedForUntilThereIsOne) {
 }
 
 TEST(WithoutOpenGl, TheProgramRunsWithoutAPicture) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     const QString program = QString::fromStdString(folder.file("pelrath"));
     ASSERT_TRUE(QFile::copy(PELRATH_PROGRAM, program));
     (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n");
     QProcess process;
     process.start("/usr/bin/env", {"QT_XCB_GL_INTEGRATION=none", program});
     EXPECT_FALSE(process.waitForFinished(2000)); // it shows its window and the message, and does not die
-    EXPECT_EQ(process.state(), QProcess::Running);
     process.kill();
     process.waitForFinished();
 }
@@ -247,7 +227,7 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
         QStringList visited;
         for (int i = 0; i < 40 && (i == 0 || QApplication::focusWidget() != first); ++i) {
             visited << QApplication::focusWidget()->objectName();
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            press(*QApplication::focusWidget(), Qt::Key_Tab);
         }
         EXPECT_EQ(visited.mid(0, 6).join(' ').toStdString(), "Text1 Command1 cmdReadCDDS Text8 cmdGetExtractInsertFolder incrementalSearchText");
         for (const char* name : {"Output0", "Output1", "Output2", "chkGraphicDisplay", "viewPortSize1", "Text5"}) {
@@ -259,10 +239,6 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
 
 TEST_F(RealWindow, TheDialogOfATextureWorksFromTheKeyboard) {
     openArchive();
-    const auto press = [](int key, Qt::KeyboardModifiers held = {}) {
-        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), held);
-    };
-    const auto summary = [] { return dialog<QDialog>()->findChild<QPlainTextEdit*>("ExtractSummary"); };
     const auto open = [this] {
         user.then([this] {
                 click(list("Output0"), 3);
@@ -272,40 +248,42 @@ TEST_F(RealWindow, TheDialogOfATextureWorksFromTheKeyboard) {
             })
             .until("the dialog", [] { return dialog<QDialog>() != nullptr && dialog<QDialog>()->isActiveWindow(); });
     };
+    const auto untilClosed = [this] { user.until("its end", [] { return dialog<QDialog>() == nullptr; }); };
     open();
-    user.then([=] {
+    user.then([] {
         EXPECT_EQ(QApplication::focusWidget()->objectName(), "cmdExtractInsert");
         QTest::keyClick(dialog<QDialog>(), Qt::Key_X, Qt::AltModifier);
     });
     user.until("the levels one by one", [this] { return program.main.transfer.optMipmaps[External].selected(); });
-    user.then([=, this] {
-        auto* levels = dialog<QDialog>()->findChild<QListView*>("List1");
-        levels->setFocus();
-        press(Qt::Key_Down);
-        press(Qt::Key_Space);
+    user.then([this] {
+        auto& levels = in<QListView>("List1");
+        auto& summary = in<QPlainTextEdit>("ExtractSummary");
+        levels.setFocus();
+        press(levels, Qt::Key_Down);
+        press(levels, Qt::Key_Space);
         EXPECT_EQ(row(program.main.transfer.List1.isChecked(0), program.main.transfer.List1.isChecked(1)), "true, false");
         for (const auto& [line, button] : {std::pair{0, Qt::RightButton}, {0, Qt::LeftButton}, {1, Qt::LeftButton}}) {
-            const QRect place = levels->visualRect(levels->model()->index(line, 0));
-            QTest::mouseClick(levels->viewport(), button, {}, {place.left() + 8, place.center().y()}); // on the box
+            const QRect place = levels.visualRect(levels.model()->index(line, 0));
+            QTest::mouseClick(levels.viewport(), button, {}, {place.left() + 8, place.center().y()}); // on the box
         }
-        EXPECT_EQ(row(levels->model()->index(0, 0).data(Qt::CheckStateRole).toInt(), levels->currentIndex().row()), "0, 1");
-        press(Qt::Key_Return); // the default button
-        EXPECT_EQ(summary()->toPlainText().toStdString(), folder.file("\u00E9toile-2x2.dds written\n1 file(s) extracted."));
-        const int height = summary()->height();
+        EXPECT_EQ(row(levels.model()->index(0, 0).data(Qt::CheckStateRole).toInt(), levels.currentIndex().row()), "0, 1");
+        press(levels, Qt::Key_Return); // the default button
+        EXPECT_EQ(summary.toPlainText().toStdString(), folder.file("\u00E9toile-2x2.dds written\n1 file(s) extracted."));
+        const int height = summary.height();
         dialog<QDialog>()->resize(dialog<QDialog>()->size() + QSize{0, 100});
-        EXPECT_EQ(summary()->height(), height + 100);
-        press(Qt::Key_Escape);
+        EXPECT_EQ(summary.height(), height + 100);
+        press(levels, Qt::Key_Escape);
     });
-    user.until("its end", [] { return dialog<QDialog>() == nullptr; });
+    untilClosed();
     open();
-    user.then([=] {
-        EXPECT_TRUE(dialog<QDialog>()->findChild<QRadioButton*>("optMipmaps0")->isChecked());
-        EXPECT_EQ(summary()->toPlainText(), "");
+    user.then([] {
+        EXPECT_TRUE(in<QRadioButton>("optMipmaps0").isChecked());
+        EXPECT_EQ(in<QPlainTextEdit>("ExtractSummary").toPlainText(), "");
         dialog<QDialog>()->close();
     });
-    user.until("its end", [] { return dialog<QDialog>() == nullptr; });
+    untilClosed();
     run();
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"Pelrath.ini", "demo.cdds", "\u00E9toile-2x2.dds"}));
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

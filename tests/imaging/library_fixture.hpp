@@ -30,8 +30,7 @@ inline std::string pixels(std::string_view letters) {
 
 /// The started library with a facade over it, and pictures as text: rows from the top, four bytes a pixel
 /// (red, green, blue, alpha).
-class LibraryTest : public ::testing::Test {
-protected:
+struct LibraryTest : testing::Test {
     LibraryTest() {
         facade.initImageLibrary();
         facade.trace().setSink([this](const std::string& line) { lines.push_back(line); });

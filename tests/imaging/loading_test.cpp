@@ -6,8 +6,7 @@
 
 namespace pelrath::test { namespace {
 
-class Loading : public LibraryTest {
-protected:
+struct Loading : LibraryTest {
     /// Runs one of the image editors' own writers in the folder.
     void run(const std::string& command) const {
         const std::string line = "cd '" + folder.path() + "' && PATH=/usr/bin:$PATH && " + command;

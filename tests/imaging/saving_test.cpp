@@ -5,8 +5,7 @@
 
 namespace pelrath::test { namespace {
 
-class Saving : public LibraryTest {
-protected:
+struct Saving : LibraryTest {
     Saving() {
         // 4 x 8, the upper half red, the lower one blue: no block of a DDS file needs to mix
         const std::string file = folder.write("source.tga", bytesOf("00000A 9*00 w4 w8 1820 8F 0000FF 8F FF0000"));

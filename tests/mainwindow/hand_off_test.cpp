@@ -1,41 +1,34 @@
 #include "mainwindow/main_harness.hpp"
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
-using test::row;
-
-class HandOff : public testing::Test, protected test::MainHarness {};
+class HandOff : public testing::Test, protected MainHarness {};
 
 TEST_F(HandOff, OpensTheDialogOnceAllIsChosen) {
     start();
     (void)folder.write("file", "");
     std::filesystem::create_directory(folder.file("out"));
     const std::string wanted = folder.file("out");
-    int before = 0;
     std::string caption;
     windows.answer = [&] { caption = main.transfer.window.caption(); };
     const auto pressed = [&](const std::string& path, CommandButton& button) {
         main.Text8.setText(path);
-        before = windows.shown;
-        caption.clear();
+        windows.shown = 0, caption.clear();
         button.press();
-        return row(windows.shown - before, caption, session.exportImportFolder);
+        return row(windows.shown, caption, session.exportImportFolder);
     };
     session.exportImportFolder = "/before";
     EXPECT_EQ(pressed("", main.cmdExtract), "0, , /before");
-    EXPECT_EQ(boxes.take(),
-              (std::vector<test::ShownBox>{{"Texture Path not selected. Please select a valid folder", "Pelrath - Folder not selected"}}));
+    boxes.expect({"Texture Path not selected. Please select a valid folder", "Pelrath - Folder not selected"});
     for (const char* name : {"gone", "file"}) {
         EXPECT_EQ(pressed(folder.file(name), main.cmdInsert), "0, , /before");
-        EXPECT_EQ(boxes.take(),
-                  (std::vector<test::ShownBox>{{"Texture Path not found. Please select a valid folder", "Pelrath - Folder not found"}}));
+        boxes.expect({"Texture Path not found. Please select a valid folder", "Pelrath - Folder not found"});
     }
     EXPECT_EQ(session.mode, DialogMode::Insertion); // set before what was missed
-    const std::vector<test::ShownBox> noTexture{
-        {"No Texture File Name selected. Please select one and try again.", "Pelrath - Texture not selected"}};
+    const ShownBox noTexture{"No Texture File Name selected. Please select one and try again.", "Pelrath - Texture not selected"};
     EXPECT_EQ(pressed(wanted, main.cmdExtract), "0, , " + wanted);
-    EXPECT_EQ(boxes.take(), noTexture);
-    open(test::archiveOf({"wall.bmp", "roof.bmp"}));
+    boxes.expect(noTexture);
+    open(archiveOf({"wall.bmp", "roof.bmp"}));
     EXPECT_EQ(pressed(wanted, main.cmdExtract), "1, Texture Extraction, " + wanted);
     EXPECT_EQ(pressed(wanted, main.cmdInsert), "1, Texture Insertion, " + wanted);
     choose(1);
@@ -43,7 +36,31 @@ TEST_F(HandOff, OpensTheDialogOnceAllIsChosen) {
     EXPECT_EQ(main.transfer.Text1.text(), "roof.bmp");
     main.Output[TexturePane].setSelected(1, false);
     EXPECT_EQ(pressed(wanted, main.cmdExtract), "0, , " + wanted);
-    EXPECT_EQ(boxes.take(), noTexture);
+    boxes.expect(noTexture);
 }
 
-}} // namespace pelrath
+TEST_F(HandOff, BrowsingSetsTheFolder) {
+    start();
+    main.window.setHandle(7);
+    session.exportImportFolder = "/kept";
+    main.Text8.setText("/typed meanwhile");
+    // What the picker answers, the folder in use, and what the box shows.
+    const std::array<const char*, 3> cases[] = {{"", "/kept", "/typed meanwhile"}, {"/new", "/new", "/new"}, {"", "/new", "/new"}};
+    for (const auto& [chosen, inUse, shown] : cases) {
+        const std::string before = session.exportImportFolder;
+        folderPicker.user = [chosen = chosen] { return FolderPicker::Choice{"name", chosen}; };
+        main.cmdGetExtractInsertFolder.press();
+        EXPECT_EQ(row(folderPicker.asked.title, folderPicker.asked.initialFolder), "Select Texture Set Root Path, " + before);
+        EXPECT_EQ(row(folderPicker.asked.flags, folderPicker.asked.owner), row(0x7D, 7));
+        EXPECT_EQ(row(session.exportImportFolder, main.Text8.text()), row(inUse, shown));
+    }
+}
+
+TEST_F(HandOff, NoBrowsingDuringARead) {
+    start();
+    pump.whilePending = [&] { main.cmdGetExtractInsertFolder.press(); };
+    open(archiveOf({"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}));
+    EXPECT_EQ(row(pump.pending > 0, folderPicker.shown, main.cmdGetExtractInsertFolder.enabled()), "true, 0, true");
+}
+
+}} // namespace pelrath::test

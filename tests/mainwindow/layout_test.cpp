@@ -1,11 +1,8 @@
 #include "main_harness.hpp"
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
-using test::row;
-
-class Layout : public testing::Test, protected test::MainHarness {
-protected:
+struct Layout : testing::Test, MainHarness {
     Layout() {
         start();
         main.window.setSize(20000, 12000);
@@ -64,7 +61,7 @@ TEST_F(Layout, TheWindowHasASmallestSize) {
 }
 
 TEST_F(Layout, AWideTitleScrolls) {
-    open(test::archiveOf({"a.bmp"}));
+    open(archiveOf({"a.bmp"}));
     ScrollBar& bar = main.HScroll[0];
     const auto pane = [&] { return row(main.Output[0].box().left, main.Output[0].box().width, main.Text2[0].box().left, main.Text2[0].box().width); };
     EXPECT_TRUE(bar.visible());
@@ -82,4 +79,4 @@ TEST_F(Layout, AWideTitleScrolls) {
     EXPECT_EQ(row(main.HScroll[1].visible(), main.HScroll[1].box().height), "false, 0"); // a shorter title, a lower bar
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

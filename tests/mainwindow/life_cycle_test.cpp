@@ -2,12 +2,9 @@
 
 #include <sys/stat.h>
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
-using test::row;
-
-class LifeCycleTest : public testing::Test, protected test::MainHarness {
-protected:
+struct LifeCycleTest : testing::Test, MainHarness {
     [[nodiscard]] std::string stored(const std::string& key) const {
         const std::string ini = folder.read("Pelrath.ini");
         const std::size_t at = ini.find("\n" + key + "=");
@@ -15,7 +12,7 @@ protected:
     }
     void openThree() {
         start();
-        open(test::archiveOf({"a", "b", "c"}));
+        open(archiveOf({"a", "b", "c"}));
     }
 };
 
@@ -47,7 +44,7 @@ TEST_F(LifeCycleTest, AnAcceptedFirstRunStoresThatAtOnce) {
 
 TEST_F(LifeCycleTest, ARefusalEndsTheProgramAndStoresTheDefaults) {
     for (const bool byButton : {true, false}) {
-        test::MainHarness fresh;
+        MainHarness fresh;
         std::filesystem::remove(fresh.folder.file("Pelrath.ini"));
         fresh.windows.answer = [&] {
             if (byButton) fresh.main.disclaimer.Command1[1].press();
@@ -63,7 +60,7 @@ TEST_F(LifeCycleTest, ARefusalEndsTheProgramAndStoresTheDefaults) {
 
 TEST_F(LifeCycleTest, OnlyTrueIsTrue) {
     for (const char* value : {"true", "TRUE", "1", "", "True "}) {
-        test::MainHarness fresh;
+        MainHarness fresh;
         (void)fresh.folder.write("Pelrath.ini", std::string{"[Setup]\nfirsttimedone="} + value + "\n");
         fresh.main.load();
         EXPECT_EQ(fresh.windows.shown, std::string_view{value} == "True " ? 0 : 1) << value;
@@ -92,7 +89,7 @@ TEST_F(LifeCycleTest, AWornFileNeverKeepsItFromStarting) {
                                                           {"[Setup]\nfirsttimedone=True\n[Settings]\nMainTop=99999\n", "\"MainTop\""},
                                                           {"\x01\xFF\xFE[[[]]=\n===\n[Setup]\nfirsttimedone=True", nullptr}};
     for (const auto& [ini, complaint] : cases) {
-        test::MainHarness fresh;
+        MainHarness fresh;
         (void)fresh.folder.write("Pelrath.ini", ini);
         fresh.windows.answer = [&] { fresh.main.disclaimer.Command1[0].press(); };
         fresh.start();
@@ -107,7 +104,7 @@ TEST_F(LifeCycleTest, AReturnFromADialogShowsTheTextureAnew) {
     choose(2);
     main.viewPortSize[0].select();
     std::filesystem::remove(folder.file("tmp.dds"));
-    test::Log log;
+    Log log;
     log.watch(main.Output[TexturePane].click, "chosen");
     main.activate();
     EXPECT_EQ(log.take(), "chosen chosen"); // none, and again
@@ -185,4 +182,4 @@ TEST_F(LifeCycleTest, APlaceBeyondTheNumbersStopsTheSaving) {
     EXPECT_EQ(row(stored("extractionfolder"), main.window.isUnloaded()), "missing, true");
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

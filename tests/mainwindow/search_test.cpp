@@ -1,14 +1,11 @@
 #include "main_harness.hpp"
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
-using test::row;
-
-class Search : public testing::Test, protected test::MainHarness {
-protected:
+struct Search : testing::Test, MainHarness {
     Search() {
         start();
-        open(test::archiveOf({"first.bmp", "ABC.bmp", "abd.bmp", "  lead.tga", "hull.bmp", "hull", "r\xE9servoir.tga"}));
+        open(archiveOf({"first.bmp", "ABC.bmp", "abd.bmp", "  lead.tga", "hull.bmp", "hull", "r\xE9servoir.tga"}));
         emptyBox(); // of the first texture's name
     }
     void emptyBox() { box.edit("", 0, 0); }
@@ -75,7 +72,7 @@ TEST_F(Search, ArrowsStepThroughTheTextures) {
 }
 
 TEST_F(Search, TexturesOfOneNameAreAllReached) {
-    open(test::archiveOf({"a", "dup", "z", "dup", "", "q"}));
+    open(archiveOf({"a", "dup", "z", "dup", "", "q"}));
     emptyBox();
     type(U"d");
     for (const int next : {2, 3, 4, 5, 4, 3, 2, 1, 0}) {
@@ -96,7 +93,7 @@ TEST_F(Search, TheListGivesItsNameToTheBox) {
 }
 
 TEST(SearchWithoutArchive, TypingStaysWhatItIs) {
-    test::MainHarness harness;
+    MainHarness harness;
     harness.start();
     harness.type(U"ab\bc");
     EXPECT_EQ(harness.main.incrementalSearchText.text(), "ac");
@@ -105,4 +102,4 @@ TEST(SearchWithoutArchive, TypingStaysWhatItIs) {
     EXPECT_EQ(harness.main.incrementalSearchText.text(), "ac");
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

@@ -8,11 +8,10 @@
 #include <chrono>
 #include <thread>
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
 // A desktop of the test's own, which has a program for files of one kind.
-class Associations : public testing::Test {
-protected:
+struct Associations : testing::Test {
     Associations() {
         for (const char* made : {"data/mime", "data/applications", "config", "a folder"}) { std::filesystem::create_directories(folder.file(made)); }
         (void)folder.write("data/mime/globs2", "50:image/x-paint-pot:*.pot\n50:image/x-left-alone:*.alone\n");
@@ -34,7 +33,7 @@ protected:
         return found;
     }
 
-    test::TemporaryFolder folder;
+    TemporaryFolder folder;
     DesktopAssociations associations;
 };
 
@@ -52,4 +51,4 @@ TEST_F(Associations, AProgramIsFoundByTheNameAloneAndGetsThePathAsOneArgument) {
     EXPECT_EQ(children(), ""); // not even a dead one
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

@@ -1,3 +1,4 @@
+#include "platform/file_mode.hpp"
 #include "platform/files.hpp"
 
 #include "support/temporary_folder.hpp"
@@ -9,9 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace pelrath { namespace {
-
-using test::row;
+namespace pelrath::test { namespace {
 
 TEST(Files, PathsAreTakenApartAndPutTogether) {
     const std::array<const char*, 3> joins[] = {{"/a", "b", "/a/b"}, {"/a/", "b", "/a/b"}, {"/", "b", "/b"}, {"", "b", "b"}};
@@ -20,19 +19,8 @@ TEST(Files, PathsAreTakenApartAndPutTogether) {
     for (const auto& [path, expected] : parts) { EXPECT_EQ(row(parentFolder(path), withoutExtension(path)), expected); }
 }
 
-TEST(Files, ExistenceTellsFilesFromFolders) {
-    const test::TemporaryFolder folder;
-    const std::string file = folder.write("f", "x");
-    const auto exists = [](const std::string& path) { return row(fileExists(path), folderExists(path)); };
-    EXPECT_EQ(exists(file), "true, false");
-    EXPECT_EQ(exists(folder.path()), "false, true");
-    for (const std::string& nothing : {std::string{}, folder.file("none"), file + "/below"}) {
-        EXPECT_EQ(exists(nothing), "false, false") << nothing;
-    }
-}
-
 TEST(Files, ReadsOnlyInsideTheFile) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     const InputFile file{folder.write("f", "0123456789")};
     for (const auto& [offset, count] : {std::pair{0U, 10U}, {10U, 0U}, {9U, 1U}}) {
         std::string bytes(count, ' ');
@@ -41,7 +29,7 @@ TEST(Files, ReadsOnlyInsideTheFile) {
     }
     for (const auto& [offset, count] : {std::pair<std::uint64_t, std::size_t>{9, 2}, {11, 0}, {std::numeric_limits<std::uint64_t>::max(), 2}}) {
         std::vector<std::byte> bytes(count);
-        EXPECT_EQ(test::failureOf([&] { file.readAt(offset, bytes); }).number(), 62) << offset;
+        EXPECT_EQ(failureOf([&] { file.readAt(offset, bytes); }).number(), 62) << offset;
     }
     EXPECT_EQ(truncate(folder.file("f").c_str(), 4), 0); // shrinks while it is open
     std::array<std::byte, 10> all{};
@@ -51,16 +39,14 @@ TEST(Files, ReadsOnlyInsideTheFile) {
 }
 
 TEST(Files, ReplacingKeepsTheOldPermissions) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     const std::string path = folder.write("f", "old and longer");
     ASSERT_EQ(chmod(path.c_str(), 0640), 0);
     const std::string text = "new";
     const std::array<Bytes, 2> pieces{std::as_bytes(std::span{text}), std::as_bytes(std::span{text})};
     replaceFile(path, pieces, Durability::Flushed);
     EXPECT_EQ(folder.read("f"), "newnew");
-    struct stat info {};
-    ASSERT_EQ(stat(path.c_str(), &info), 0);
-    EXPECT_EQ(info.st_mode & 0777U, 0640U);
+    EXPECT_EQ(fileMode(path), 0640U);
     std::filesystem::create_symlink("f", folder.file("link")); // leads to the file that is meant
     replaceFile(folder.file("link"), std::span{pieces}.first(1), Durability::Scratch);
     EXPECT_EQ(row(std::filesystem::is_symlink(folder.file("link")), folder.read("f")), "true, new");
@@ -86,4 +72,4 @@ TEST(RuntimeErrors, NumbersAndSentences) {
     }
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

@@ -4,7 +4,7 @@
 
 #include <set>
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
 TEST(Text, EveryAnsiByteSurvivesARoundTrip) {
     std::set<std::string> seen;
@@ -20,10 +20,10 @@ TEST(Text, EveryAnsiByteSurvivesARoundTrip) {
 }
 
 TEST(Text, CountsAndCutsCharacters) {
-    EXPECT_EQ(test::row(characterCount(""), firstCharacters("", 3)), "0, ");
-    EXPECT_EQ(test::row(characterCount("abc"), firstCharacters("abc", 2)), "3, ab");
-    EXPECT_EQ(test::row(characterCount("a\u00E9\u20ACz"), firstCharacters("a\u00E9\u20ACz", 3)), "4, a\u00E9\u20AC");
-    EXPECT_EQ(test::row(characterCount("\u00FCb"), firstCharacters("\u00FCb", 9)), "2, \u00FCb");
+    EXPECT_EQ(row(characterCount(""), firstCharacters("", 3)), "0, ");
+    EXPECT_EQ(row(characterCount("abc"), firstCharacters("abc", 2)), "3, ab");
+    EXPECT_EQ(row(characterCount("a\u00E9\u20ACz"), firstCharacters("a\u00E9\u20ACz", 3)), "4, a\u00E9\u20AC");
+    EXPECT_EQ(row(characterCount("\u00FCb"), firstCharacters("\u00FCb", 9)), "2, \u00FCb");
 }
 
 TEST(Text, UpperCaseKeepsTheNumberOfCharacters) {
@@ -33,11 +33,11 @@ TEST(Text, UpperCaseKeepsTheNumberOfCharacters) {
 }
 
 TEST(Text, TrimsAndPads) {
-    EXPECT_EQ(test::row(trimBlanks("  a b  "), trimBlanks("   "), trimBlanks("\ta\t")), "a b, , \ta\t");
+    EXPECT_EQ(row(trimBlanks("  a b  "), trimBlanks("   "), trimBlanks("\ta\t")), "a b, , \ta\t");
     std::string line = "|";
     appendPadded(line, "\u00E9\u00E9", 4);
     appendPadded(line, "toolong", 4);
     EXPECT_EQ(line, "|\u00E9\u00E9  toolong");
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

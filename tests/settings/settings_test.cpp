@@ -3,11 +3,9 @@
 #include "settings/csetting.hpp"
 #include "support/temporary_folder.hpp"
 
-namespace pelrath { namespace {
+namespace pelrath::test { namespace {
 
-using test::row;
-
-CSetting iniSetting(const test::TemporaryFolder& folder) {
+CSetting iniSetting(const TemporaryFolder& folder) {
     CSetting setting;
     setting.Init("  " + folder.file("a") + " ", CSetting::IniMode);
     EXPECT_EQ(row(setting.appName(), setting.iniFileName()), folder.file("a, ") + folder.file("a.ini"));
@@ -17,7 +15,7 @@ CSetting iniSetting(const test::TemporaryFolder& folder) {
 // A number as it is read, or the failure of reading it.
 std::string numberIn(CSetting& setting, const char* key) {
     int number = 0;
-    const RuntimeError error = test::failureOf([&] { number = setting.GetSettingInt("s", key, 99); });
+    const RuntimeError error = failureOf([&] { number = setting.GetSettingInt("s", key, 99); });
     return error.number() == 0 ? std::to_string(number) : row(error.number(), error.source(), error.description());
 }
 
@@ -26,7 +24,7 @@ constexpr const char* overflow = "-2147220989, CSetting.GetSettingInt, Error rea
 using NumberCases = std::vector<std::pair<const char*, const char*>>;
 
 TEST(ProfileFiles, ValuesAreFoundAsTheFormatHasThem) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     (void)folder.write("a.ini", "\xEF\xBB\xBF; comment\r\nstray=1\r\n[ Setup ]x\r\n Key One = a = b ;c \r\n"
                                 "single='q'\r\ndouble=\" q \"\r\nhalf=\"q\r\nempty=\r\n;hidden=1\r\nno equals sign\r\n"
                                 "folder=/home/\u00E9t\u00E9/\u0394\r\n[Other]\r\nKey One=other\r\n[setup]\r\nlate=1");
@@ -45,7 +43,7 @@ TEST(ProfileFiles, ValuesAreFoundAsTheFormatHasThem) {
 }
 
 TEST(ProfileFiles, NumbersAreWhatAValueBeginsWith) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     const NumberCases cases = {{"12", "12"},         {"0x1F", "31"},      {"-0b101", "-5"},     {"-5", "-5"},        {"+7", "7"},
                                {"12abc", "12"},      {"abc", "0"},        {"", "99"},           {"1.9", "1"},        {"32767", "32767"},
                                {"-32768", "-32768"}, {"40000", overflow}, {"-40000", overflow}, {"4294967297", "1"}, {"\x01\x02\xFF", "0"}};
@@ -57,7 +55,7 @@ TEST(ProfileFiles, NumbersAreWhatAValueBeginsWith) {
 }
 
 TEST(ProfileFiles, WritingLeavesEverythingElse) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     CSetting setting = iniSetting(folder);
     setting.SaveSettingInt("New", "number", -5);
     EXPECT_EQ(folder.read("a.ini"), "[New]\nnumber=-5\n");
@@ -73,11 +71,11 @@ TEST(ProfileFiles, WritingLeavesEverythingElse) {
 }
 
 TEST(ProfileFiles, AFailedWriteIsSilentAndLeavesTheFileWhole) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     const std::string before = "[s]\nk=" + std::string(2000, 'x') + "\n";
     (void)folder.write("a.ini", before);
     CSetting setting = iniSetting(folder);
-    (test::FullDisk{500}, setting.SaveSettingStr("s", "other", "y"));
+    (FullDisk{500}, setting.SaveSettingStr("s", "other", "y"));
     EXPECT_EQ(folder.read("a.ini"), before);
     EXPECT_EQ(folder.names(), std::vector<std::string>{"a.ini"});
     setting.Init(folder.file("missing/a"), CSetting::IniMode);
@@ -87,7 +85,7 @@ TEST(ProfileFiles, AFailedWriteIsSilentAndLeavesTheFileWhole) {
 
 // The folder is read once a process: all of it in one test.
 TEST(Registry, KeepsTextsOfAnyKind) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     setenv("XDG_CONFIG_HOME", folder.path().c_str(), 1);
     CSetting first;
     EXPECT_EQ(first.GetSettingStr("s", "k", "default"), "default"); // initialises itself
@@ -115,7 +113,7 @@ TEST(Registry, KeepsTextsOfAnyKind) {
     EXPECT_EQ(longNamed.GetSettingStr("\xFE", "k", ""), "kept");
 
     for (const auto& stored : std::filesystem::directory_iterator{folder.file("pelrath")}) { std::ofstream{stored.path()} << "rubbish"; }
-    const RuntimeError error = test::failureOf([&] { setting.SaveSettingStr("s", "k", "v"); });
+    const RuntimeError error = failureOf([&] { setting.SaveSettingStr("s", "k", "v"); });
     EXPECT_EQ(row(error.number(), error.source()), "-2147220990, CSetting.SaveSettingStr");
     EXPECT_TRUE(error.description().starts_with("Error writing Setting (57, "));
 }
@@ -129,7 +127,7 @@ template <class Pass> std::string endOf(Pass pass) {
 }
 
 TEST(ApplicationSettingsFile, HoldsNineKeysInOrder) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     ApplicationSettings settings;
     loadApplicationSettings(folder.file("Pelrath"), settings);
     settings.mainTop = 10.5;
@@ -146,7 +144,7 @@ TEST(ApplicationSettingsFile, HoldsNineKeysInOrder) {
 }
 
 TEST(ApplicationSettingsFile, APassEndsAtTheKeyThatCannotBeUsed) {
-    const test::TemporaryFolder folder;
+    const TemporaryFolder folder;
     (void)folder.write("Pelrath.ini", "[Settings]\nMainTop=7\nViewPortWidth=99999\nViewPortColor=3\n[Setup]\nfirsttimedone=True\n");
     ApplicationSettings settings;
     EXPECT_EQ(endOf([&] { loadApplicationSettings(folder.file("Pelrath"), settings); }), "ViewPortWidth, Error reading Setting (6, Overflow)");
@@ -160,4 +158,4 @@ TEST(ApplicationSettingsFile, APassEndsAtTheKeyThatCannotBeUsed) {
     EXPECT_TRUE(ini.find("MainTop=5\n") < ini.find("firsttimedone=True\n") && ini.ends_with("True\n")) << ini;
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

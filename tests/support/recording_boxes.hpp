@@ -40,6 +40,9 @@ public:
         if (words != nullptr) { EXPECT_NE(shown[0].text.find(words), std::string::npos) << shown[0]; }
     }
 
+    /// Since the last call this one was shown, and no other.
+    void expect(const ShownBox& box) { EXPECT_EQ(take(), std::vector{box}); }
+
     BoxAnswer answer = BoxAnswer::Ok;
 
 private:

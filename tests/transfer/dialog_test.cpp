@@ -1,14 +1,11 @@
-#include "transfer/dialog_harness.hpp"
+#include "transfer/transfer_harness.hpp"
 
-namespace pelrath { namespace {
-
-using test::row;
+namespace pelrath::test { namespace {
 
 constexpr DialogMode out = DialogMode::Extraction;
 constexpr DialogMode in = DialogMode::Insertion;
 
-class Dialog : public testing::Test, protected test::DialogHarness {
-protected:
+struct Dialog : testing::Test, TransferHarness {
     /// The kind; the operations, upper case where enabled, the chosen one in brackets; the marks; what of filter, warning and
     /// Bazar Temp folder can be used.
     [[nodiscard]] std::string state() {
@@ -31,47 +28,41 @@ protected:
 TEST_F(Dialog, EveryChoiceRulesTheOthers) {
     const std::tuple<DialogMode, const char*, int, const char*, const char*> cases[] = {
         // An extraction: one level, or the marked ones, or all in one file; images are made of one level alone.
-        {out, "DXT1", 3, "", "dds (S)EXC #.."},
-        {out, "DXT1", 3, "2", "dds (S)EXC ..#"},
-        {out, "DXT1", 3, "0", "dds (S)EXC ..."},
-        {out, "DXT1", 3, "N", "dds (S)EXC ..."},
-        {out, "DXT1", 3, "2A", "dds (S)EXC #.."},
-        {out, "DXT1", 3, "e", "dds S(E)XC ###"},
-        {out, "DXT1", 3, "e1", "dds S(E)XC ###"},
-        {out, "DXT1", 3, "eN", "dds S(E)XC ###"},
-        {out, "DXT1", 3, "x", "dds SE(X)C ###"},
-        {out, "DXT1", 3, "x0", "dds SE(X)C .##"},
-        {out, "DXT1", 3, "xN", "dds SE(X)C ..."},
-        {out, "DXT1", 3, "xNA", "dds SE(X)C ###"},
-        {out, "DXT1", 3, "n", "BMP sexc #.."},
-        {out, "DXT5", 3, "x0n", "TGA sexc #.."},
-        {out, "DXT5", 3, "xn12", "TGA sexc ..#"},
-        {out, "DXT5", 3, "x0nd", "dds (S)EXC #.."},
+        {out, "DXT1", 4, "", "dds (S)EXC #.."},
+        {out, "DXT1", 4, "2", "dds (S)EXC ..#"},
+        {out, "DXT1", 4, "0", "dds (S)EXC ..."},
+        {out, "DXT1", 4, "N", "dds (S)EXC ..."},
+        {out, "DXT1", 4, "2A", "dds (S)EXC #.."},
+        {out, "DXT1", 4, "e", "dds S(E)XC ###"},
+        {out, "DXT1", 4, "e1", "dds S(E)XC ###"},
+        {out, "DXT1", 4, "eN", "dds S(E)XC ###"},
+        {out, "DXT1", 4, "x", "dds SE(X)C ###"},
+        {out, "DXT1", 4, "x0", "dds SE(X)C .##"},
+        {out, "DXT1", 4, "xN", "dds SE(X)C ..."},
+        {out, "DXT1", 4, "xNA", "dds SE(X)C ###"},
+        {out, "dxt1", 4, "n", "BMP sexc #.."},
+        {out, "Dxt5", 4, "x0n", "TGA sexc #.."},
+        {out, "DXT5", 4, "xn12", "TGA sexc ..#"},
+        {out, "DXT5", 4, "x0nd", "dds (S)EXC #.."},
         {out, "DXT5", 1, "xN", "dds SE(X)C ."},
-        {out, "ATI2", 3, "n", " sexc #.."},
-        {out, "ATI2", 3, "xn", " sexc ###"}, // the kind is still DDS
+        {out, "ATI2", 4, "n", " sexc #.."},
+        {out, "ATI2", 4, "xn", " sexc ###"}, // the kind is still DDS
         // An insertion starts with the whole chain.
-        {in, "DXT1", 3, "", "dds S(E)XC ### bazar"},
-        {in, "DXT1", 3, "1", "dds S(E)XC ### bazar"},
-        {in, "DXT1", 3, "N", "dds S(E)XC ### bazar"},
-        {in, "DXT1", 3, "s", "dds (S)EXC #.. bazar"},
-        {in, "DXT1", 3, "s2", "dds (S)EXC ..# bazar"},
-        {in, "DXT1", 3, "s0", "dds (S)EXC ... bazar"},
-        {in, "DXT1", 3, "sN", "dds (S)EXC ... bazar"},
-        {in, "DXT1", 3, "x0", "dds SE(X)C .## bazar"},
-        {in, "DXT1", 3, "xN", "dds SE(X)C ... bazar"},
-        {in, "DXT1", 3, "c1", "dds SEX(C) ### filter bazar"},
-        {in, "DXT1", 3, "n", "BMP Sex(C) ### filter"},
-        {in, "DXT5", 3, "n", "TGA Sex(C) ### filter warning"},
-        {in, "DXT5", 3, "cn", "TGA Sex(C) ### filter warning"},
-        {in, "DXT5", 3, "ns", "TGA (S)exC #.. warning"},
-        {in, "DXT5", 3, "ns1", "TGA (S)exC .#. warning"},
-        {in, "DXT5", 3, "nd", "dds S(E)XC ### bazar"},
+        {in, "DXT1", 4, "", "dds S(E)XC ### bazar"},
+        {in, "DXT1", 4, "s", "dds (S)EXC #.. bazar"},
+        {in, "DXT1", 4, "s2", "dds (S)EXC ..# bazar"},
+        {in, "DXT1", 4, "c1", "dds SEX(C) ### filter bazar"},
+        {in, "DXT1", 4, "n", "BMP Sex(C) ### filter"},
+        {in, "DXT5", 4, "n", "TGA Sex(C) ### filter warning"},
+        {in, "DXT5", 4, "cn", "TGA Sex(C) ### filter warning"},
+        {in, "DXT5", 4, "ns", "TGA (S)exC #.. warning"},
+        {in, "DXT5", 4, "ns1", "TGA (S)exC .#. warning"},
+        {in, "DXT5", 4, "nd", "dds S(E)XC ### bazar"},
         {in, "DXT5", 1, "sN", "dds (S)EXC . bazar"},
     };
-    for (const auto& [mode, type, levels, clicks, expected] : cases) {
-        use({CddsType::TypeCdds, {test::chain("wall.bmp", type, 16, levels)}});
-        open(mode, [&, clicks = clicks, expected = std::string{expected}] {
+    for (const auto& [mode, type, side, clicks, expected] : cases) {
+        open({CddsType::TypeCdds, {chainOf("wall.bmp", type, side, side)}});
+        show(mode, [&, clicks = clicks, expected = std::string{expected}] {
             click(clicks);
             EXPECT_EQ(state(), expected) << row(static_cast<int>(mode), type, clicks);
             EXPECT_EQ(dialog.List1.currentRow(), 0);
@@ -80,7 +71,7 @@ TEST_F(Dialog, EveryChoiceRulesTheOthers) {
 }
 
 TEST_F(Dialog, ShowsTheTextureAndWhatTheModeNeeds) {
-    use({CddsType::TypeCdds, {{"caf\xE9.tga", "DXT5", {{256, 128, "x"}, {12345678, 1, "x"}}}}});
+    open({CddsType::TypeCdds, {{"caf\xE9.tga", "DXT5", {{256, 128, "x"}, {12345678, 1, "x"}}}}});
     const auto parts = [this] {
         return row(dialog.window.caption(), dialog.FileFormat.caption(), dialog.Mipmaps.caption(), dialog.cmdExtractInsert.caption(),
                    dialog.extractOptionsFrame.visible(), dialog.chkLaunchEditor.visible(), dialog.destinationFrame.visible(),
@@ -88,7 +79,7 @@ TEST_F(Dialog, ShowsTheTextureAndWhatTheModeNeeds) {
     };
     session.settings.bazarTempFolder = "/bazar";
     session.settings.cddsBackupFolder = "/safe";
-    open(in, [&] {
+    show(in, [&] {
         EXPECT_EQ(parts(), "Texture Insertion, Input file format, Mipmap insertion, Insert, false, false, true, true, true, caf\u00E9.tga");
         EXPECT_EQ(row(dialog.chkDestination[0].checked(), dialog.chkSaveCdds.checked(), dialog.txtCDDSBackupFolder.text(),
                       dialog.chkDestination[1].checked(), dialog.txtbazarTempFolder.text(), dialog.lstScaleFilter.lines().at(2),
@@ -97,7 +88,7 @@ TEST_F(Dialog, ShowsTheTextureAndWhatTheModeNeeds) {
         EXPECT_EQ(row(dialog.List1.line(0), dialog.List1.line(1)), "    256 x    128 , 12345678 x      1 ");
         dialog.chkOverwriteExistingFiles.setChecked(true);
     });
-    open(out, [&] {
+    show(out, [&] {
         EXPECT_EQ(parts(), "Texture Extraction, Output file format, Mipmap extraction, Extract, true, true, false, false, false, caf\u00E9.tga");
         EXPECT_FALSE(dialog.chkOverwriteExistingFiles.checked());
         EXPECT_EQ(row(dialog.window.box().left, dialog.window.box().top),
@@ -106,20 +97,20 @@ TEST_F(Dialog, ShowsTheTextureAndWhatTheModeNeeds) {
 }
 
 TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
-    use({CddsType::TypeCdds, {test::chain("wall.bmp", "DXT1", 8, 2)}});
+    open({CddsType::TypeCdds, {chainOf("wall.bmp", "DXT1", 2, 2)}});
     std::string& target = session.settings.bazarTempFolder;
     int asked = 0;
     const auto visit = [&](const std::string& before, const std::string& answer) {
         target = before;
         asked = 0;
-        chooseFolder = [&, answer] {
+        chooseBazarTempFolder = [&, answer] {
             ++asked;
             EXPECT_EQ(row(target, dialog.txtbazarTempFolder.text()), ", Invalid Bazar Temporary Folder");
             target = answer;
             dialog.window.activated.emit(); // as the other dialog's close does
         };
         std::string after;
-        open(in, [&] {
+        show(in, [&] {
             click("x1");
             dialog.chkDestination[1].setChecked(true);
             after = row(asked, dialog.chkDestination[1].checked(), dialog.chkDestination[1].enabled(), dialog.txtbazarTempFolder.text(), state());
@@ -130,7 +121,7 @@ TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
     EXPECT_EQ(visit(folder.file("gone"), folder.path()), "1, true, true, " + folder.path() + ", dds SE(X)C #. bazar");
     EXPECT_EQ(visit(folder.path(), ""), "0, true, true, " + folder.path() + ", dds SE(X)C #. bazar");
     target.clear();
-    open(in, [&] {
+    show(in, [&] {
         EXPECT_EQ(row(asked, dialog.chkDestination[1].checked()), "0, false"); // the reset asked nothing
         dialog.chkDestination[0].setChecked(false);
         EXPECT_FALSE(dialog.chkSaveCdds.checked());
@@ -140,10 +131,10 @@ TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
 }
 
 TEST_F(Dialog, RefusesTypesThatItCannotHandle) {
-    use({CddsType::TypeCdds, {test::chain("wall.bmp", "ATI2", 8, 2)}});
+    open({CddsType::TypeCdds, {chainOf("wall.bmp", "ATI2", 8, 8)}});
     for (const DialogMode mode : {out, in}) {
         for (const char* clicks : {"!", "n!"}) {
-            open(mode, [&] { click(clicks); });
+            show(mode, [&] { click(clicks); });
             boxes.expect("\"ATI2\"");
         }
     }
@@ -151,7 +142,7 @@ TEST_F(Dialog, RefusesTypesThatItCannotHandle) {
 }
 
 TEST_F(Dialog, NothingOverlapsAtAnySize) {
-    use({CddsType::TypeCdds, {test::chain("wall.tga", "DXT5", 8, 2)}});
+    open({CddsType::TypeCdds, {chainOf("wall.tga", "DXT5", 8, 8)}});
     const std::vector<const Control*> placed{&dialog.Label1,           &dialog.Text1,
                                              &dialog.FileFormat,       &dialog.Mipmaps,
                                              &dialog.OptionsFrame,     &dialog.extractOptionsFrame,
@@ -175,7 +166,7 @@ TEST_F(Dialog, NothingOverlapsAtAnySize) {
         }
     };
     for (const auto& [mode, clicks] : {std::pair{out, ""}, {in, ""}, {in, "n"}, {in, "nd"}}) {
-        open(mode, [&, clicks = clicks] {
+        show(mode, [&, clicks = clicks] {
             click(clicks);
             check(clicks);
             dialog.window.setSize(dialog.window.smallestWidth(), dialog.window.smallestHeight());
@@ -188,8 +179,8 @@ TEST_F(Dialog, NothingOverlapsAtAnySize) {
 
 // Rules that followed each other's changes one by one would nest as deep as the list is long.
 TEST_F(Dialog, TakesTheLongestChain) {
-    use({CddsType::TypeCdds, {test::chain("long.bmp", "DXT1", 1, 32767)}});
-    open(in, [&] {
+    open({CddsType::TypeCdds, {{"long.bmp", "DXT1", std::vector(32767, LevelPlan{1, 1, "12345678"})}}});
+    show(in, [&] {
         click("sN");
         EXPECT_EQ(dialog.List1.checkedCount(), 0);
         click("eN0");
@@ -197,4 +188,4 @@ TEST_F(Dialog, TakesTheLongestChain) {
     });
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test

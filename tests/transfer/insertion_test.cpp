@@ -1,12 +1,15 @@
-#include "insertion_harness.hpp"
+#include "transfer_harness.hpp"
 
 namespace pelrath::test { namespace {
 
-using Names = std::vector<std::string>;
 using Boxes = std::vector<ShownBox>;
 
 constexpr int losses = 8; // of one compression, in a channel
 constexpr auto cdds = CddsType::TypeCdds;
+
+// First lines of a summary.
+const std::string noCopy = "No Safe Copy of a.cdds done|";
+std::string copyLine(int number) { return "Safe copy done as copies/a-" + std::to_string(number) + ".cdds|"; }
 
 std::string bitmapOf(int side, const std::string& pixels) {
     const std::string sides = " d" + std::to_string(side) + " d" + std::to_string(side);
@@ -18,40 +21,36 @@ std::string bitmapOf(int side, const std::string& pixels) {
 std::vector<ArchiveBuilder> arrangements() {
     std::vector<ArchiveBuilder> all;
     for (const CddsType type : {cdds, CddsType::Type0C}) {
-        for (int kind = 0; kind < 4; ++kind) {
-            ArchiveBuilder& builder = all.emplace_back(type);
-            builder.textures = {chainOf("other.bmp", "DXT1", 8, 8, blue, yellow), chainOf("wall.tga", "DXT5", 12, 6),
-                                chainOf("last.bmp", "DXT1", 4, 4)};
-            auto& levels = builder.textures[1].levels;
-            std::int32_t at = 4000;
-            for (LevelPlan& level : levels) { level.at = kind == 1 ? std::optional{at -= 300} : std::nullopt; }
-            builder.dataBeforeTables = kind == 2;
-            if (kind != 3) continue;
-            levels[0].at = 2000;
-            builder.textures.push_back({"shared.tga", "DXT5", {levels[0]}});
-        }
+        const ArchiveBuilder plain{
+            type, {chainOf("other.bmp", "DXT1", 8, 8, blue, yellow), chainOf("wall.tga", "DXT5", 12, 6), chainOf("last.bmp", "DXT1", 4, 4)}};
+        ArchiveBuilder scattered = plain, dataFirst = plain, shared = plain;
+        std::int32_t at = 4000;
+        for (LevelPlan& level : scattered.textures[1].levels) { level.at = at -= 300; }
+        dataFirst.dataBeforeTables = true;
+        shared.textures[1].levels[0].at = 2000;
+        shared.textures.push_back({"shared.tga", "DXT5", {shared.textures[1].levels[0]}});
+        all.insert(all.end(), {plain, scattered, dataFirst, shared});
     }
     return all;
 }
 
 TEST(Insertion, PutsBackWhatWasExtractedByteForByte) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"e!", "out/wall-12x6.dds inserted.|4 Mipmap(s) inserted.|"},
+        {"s!", "out/wall-12x6.dds inserted.|1 mipmap(s) inserted.|"},
+        {"x!",
+         "out/wall-12x6.dds inserted.|out/wall-6x3.dds inserted.|out/wall-3x1.dds inserted.|out/wall-1x1.dds inserted.|4 mipmap(s) inserted.|"}};
     for (const ArchiveBuilder& builder : arrangements()) {
-        for (const MipmapOperation operation : {Embedded, External, Single}) {
-            InsertionHarness h{builder};
+        for (const auto& [clicks, lines] : cases) {
+            TransferHarness h{builder};
             h.choose(1);
             const std::string before = h.archive();
-            const auto& levels = h.chosen().mipmaps;
-            std::string lines;
-            for (std::size_t i = 0; i < (operation == External ? levels.size() : 1); ++i) {
-                h.extract(DdsFileType, operation == Embedded ? Embedded : Single, static_cast<int>(i));
-                lines += h.images.file("wall-" + std::to_string(levels[i].width) + "x" + std::to_string(levels[i].height) + ".dds inserted.\r\n");
-            }
+            h.extract(clicks);
             // Other data in the levels' places, so that what is put back can be seen.
-            const std::string blank = h.outside(before, operation == Single ? std::optional<std::size_t>{0} : std::nullopt);
-            ASSERT_NE(h.folder.write("a.cdds", blank), "");
-            const std::string count = operation == Single ? "1 mipmap(s)" : operation == External ? "4 mipmap(s)" : "4 Mipmap(s)";
-            EXPECT_EQ(h.insert(DdsFileType, operation), h.copyLine(0) + lines + count + " inserted.\r\n");
-            EXPECT_TRUE(h.archive() == before && h.copies.read("a-0.cdds") == blank && h.catalogue() == h.session.archive) << operation;
+            const std::string blank = h.outside(before, *clicks == 's' ? std::optional<std::size_t>{0} : std::nullopt);
+            (void)h.folder.write("a.cdds", blank);
+            EXPECT_EQ(h.insert(clicks), copyLine(0) + lines);
+            EXPECT_TRUE(h.archive() == before && h.folder.read("copies/a-0.cdds") == blank && h.catalogue() == h.session.archive) << clicks;
         }
     }
 }
@@ -60,95 +59,94 @@ TEST(Insertion, TakesEveryLevelBackFromItsImage) {
     const std::tuple<const char*, const char*, int, int> cases[] = {
         {"DXT1", "bmp", 16, 8}, {"DXT5", "tga", 12, 6}, {"DXT5", "tga", 7, 13}, {"DXT1", "bmp", 1, 6}};
     for (const auto& [type, extension, width, height] : cases) {
-        InsertionHarness h{{cdds, {chainOf("wall", type, width, height), chainOf("next", type, 4, 4, blue, yellow)}}};
+        TransferHarness h{{cdds, {chainOf("wall", type, width, height), chainOf("next", type, 4, 4, blue, yellow)}}};
         const std::string before = h.archive();
         for (std::size_t i = 0; i < h.chosen().mipmaps.size(); ++i) {
-            h.extract(NativeFileType, Single, static_cast<int>(i));
-            ASSERT_NE(h.folder.write("a.cdds", h.outside(before, i)), "");
-            const std::string name = h.images.names()[0];
-            EXPECT_EQ(h.insertLevels(NativeFileType, Single, {static_cast<int>(i)}), h.noCopy() + h.images.file(name) + "\r\n1 mipmaps(s) inserted.");
+            h.extract("nN" + std::to_string(i) + "!");
+            (void)h.folder.write("a.cdds", h.outside(before, i));
+            const std::string name = h.files();
+            EXPECT_EQ(h.insert("nskN" + std::to_string(i) + "!"), noCopy + "out/" + name + "|1 mipmaps(s) inserted.");
             EXPECT_TRUE(name.ends_with(extension) && h.outside(h.archive(), i) == h.outside(before, i)) << name;
             EXPECT_LE(h.difference(before, h.archive(), i), losses) << type << name;
-            EXPECT_EQ(h.images.names(), Names{name});
-            std::filesystem::remove(h.images.file(name));
+            EXPECT_EQ(h.files(), name);
+            std::filesystem::remove(h.folder.file("out/" + name));
         }
-        EXPECT_EQ(h.program.names(), Names{"tmp1.dds"});
+        EXPECT_EQ(h.files("program"), "tmp1.dds");
     }
 }
 
 TEST(Insertion, CreatesTheChainWithEachFilter) {
-    for (const FileTypeOption kind : {NativeFileType, DdsFileType}) {
+    for (const char* kind : {"n", "d"}) {
         for (const char* type : {"DXT1", "DXT5"}) {
-            InsertionHarness h{{CddsType::Type0C, {chainOf("wall", type, 16, 24), chainOf("next", type, 4, 4, blue, yellow)}}};
+            TransferHarness h{{CddsType::Type0C, {chainOf("wall", type, 16, 24), chainOf("next", type, 4, 4, blue, yellow)}}};
             const std::string before = h.archive();
-            h.extract(kind);
-            const Names source = h.images.names(), programs = h.program.names();
+            h.extract(std::string{kind} + "!");
+            const std::string files = row(h.files(), h.files("program"));
             for (int filter = 0; filter < 9; ++filter) {
-                ASSERT_NE(h.folder.write("a.cdds", h.outside(before)), "");
-                const std::string summary = h.insert(kind, Create, [&] { h.dialog.lstScaleFilter.select(filter); });
-                // From DDS files, the summary starts anew with the image's part.
-                EXPECT_EQ(summary, h.copyLine(filter) + h.images.file(source[0]) + "\r\n5 mipmaps(s) inserted.");
+                (void)h.folder.write("a.cdds", h.outside(before));
+                EXPECT_EQ(h.insert(kind + ("cf" + std::to_string(filter) + "!")), copyLine(filter) + "out/" + h.files() + "|5 mipmaps(s) inserted.");
                 EXPECT_TRUE(h.outside(h.archive()) == h.outside(before));
                 for (std::size_t i = 0; i < 3; ++i) { EXPECT_LE(h.difference(before, h.archive(), i), losses) << type << ' ' << filter << ' ' << i; }
                 EXPECT_EQ(h.levelOf(h.archive(), 4).find("####"), std::string::npos);
-                EXPECT_TRUE(h.images.names() == source && h.program.names() == programs);
+                EXPECT_EQ(row(h.files(), h.files("program")), files);
             }
         }
     }
 }
 
 /// Insertions that do not go as they should, into one texture of three levels of 8 bytes.
-class TroubledInsertion : public ::testing::Test {
-protected:
-    std::string put(const std::string& name, const std::string& bytes) { return h.images.write(name, bytes); }
-    void expectBox(const std::string& text, const std::string& title, BoxIcon icon = BoxIcon::Critical) {
-        EXPECT_EQ(h.boxes.take(), (Boxes{{text, title, icon, BoxButtons::Ok}}));
+struct TroubledInsertion : testing::Test, TransferHarness {
+    TroubledInsertion() {
+        open({cdds, {chainOf("wall.xyz", "DXT1", 4, 4)}});
+        before = archive();
     }
+    void put(const std::string& name, const std::string& bytes) const { (void)folder.write("out/" + name, bytes); }
 
-    InsertionHarness h{{cdds, {chainOf("wall.xyz", "DXT1", 4, 4)}}};
-    const std::string before = h.archive(), noCopy = h.noCopy(), chain = std::string(128, 'h') + "xxxxxxxxyyyyyyyyzzzzzzzz";
-    const std::string level0 = h.images.file("wall-4x4.dds"), level1 = h.images.file("wall-2x2.dds"), level2 = h.images.file("wall-1x1.dds");
-    const std::string bitmap = h.images.file("wall-4x4.bmp");
+    const std::string chain = std::string(128, 'h') + "xxxxxxxxyyyyyyyyzzzzzzzz", bitmap = folder.file("out/wall-4x4.bmp");
+    std::string before; // the archive's bytes
 };
 
 TEST_F(TroubledInsertion, SaysWhatIsMissingOrTooShortAndWritesNoneOfIt) {
-    EXPECT_EQ(h.insertLevels(DdsFileType, Embedded, {}), noCopy + level0 + " not found.\r\n");
-    EXPECT_EQ(h.insertLevels(DdsFileType, External, {}), noCopy + "0 mipmap(s) inserted.\r\n");
-    put("wall-4x4.dds", chain.substr(1));
-    EXPECT_EQ(h.insertLevels(DdsFileType, Embedded, {}), noCopy + level0 + " is too short.\r\n0 Mipmap(s) inserted.\r\n");
-    put("wall-2x2.dds", chain.substr(0, 135));
-    const std::string missing = level2 + " not found.\r\n0 mipmap(s) inserted.\r\n";
-    EXPECT_EQ(h.insertLevels(DdsFileType, External, {0, 1, 2}), noCopy + level1 + " is too short.\r\n" + missing);
-    EXPECT_EQ(h.insertLevels(NativeFileType, Single, {}), "No mipmap selected.\r\n0 mipmaps(s) inserted.");
-    EXPECT_TRUE(h.archive() == before);
+    // A file that comes and its length, the clicks, the summary behind its first line.
+    const std::tuple<const char*, std::size_t, const char*, const char*> cases[] = {
+        {"", 0, "ek!", "out/wall-4x4.dds not found.|"},
+        {"", 0, "xkN!", "0 mipmap(s) inserted.|"},
+        {"wall-4x4.dds", 151, "ek!", "out/wall-4x4.dds is too short.|0 Mipmap(s) inserted.|"},
+        {"wall-2x2.dds", 135, "xk!", "out/wall-2x2.dds is too short.|out/wall-1x1.dds not found.|0 mipmap(s) inserted.|"}};
+    for (const auto& [name, size, clicks, lines] : cases) {
+        if (size > 0) put(name, chain.substr(0, size));
+        EXPECT_EQ(insert(clicks), noCopy + lines);
+    }
+    EXPECT_EQ(insert("nskN!"), "No mipmap selected.|0 mipmaps(s) inserted.");
+    EXPECT_TRUE(archive() == before);
 
-    std::filesystem::remove(level0);
+    std::filesystem::remove(folder.file("out/wall-4x4.dds"));
     put("wall-1x1.dds", chain);
-    const std::string one = level2 + " inserted.\r\n1 mipmap(s) inserted.\r\n";
-    EXPECT_EQ(h.insertLevels(DdsFileType, External, {0, 2}), noCopy + level0 + " not found.\r\n" + one);
-    EXPECT_TRUE(h.levelOf(h.archive(), 2) == "xxxxxxxx" && h.outside(h.archive(), 2) == h.outside(before, 2));
+    EXPECT_EQ(insert("xk1!"), noCopy + "out/wall-4x4.dds not found.|out/wall-1x1.dds inserted.|1 mipmap(s) inserted.|");
+    EXPECT_TRUE(levelOf(archive(), 2) == "xxxxxxxx" && outside(archive(), 2) == outside(before, 2));
+    EXPECT_EQ(insert("c!"), copyLine(0) + "out/wall-4x4.dds|0 mipmaps(s) inserted.") << "tells where the safe copy is";
+    EXPECT_EQ(boxes.take().size(), 2U);
 }
 
 TEST_F(TroubledInsertion, TakesFromAnImageOfAnotherSizeWhatLiesInTheLevelsPlaces) {
-    EXPECT_EQ(h.insertLevels(NativeFileType, Create, {}), noCopy + bitmap + "\r\n0 mipmaps(s) inserted.");
-    const Boxes shown = h.boxes.take();
-    ASSERT_EQ(shown.size(), 2U);
-    EXPECT_EQ(shown[1], (ShownBox{"LoadImage " + bitmap + " error", "SimpleImageInsertion", BoxIcon::Critical, BoxButtons::Ok}));
+    const std::string nothing = "0 mipmaps(s) inserted.", image = noCopy + "out/wall-4x4.bmp|";
+    EXPECT_EQ(insert("nk!"), image + nothing);
+    EXPECT_EQ(boxes.take().at(1), (ShownBox{"LoadImage " + bitmap + " error", "SimpleImageInsertion", BoxIcon::Critical, BoxButtons::Ok}));
     // One texel: its level 0 is as long as one of 4 x 4, and its chain ends there.
     put("wall-4x4.bmp", bitmapOf(1, "00FF0000"));
-    EXPECT_EQ(h.insertLevels(NativeFileType, Create, {}), noCopy + bitmap + "\r\n" + bitmap + " is too short.\r\n0 mipmaps(s) inserted.");
-    expectBox("Error during insertion in CDDS.", "performSimpleImageInsertion");
-    EXPECT_TRUE(h.archive() == before);
-    EXPECT_EQ(h.images.names(), Names{"wall-4x4.bmp"});
-    std::filesystem::create_directory(h.images.file("wall-4x4_tmppelrath.dds")); // in the built file's place
-    EXPECT_EQ(h.insertLevels(NativeFileType, Create, {}), noCopy + bitmap + "\r\n0 mipmaps(s) inserted.");
-    h.boxes.expect("Insertion Error : 75 Path/File access error");
-    std::filesystem::remove(h.images.file("wall-4x4_tmppelrath.dds"));
-    h.insert(NativeFileType, Create, [&] { h.dialog.lstScaleFilter.select(0); }); // scales each level by itself
-    EXPECT_TRUE(h.levelOf(h.archive(), 0) != h.levelOf(before, 0) && h.levelOf(h.archive(), 2) != h.levelOf(before, 2));
+    EXPECT_EQ(insert("nk!"), image + "out/wall-4x4.bmp is too short.|" + nothing);
+    boxes.expect({"Error during insertion in CDDS.", "performSimpleImageInsertion", BoxIcon::Critical});
+    EXPECT_TRUE(archive() == before);
+    EXPECT_EQ(files(), "wall-4x4.bmp");
+    std::filesystem::create_directory(folder.file("out/wall-4x4_tmppelrath.dds")); // in the built file's place
+    EXPECT_EQ(insert("nk!"), image + nothing);
+    boxes.expect("Insertion Error : 75 Path/File access error");
+    std::filesystem::remove(folder.file("out/wall-4x4_tmppelrath.dds"));
+    insert("nf0!"); // scales each level by itself
+    EXPECT_TRUE(levelOf(archive(), 0) != levelOf(before, 0) && levelOf(archive(), 2) != levelOf(before, 2));
     put("wall-1x1.bmp", bitmapOf(8, "192*FF"));
-    h.insertLevels(NativeFileType, Single, {2});
-    EXPECT_EQ(h.levelOf(h.archive(), 2).substr(0, 2), bytesOf("FFFF"));
+    insert("ns2!");
+    EXPECT_EQ(levelOf(archive(), 2).substr(0, 2), bytesOf("FFFF"));
 }
 
 TEST_F(TroubledInsertion, RefusesAnArchiveThatIsNotTheOneRead) {
@@ -156,77 +154,77 @@ TEST_F(TroubledInsertion, RefusesAnArchiveThatIsNotTheOneRead) {
     put("wall-4x4.bmp", bitmapOf(4, "48*00"));
     std::string otherSides = before;
     otherSides[32 + 64 + 40 + 12] = 8;
-    const std::string path = h.session.archivePath;
+    const std::string path = session.archivePath;
     const std::function<void()> changes[] = {
-        [&] { h.session.archivePath = h.folder.write("b.cdds", before); },
-        [&] { (void)(h.session.archivePath = path, h.folder.write("a.cdds", before + "more")); },
-        [&] { (void)h.folder.write("a.cdds", otherSides); },
-        [&] { (void)h.folder.write("a.cdds", "short"); },
+        [&] { session.archivePath = folder.write("b.cdds", before); },
+        [&] { (void)(session.archivePath = path, folder.write("a.cdds", before + "more")); },
+        [&] { (void)folder.write("a.cdds", otherSides); },
+        [&] { (void)folder.write("a.cdds", "short"); },
         [&] { std::filesystem::remove(path); },
         [&] { std::filesystem::create_directory(path); },
     };
     for (const auto& change : changes) {
         change();
-        const std::string changed = fileExists(path) ? h.archive() : "";
-        for (const FileTypeOption kind : {DdsFileType, NativeFileType}) {
-            EXPECT_EQ(h.insert(kind, kind == DdsFileType ? Embedded : Create), "Insertion canceled.");
-            expectBox(h.session.archivePath + " is no longer the file that was read: it has been changed, replaced or removed.\r\n\r\n"
-                                              "Please read it again before you insert.",
-                      "Pelrath - Insertion refused", BoxIcon::Exclamation);
+        const std::string changed = fileExists(path) ? archive() : "";
+        for (const char* clicks : {"e!", "nc!"}) {
+            EXPECT_EQ(insert(clicks), "Insertion canceled.");
+            boxes.expect({session.archivePath + " is no longer the file that was read: it has been changed, replaced or removed.\r\n\r\n"
+                                                "Please read it again before you insert.",
+                          "Pelrath - Insertion refused"});
         }
-        EXPECT_TRUE(!fileExists(path) || h.archive() == changed);
-        EXPECT_EQ(h.copies.names(), Names{});
+        EXPECT_TRUE(!fileExists(path) || archive() == changed);
+        EXPECT_EQ(files("copies"), "");
     }
 }
 
 TEST_F(TroubledInsertion, LooksAtTheArchiveAgainBeforeItWrites) {
     put("wall-4x4.dds", chain);
-    h.sign.atTheEnd = [&] { std::filesystem::rename(h.folder.write("b.cdds", before + "more"), h.session.archivePath); };
-    EXPECT_EQ(h.insert(DdsFileType, Embedded), h.copyLine(0) + "0 Mipmap(s) inserted.\r\n");
-    h.boxes.expect("no longer the file that was read");
-    EXPECT_TRUE(h.archive() == before + "more");
+    sign.atTheEnd = [&] { std::filesystem::rename(folder.write("b.cdds", before + "more"), session.archivePath); };
+    EXPECT_EQ(insert("e!"), copyLine(0) + "0 Mipmap(s) inserted.|");
+    boxes.expect("no longer the file that was read");
+    EXPECT_TRUE(archive() == before + "more");
 }
 
-TEST(Insertion, NeverWritesOverTheTables) {
+TEST_F(TroubledInsertion, NeverWritesOverTheTables) {
+    put("wall-4x4.dds", chain);
     for (const CddsType type : {cdds, CddsType::Type0C}) {
         ArchiveBuilder builder{type, {chainOf("wall", "DXT1", 4, 4)}};
         builder.build();
         const std::int32_t table = builder.tableAt[0] + (type == cdds ? 40 : 0);
         for (const std::int32_t at : {0, builder.entryAt(0) + 60, builder.tableAt[0] + 20, table + 47}) {
             builder.patches[table + 16] = at - (table + 16); // where the second level says its data is
-            InsertionHarness h{builder};
-            const std::string before = h.archive();
-            ASSERT_NE(h.images.write("wall-4x4.dds", std::string(128 + 24, 'x')), "");
-            EXPECT_EQ(h.insertLevels(DdsFileType, Embedded, {}), h.noCopy() + "0 Mipmap(s) inserted.\r\n");
-            h.boxes.expect("would overwrite its tables");
-            EXPECT_TRUE(h.archive() == before) << at;
+            open(builder);
+            before = archive();
+            EXPECT_EQ(insert("ek!"), noCopy + "0 Mipmap(s) inserted.|");
+            boxes.expect("would overwrite its tables");
+            EXPECT_TRUE(archive() == before) << at;
         }
     }
 }
 
 TEST_F(TroubledInsertion, CountsTheLevelsThatTheArchiveReallyGot) {
-    put("wall-4x4.dds", chain);
-    put("wall-2x2.dds", chain);
-    put("wall-1x1.dds", chain);
-    const std::string path = h.session.archivePath;
-    std::filesystem::permissions(path, std::filesystem::perms{0401});
-    const std::string writable = "CDDS Attributes changed to Read Write\r\n", readOnly = "CDDS Attributes changed to Read Only\r\n";
-    for (const MipmapOperation operation : {Embedded, External}) {
+    for (const char* name : {"wall-4x4.dds", "wall-2x2.dds", "wall-1x1.dds"}) { put(name, chain); }
+    const std::string path = session.archivePath;
+    std::filesystem::permissions(path, std::filesystem::perms{0421});
+    // The lines between those about the attributes, and the first two levels afterwards.
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"ek!", "2 Mipmap(s) inserted.|", "xxxxxxxxyyyyyyyy"},
+        {"xk!", "out/wall-4x4.dds inserted.|out/wall-2x2.dds inserted.|2 mipmap(s) inserted.|", "xxxxxxxxxxxxxxxx"}};
+    for (const auto& [clicks, lines, levels] : cases) {
         const FullDisk full{before.size() - 4}; // the third level's write breaks off in its middle
-        const std::string lines = operation == Embedded ? "2 Mipmap(s)" : level0 + " inserted.\r\n" + level1 + " inserted.\r\n2 mipmap(s)";
-        EXPECT_EQ(h.insertLevels(DdsFileType, operation, {0, 1, 2}), noCopy + writable + lines + " inserted.\r\n" + readOnly);
+        EXPECT_EQ(insert(clicks), noCopy + "CDDS Attributes changed to Read Write|" + lines + "CDDS Attributes changed to Read Only|");
         const std::string question = path + " is Read Only.\r\n\r\n- Select Ok to make it writable and perform the insertion,\r\n"
                                             "- Select Cancel to abort the insertion.";
-        EXPECT_EQ(h.boxes.take(), (Boxes{{question, "CDDS is read only", BoxIcon::Question, BoxButtons::OkCancel},
-                                         {"Insertion Error : 6 Overflow (" + path + ")", "Pelrath", BoxIcon::Critical, BoxButtons::Ok}}));
-        EXPECT_EQ(h.levelOf(h.archive(), 0) + h.levelOf(h.archive(), 1), operation == Embedded ? "xxxxxxxxyyyyyyyy" : "xxxxxxxxxxxxxxxx");
-        EXPECT_TRUE(h.levelOf(h.archive(), 2) == h.levelOf(before, 2)) << "a level is wholly old or wholly new";
-        EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{0401});
+        EXPECT_EQ(boxes.take(), (Boxes{{question, "CDDS is read only", BoxIcon::Question, BoxButtons::OkCancel},
+                                       {"Insertion Error : 6 Overflow (" + path + ")", "Pelrath", BoxIcon::Critical, BoxButtons::Ok}}));
+        EXPECT_EQ(levelOf(archive(), 0) + levelOf(archive(), 1), levels);
+        EXPECT_TRUE(levelOf(archive(), 2) == levelOf(before, 2)) << "a level is wholly old or wholly new";
+        EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{0421});
     }
-    h.boxes.answer = BoxAnswer::Cancel;
-    EXPECT_EQ(h.insertLevels(DdsFileType, Embedded, {}), noCopy);
-    EXPECT_EQ(h.insertLevels(NativeFileType, Create, {}), noCopy + "0 mipmaps(s) inserted.");
-    EXPECT_EQ(h.boxes.take().size(), 2U);
+    boxes.answer = BoxAnswer::Cancel;
+    EXPECT_EQ(insert("ek!"), noCopy);
+    EXPECT_EQ(insert("nk!"), noCopy + "0 mipmaps(s) inserted.");
+    EXPECT_EQ(boxes.take().size(), 2U);
 }
 
 std::uint32_t leftCode; // by the next library call that fails
@@ -238,22 +236,22 @@ TEST(Insertion, EndsInOrderWhereTheLibraryFails) {
     copying.ilCopyImage = [](std::uint32_t) -> std::uint8_t { return leftCode = 0x0505, 0; };
     saving.ilSaveImage = [](const char*) -> std::uint8_t { return leftCode = 0x0505, 0; };
     deleting.ilDeleteImages = [](std::size_t, const std::uint32_t*) { leftCode = 0x0505; };
-    // The library, how the message begins, the filter, and how many levels the archive has got by then.
-    const std::tuple<LibraryFunctions, const char*, int, int> cases[] = {
-        {copying, "Insertion", 5, 0}, {saving, "ilSave", 5, 0}, {deleting, "Insertion", 5, 0}, {deleting, "Insertion", bilinearFilter, 3}};
-    for (const auto& [functions, start, filter, count] : cases) {
-        InsertionHarness h{functions};
+    // The library, how the message begins, the clicks, and how many levels the archive has got by then.
+    const std::tuple<LibraryFunctions, const char*, const char*, int> cases[] = {
+        {copying, "Insertion", "nf5!", 0}, {saving, "ilSave", "nf5!", 0}, {deleting, "Insertion", "nf5!", 0}, {deleting, "Insertion", "nf2!", 3}};
+    for (const auto& [functions, start, clicks, count] : cases) {
+        TransferHarness h{functions};
         h.open({cdds, {chainOf("wall", "DXT1", 4, 4)}});
-        const std::string before = h.archive(), image = h.images.write("wall-4x4.bmp", bitmapOf(4, "48*F8"));
+        const std::string before = h.archive();
+        (void)h.folder.write("out/wall-4x4.bmp", bitmapOf(4, "48*F8"));
         std::filesystem::permissions(h.session.archivePath, std::filesystem::perms::owner_read);
-        const std::string summary = h.insert(NativeFileType, Create, [&] { h.dialog.lstScaleFilter.select(filter); });
-        EXPECT_EQ(summary, h.copyLine(0) + "CDDS Attributes changed to Read Write\r\n" + image + "\r\nCDDS Attributes changed to Read Only\r\n" +
-                               std::to_string(count) + " mipmaps(s) inserted.");
+        const std::string attributes = "CDDS Attributes changed to Read ";
+        EXPECT_EQ(h.insert(clicks),
+                  copyLine(0) + attributes + "Write|out/wall-4x4.bmp|" + attributes + "Only|" + std::to_string(count) + " mipmaps(s) inserted.");
         const Boxes shown = h.boxes.take(); // behind the question
         ASSERT_EQ(shown.size(), 2U);
         EXPECT_EQ(shown[1].text, std::string{start} + " Error Number: 1285 -> IL_INVALID_VALUE ");
-        EXPECT_TRUE((h.archive() == before) == (count == 0));
-        EXPECT_TRUE(h.images.names() == Names{"wall-4x4.bmp"} && h.program.names().empty());
+        EXPECT_EQ(row(h.archive() == before, h.files(), h.files("program")), row(count == 0, "wall-4x4.bmp", ""));
         leftCode = 0;
     }
 }
@@ -263,13 +261,13 @@ std::string vanishing; // with the library's next save
 TEST(Insertion, TellsOnceThatTheArchiveHasVanished) {
     LibraryFunctions library = imageLibrary();
     library.ilSaveImage = [](const char* name) { return std::filesystem::remove(vanishing), imageLibrary().ilSaveImage(name); };
-    InsertionHarness h{library};
+    TransferHarness h{library};
+    (void)h.folder.write("out/wall-4x4.bmp", bitmapOf(4, "48*F8"));
     for (const bool readOnly : {true, false}) {
         h.open({cdds, {chainOf("wall", "DXT1", 4, 4)}});
         vanishing = h.session.archivePath;
         if (readOnly) std::filesystem::permissions(vanishing, std::filesystem::perms::owner_read);
-        ASSERT_NE(h.images.write("wall-4x4.bmp", bitmapOf(4, "48*F8")), "");
-        EXPECT_TRUE(h.insertLevels(NativeFileType, Create, {}).ends_with("wall-4x4.bmp\r\n0 mipmaps(s) inserted."));
+        EXPECT_TRUE(h.insert("nk!").ends_with("wall-4x4.bmp|0 mipmaps(s) inserted."));
         const Boxes shown = h.boxes.take();
         ASSERT_EQ(shown.size(), readOnly ? 3U : 1U);
         EXPECT_EQ(shown[readOnly ? 1 : 0].title, "Pelrath - Insertion refused");
@@ -277,91 +275,78 @@ TEST(Insertion, TellsOnceThatTheArchiveHasVanished) {
     }
 }
 
-TEST_F(TroubledInsertion, TellsWhereTheSafeCopyIsWhenCreatingFromDdsFails) {
-    EXPECT_EQ(h.insert(DdsFileType, Create), h.copyLine(0) + level0 + "\r\n0 mipmaps(s) inserted.");
-    EXPECT_EQ(h.boxes.take().size(), 2U);
-}
-
 TEST_F(TroubledInsertion, MakesItsSafeCopyUnderTheNextNumberThatNothingHas) {
     put("wall-4x4.dds", chain);
-    ASSERT_NE(h.copies.write("a-0.cdds", "earlier"), "");
-    std::filesystem::create_symlink("nowhere", h.copies.file("a-1.cdds"));
-    std::filesystem::create_directory(h.copies.file("a-2.cdds"));
-    EXPECT_TRUE(h.insert(DdsFileType, Embedded).starts_with(h.copyLine(3)));
-    EXPECT_TRUE(h.copies.read("a-3.cdds") == before && h.copies.read("a-0.cdds") == "earlier");
+    (void)folder.write("copies/a-0.cdds", "earlier");
+    std::filesystem::create_symlink("nowhere", folder.file("copies/a-1.cdds"));
+    std::filesystem::create_directory(folder.file("copies/a-2.cdds"));
+    EXPECT_TRUE(insert("e!").starts_with(copyLine(3)));
+    EXPECT_TRUE(folder.read("copies/a-3.cdds") == before && folder.read("copies/a-0.cdds") == "earlier");
     const std::string size = std::to_string(before.size());
-    EXPECT_EQ(h.sign.seen, "Copying a.cdds 0, " + size + "; Copying a.cdds " + size + ", " + size + "; clear");
-    EXPECT_TRUE(h.insert(DdsFileType, Embedded).starts_with(h.copyLine(4)));
+    EXPECT_EQ(sign.seen, "Copying a.cdds 0, " + size + "; Copying a.cdds " + size + ", " + size + "; clear");
+    EXPECT_TRUE(insert("e!").starts_with(copyLine(4)));
 
     // A folder that has gone, and the user's answers when asked for another.
-    h.session.settings.cddsBackupFolder = h.copies.file("gone");
-    EXPECT_EQ(h.insert(DdsFileType, Embedded), noCopy + "CDDS Safe Copy folder undefined.\r\nInsertion canceled.");
-    EXPECT_EQ(row(h.foldersAsked, h.dialog.txtCDDSBackupFolder.text(), h.dialog.chkSaveCdds.checked(), h.dialog.chkSaveCdds.enabled()),
+    int asked = 0;
+    std::string answer;
+    chooseSafeCopyFolder = [&] { ++asked, session.settings.cddsBackupFolder = answer; };
+    session.settings.cddsBackupFolder = folder.file("gone");
+    EXPECT_EQ(insert("e!"), noCopy + "CDDS Safe Copy folder undefined.|Insertion canceled.");
+    EXPECT_EQ(row(asked, dialog.txtCDDSBackupFolder.text(), dialog.chkSaveCdds.checked(), dialog.chkSaveCdds.enabled()),
               "1, Invalid CDDS Safe Copy Folder, false, true");
-    h.chosenFolder = h.copies.path();
-    EXPECT_TRUE(h.insert(DdsFileType, Embedded).starts_with(h.copyLine(5)));
-    EXPECT_EQ(h.dialog.txtCDDSBackupFolder.text(), h.chosenFolder);
+    answer = folder.file("copies");
+    EXPECT_TRUE(insert("e!").starts_with(copyLine(5)));
+    EXPECT_EQ(dialog.txtCDDSBackupFolder.text(), answer);
 }
 
 TEST_F(TroubledInsertion, InsertsNothingWithoutTheSafeCopyThatIsWanted) {
     put("wall-4x4.dds", chain);
     {
         const FullDisk full{before.size() - 4};
-        EXPECT_EQ(h.insert(DdsFileType, Embedded), noCopy + "Insertion canceled.");
-        h.boxes.expect("Safe Copy Error : 6 Overflow");
-        EXPECT_EQ(h.copies.names(), Names{});
+        EXPECT_EQ(insert("e!"), noCopy + "Insertion canceled.");
+        boxes.expect("Safe Copy Error : 6 Overflow");
+        EXPECT_EQ(files("copies"), "");
     }
-    for (int i = 0; i <= 32767; ++i) { std::filesystem::create_hard_link(level0, h.copies.file("a-" + std::to_string(i) + ".cdds")); }
-    EXPECT_EQ(h.insert(DdsFileType, Embedded), noCopy + "Insertion canceled.");
-    h.boxes.expect("Safe Copy Error : 58 File already exists (all numbers up to 32767 are taken in ");
-    EXPECT_TRUE(h.archive() == before);
+    const std::string taken = folder.file("out/wall-4x4.dds"), start = folder.file("copies/a-");
+    for (int i = 0; i <= 32767; ++i) { std::filesystem::create_hard_link(taken, start + std::to_string(i) + ".cdds"); }
+    EXPECT_EQ(insert("e!"), noCopy + "Insertion canceled.");
+    boxes.expect("Safe Copy Error : 58 File already exists (all numbers up to 32767 are taken in ");
+    EXPECT_TRUE(archive() == before);
 }
 
-class BazarTemp : public TroubledInsertion {
-protected:
-    std::string copyTo(bool archiveToo = false) {
-        return h.insert(DdsFileType, Embedded, [&] {
-            h.dialog.chkDestination[ToArchive].setChecked(archiveToo);
-            h.dialog.chkSaveCdds.setChecked(false);
-            h.dialog.chkDestination[ToBazarTemp].setChecked(true);
-        });
-    }
-    const std::string destination = h.bazar.file("wall.xyz"), copied = noCopy + destination + " overwritten\r\n 1 file(s) copied.\r\n";
-};
-
-TEST_F(BazarTemp, GetsTheTextureUnderItsOwnName) {
+TEST_F(TroubledInsertion, CopiesTheTextureIntoBazarTempUnderItsOwnName) {
+    const std::string destination = folder.file("bazar/wall.xyz"), copied = noCopy + "bazar/wall.xyz overwritten| 1 file(s) copied.|";
     for (const auto& [type, start] : {std::pair{"DXT1", std::string{"BM"}}, std::pair{"DXT5", bytesOf("000002")}}) {
-        h.open({cdds, {chainOf("wall.xyz", type, 4, 4)}});
-        h.extract(DdsFileType, Embedded);
-        const std::string whole = h.archive();
-        EXPECT_EQ(copyTo(), copied);
-        EXPECT_TRUE(h.bazar.read("wall.xyz").starts_with(start)) << type;
-        ASSERT_NE(h.bazar.write("wall.xyz", "mine"), "");
-        h.boxes.answer = BoxAnswer::Cancel;
-        EXPECT_EQ(copyTo(true), noCopy + level0 + " inserted.\r\n3 Mipmap(s) inserted.\r\n" + destination);
-        EXPECT_EQ(h.bazar.read("wall.xyz"), "mine");
-        h.boxes.answer = BoxAnswer::Ok;
-        EXPECT_EQ(copyTo(), copied);
+        open({cdds, {chainOf("wall.xyz", type, 4, 4)}});
+        extract("eo!");
+        before = archive();
+        EXPECT_EQ(insert("eab!"), copied);
+        EXPECT_TRUE(folder.read("bazar/wall.xyz").starts_with(start)) << type;
+        (void)folder.write("bazar/wall.xyz", "mine");
+        boxes.answer = BoxAnswer::Cancel;
+        EXPECT_EQ(insert("ekb!"), noCopy + "out/wall-4x4.dds inserted.|3 Mipmap(s) inserted.|bazar/wall.xyz");
+        EXPECT_EQ(folder.read("bazar/wall.xyz"), "mine");
+        boxes.answer = BoxAnswer::Ok;
+        EXPECT_EQ(insert("eab!"), copied);
         const ShownBox question{"File wall.xyz already exists in Bazar Temp folder. Overwrite it ?", "File exists", BoxIcon::None,
                                 BoxButtons::OkCancel};
-        EXPECT_EQ(h.boxes.take(), (Boxes{question, question}));
-        EXPECT_TRUE(h.bazar.read("wall.xyz").starts_with(start) && h.archive() == whole) << type;
+        EXPECT_EQ(boxes.take(), (Boxes{question, question}));
+        EXPECT_TRUE(folder.read("bazar/wall.xyz").starts_with(start) && archive() == before) << type;
         std::filesystem::remove(destination);
     }
 }
 
-TEST_F(BazarTemp, GetsNothingWhereThereIsNothingToCopyOrNowhereToPutIt) {
-    EXPECT_EQ(copyTo(), noCopy) << "no such file";
+TEST_F(TroubledInsertion, CopiesNothingWhereThereIsNothingToCopyOrNowhereToPutIt) {
+    EXPECT_EQ(insert("eab!"), noCopy) << "no such file";
     put("wall-4x4.dds", "no picture");
-    EXPECT_EQ(copyTo(), noCopy);
-    const Boxes shown = h.boxes.take();
-    ASSERT_EQ(shown.size(), 2U);
-    EXPECT_EQ(shown[1], (ShownBox{"LoadImage " + level0 + " error", "StoreCopyInBazarTemp", BoxIcon::Critical, BoxButtons::Ok}));
-    h.extract(DdsFileType, Embedded);
-    h.session.archive.textures[0].name = "../wall";
-    EXPECT_EQ(copyTo(), noCopy);
-    expectBox("Store texture Copy Error : 52 Bad file name or number (../wall)", "Pelrath");
-    EXPECT_EQ(h.bazar.names(), Names{});
+    EXPECT_EQ(insert("eab!"), noCopy);
+    const ShownBox unreadable{"LoadImage " + folder.file("out/wall-4x4.dds") + " error", "StoreCopyInBazarTemp", BoxIcon::Critical, BoxButtons::Ok};
+    EXPECT_EQ(boxes.take().at(1), unreadable);
+    extract("eo!");
+    session.archive.textures[0].name = "../wall";
+    EXPECT_EQ(insert("eab!"), noCopy);
+    boxes.expect({"Store texture Copy Error : 52 Bad file name or number (../wall)", "Pelrath", BoxIcon::Critical});
+    EXPECT_EQ(files("bazar"), "");
 }
 
 }} // namespace pelrath::test

@@ -5,14 +5,11 @@
 #include "support/recording_boxes.hpp"
 #include "support/temporary_folder.hpp"
 
-namespace pelrath { namespace {
-
-using test::row;
-using test::ShownBox;
+namespace pelrath::test { namespace {
 
 TEST(Probe, ReadsTheHeadAndTellsWhatIsNotOne) {
-    const test::TemporaryFolder folder;
-    std::string whole = test::ddsFile("DXT5", 256, 128, "");
+    const TemporaryFolder folder;
+    std::string whole = ddsFile("DXT5", 256, 128, "");
     whole[24] = 7;
     whole[28] = 9;
     // Name, content, what is read, and the complaint behind the path.
@@ -24,7 +21,7 @@ TEST(Probe, ReadsTheHeadAndTellsWhatIsNotOne) {
     };
     (void)folder.write("whole", whole);
     for (const auto& [name, content, info, complaint] : cases) {
-        test::RecordingBoxes boxes;
+        RecordingBoxes boxes;
         const std::string path = content == nullptr ? folder.file(name) : folder.write(name, content);
         ImageInfo read{1, 2, 3, 4};
         EXPECT_EQ(getImageInfo(path, read, boxes), complaint == nullptr) << name;
@@ -54,8 +51,7 @@ TEST(FitQuad, NeverEnlargesAndKeepsTheShape) {
     }
 }
 
-class ViewerTest : public testing::Test {
-protected:
+struct ViewerTest : testing::Test {
     ViewerTest() {
         state.referenceWidth = state.referenceHeight = 512;
         state.clearColor = 0xFF102030;
@@ -65,15 +61,15 @@ protected:
         }
     }
     std::string stage(const char* fourCC, std::uint32_t width, std::uint32_t height, std::size_t dataSize) const {
-        return folder.write("tmp.dds", test::ddsFile(fourCC, width, height, std::string(dataSize, '\0')));
+        return folder.write("tmp.dds", ddsFile(fourCC, width, height, std::string(dataSize, '\0')));
     }
     [[nodiscard]] std::string modes() const { return row(cmdShow.selectedIndex(), cmdShow[1].enabled(), cmdShow[2].enabled()); }
 
-    test::TemporaryFolder folder;
+    TemporaryFolder folder;
     ViewerState state;
-    test::FakeSurface surface;
-    test::ScriptedPump pump;
-    test::RecordingBoxes boxes;
+    FakeSurface surface;
+    ScriptedPump pump;
+    RecordingBoxes boxes;
     Label Label11;
     OptionGroup<3> cmdShow;
     Connections clicks;
@@ -190,4 +186,4 @@ TEST_F(ViewerTest, StoppingAndStartingInsideTheLoopGoesOnInIt) {
     EXPECT_EQ(surface.record.frames.size(), 2U);
 }
 
-}} // namespace pelrath
+}} // namespace pelrath::test
