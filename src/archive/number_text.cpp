@@ -43,8 +43,6 @@ std::string_view upToEnd(const Room& room, const char* start) {
 
 } // namespace
 
-std::string decimalText(std::int64_t number) { return (number < 0 ? "" : " ") + std::to_string(number); }
-
 void appendRightAligned(std::string& line, std::string_view text, std::size_t width, std::size_t behind) {
     const std::size_t count = characterCount(text);
     if (count < width) line.append(width - count, ' ');

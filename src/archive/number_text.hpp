@@ -8,14 +8,11 @@
 /// How the listing writes its numbers.
 namespace pelrath {
 
-/// Decimal with a leading blank (42 gives " 42") or minus sign ("-7").
-[[nodiscard]] std::string decimalText(std::int64_t number);
-
 /// Appends a text right-aligned in `width` characters with `behind` blanks after it; a longer text is kept
 /// whole and pushes the rest of the line to the right.
 void appendRightAligned(std::string& line, std::string_view text, std::size_t width, std::size_t behind);
 
-/// The same for a number: decimal as decimalText() writes it, or upper-case hexadecimal without leading
+/// The same for a number: decimal with a leading blank or minus sign, or upper-case hexadecimal without leading
 /// zeros, a negative number as its 32-bit two's complement.
 void appendDecimal(std::string& line, std::int32_t number, std::size_t width, std::size_t behind);
 void appendHexadecimal(std::string& line, std::int32_t number, std::size_t width, std::size_t behind);

@@ -275,6 +275,22 @@ TEST(Insertion, TellsOnceThatTheArchiveHasVanished) {
     }
 }
 
+TEST_F(TroubledInsertion, SaysAllThatBecameOfTheArchiveAndNeverReplacesIt) {
+    extract("e!");
+    EXPECT_EQ(insert("sN!"), "No mipmap selected.|0 mipmap(s) inserted.|");
+    EXPECT_EQ(files("copies"), "");
+    std::filesystem::permissions(session.archivePath, std::filesystem::perms::owner_read);
+    const std::string attributes = "CDDS Attributes changed to Read ", rest = "out/wall-4x4.dds|" + attributes + "Only|3 mipmaps(s) inserted.";
+    EXPECT_EQ(insert("c!"), copyLine(0) + attributes + "Write|" + rest);
+    EXPECT_EQ(insert("ck!"), attributes + "Write|" + noCopy + rest);
+    boxes.take(); // the questions
+    session.archive.textures[0].name = "a.cdds";
+    session.settings.bazarTempFolder = folder.path();
+    (void)insert("ab!");
+    boxes.expect("is the open archive");
+    EXPECT_EQ(archive().size(), before.size());
+}
+
 TEST_F(TroubledInsertion, MakesItsSafeCopyUnderTheNextNumberThatNothingHas) {
     put("wall-4x4.dds", chain);
     (void)folder.write("copies/a-0.cdds", "earlier");
