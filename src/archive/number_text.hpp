@@ -12,8 +12,8 @@ namespace pelrath {
 /// whole and pushes the rest of the line to the right.
 void appendRightAligned(std::string& line, std::string_view text, std::size_t width, std::size_t behind);
 
-/// The same for a number: decimal with a leading blank or minus sign, or upper-case hexadecimal without leading
-/// zeros, a negative number as its 32-bit two's complement.
+/// The same for a number: decimal with a leading blank or minus sign, or upper-case hexadecimal without
+/// leading zeros, a negative number as its 32-bit two's complement.
 void appendDecimal(std::string& line, std::int32_t number, std::size_t width, std::size_t behind);
 void appendHexadecimal(std::string& line, std::int32_t number, std::size_t width, std::size_t behind);
 
