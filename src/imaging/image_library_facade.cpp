@@ -1,6 +1,9 @@
 #include "imaging/image_library_facade.hpp"
 
 #include "imaging/block_decoder.hpp"
+#include "imaging/block_refinement.hpp"
+#include "imaging/bound_pixels.hpp"
+#include "imaging/dds_header.hpp"
 #include "imaging/error_names.hpp"
 #include "imaging/library_error.hpp"
 #include "imaging/loadable_file.hpp"
@@ -245,6 +248,7 @@ bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overw
     }
     // An earlier save may have left its chain on the image.
     if (options_.imageType == IL_DDS && !options_.buildMipmaps) dropChain(sides, file);
+    if (options_.imageType == IL_DDS) refineLevels(file);
     if (options_.imageType == IL_TGA) declareAlpha(file);
     // The library does not see a file that it cannot open.
     if (!overwrite && fileExists(fileName)) throw ImageLibraryError{IL_FILE_ALREADY_EXISTS, "saveImage"};
@@ -256,6 +260,33 @@ bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overw
 /// Saving a chain leaves its last level as the one that the next call would work on.
 void ImageLibraryFacade::bindWholeImage() {
     library_.ilBindImage(static_cast<std::uint32_t>(library_.ilGetInteger(IL_CUR_IMAGE)));
+}
+
+/// Looks at the bound image and at the levels below it in turn. The whole image is bound afterwards.
+template <typename Work>
+void ImageLibraryFacade::forEachLevel(std::uint32_t levels, Work work) {
+    for (std::uint32_t level = 0; level < levels; ++level) {
+        // The library counts from the active level.
+        if (level > 0 && library_.ilActiveMipmap(1) == 0) {
+            discardErrors();
+            break;
+        }
+        work(boundPixels(library_));
+    }
+    if (levels > 1) bindWholeImage();
+}
+
+void ImageLibraryFacade::refineLevels(std::span<std::byte> file) {
+    const CheckedBytes header{file};
+    const BlockFormat format = blockFormatOf(header);
+    std::span<std::byte> blocks = file.subspan(LoadableFile::blocksAt);
+    forEachLevel(header.longAt(levelCountAt), [&](const Pixels& level) {
+        const std::uint64_t size = bytesPerLevel(format, level.sides.width, level.sides.height);
+        if (level.format != IL_RGBA || level.values.empty() || size > blocks.size()) return;
+        const auto ofLevel = static_cast<std::size_t>(size);
+        refineBlocks(format, level, blocks.first(ofLevel));
+        blocks = blocks.subspan(ofLevel);
+    });
 }
 
 bool ImageLibraryFacade::librarySaves(const std::string& fileName) {

@@ -7,7 +7,9 @@
 #include "imaging/trace.hpp"
 #include "platform/message_boxes.hpp"
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 
 namespace pelrath {
@@ -41,7 +43,8 @@ public:
 
     /// Converts the bound image as the options say, builds its levels if they want them, and writes it as
     /// the options' image type, whatever extension the name has and whatever `imageType` says. The file
-    /// appears whole or not at all; a file that was there stays as it was until then.
+    /// appears whole or not at all; a file that was there stays as it was until then. Blocks of a DDS file
+    /// that the library compressed badly are replaced (see refineBlocks()).
     bool saveImage(std::int32_t imageType, const std::string& fileName, bool overwrite);
 
     /// Switches one of the library's modes.
@@ -75,6 +78,9 @@ private:
     void prepareBoundImage(bool overwrite);
     bool writeBoundImage(const std::string& fileName, bool overwrite);
     void bindWholeImage();
+    template <typename Work>
+    void forEachLevel(std::uint32_t levels, Work work);
+    void refineLevels(std::span<std::byte> file);
     [[nodiscard]] bool librarySaves(const std::string& fileName);
     void scaleBoundImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);
 
