@@ -104,6 +104,21 @@ void save(benchmark::State& state, OutputFileType type, bool mipmaps) {
     report(state);
 }
 
+/// To half the width and height; the pixels counted are those before.
+void shrink(benchmark::State& state, std::int16_t filter) {
+    Workbench& bench = workbench();
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        bench.load(".tga");
+        state.ResumeTiming();
+        if (!bench.facade.scaleImage(side / 2, side / 2, filter)) std::abort();
+        state.PauseTiming();
+        bench.images.remove(bench.image);
+        state.ResumeTiming();
+    }
+    report(state);
+}
+
 std::vector<std::byte> blocksOf(BlockFormat format) {
     const std::string name = format == BlockFormat::Dxt1 ? "/source.dds" : "/source5.dds";
     std::ifstream file{workbench().folder + name, std::ios::binary};
@@ -142,7 +157,12 @@ BENCHMARK_CAPTURE(save, bmp, OutputFileType::Bmp, false)->Unit(benchmark::kMilli
 BENCHMARK_CAPTURE(save, tga, OutputFileType::Tga, false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(save, dxt1, OutputFileType::DdsDxt1, false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(save, dxt5, OutputFileType::DdsDxt5, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(save, dxt1_chain, OutputFileType::DdsDxt1, true)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(save, dxt5_chain, OutputFileType::DdsDxt5, true)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(shrink, nearest, std::int16_t{0})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(shrink, box, std::int16_t{3})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(shrink, triangle, std::int16_t{4})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(shrink, lanczos, std::int16_t{7})->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(decode, dxt1, BlockFormat::Dxt1)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(decode, dxt5, BlockFormat::Dxt5)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(decodeWithSquish, dxt1, BlockFormat::Dxt1)->Unit(benchmark::kMillisecond);

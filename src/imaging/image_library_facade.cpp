@@ -1,10 +1,14 @@
 #include "imaging/image_library_facade.hpp"
 
 #include "imaging/block_decoder.hpp"
+#include "imaging/block_refinement.hpp"
+#include "imaging/bound_pixels.hpp"
+#include "imaging/dds_header.hpp"
 #include "imaging/error_names.hpp"
 #include "imaging/library_error.hpp"
 #include "imaging/loadable_file.hpp"
 #include "imaging/memory_files.hpp"
+#include "imaging/resample.hpp"
 #include "imaging/saved_file.hpp"
 #include "platform/files.hpp"
 #include "platform/text.hpp"
@@ -18,6 +22,7 @@
 #include <filesystem>
 #include <new>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace pelrath {
@@ -31,6 +36,7 @@ struct ImageLibraryFacade::FailureWords {
 
 namespace {
 
+/// By ScaleFilter.
 constexpr std::array<ILenum, 9> scaleFilters{
     ILU_NEAREST,    ILU_LINEAR,        ILU_BILINEAR,       ILU_SCALE_BOX,      ILU_SCALE_TRIANGLE,
     ILU_SCALE_BELL, ILU_SCALE_BSPLINE, ILU_SCALE_LANCZOS3, ILU_SCALE_MITCHELL,
@@ -91,6 +97,12 @@ LoadableFile loadableFile(FileKind kind, const std::string& fileName) try {
     return makeLoadable(kind, bytesOf(fileName));
 } catch (const std::bad_alloc&) {
     refuse(Refusal::OutOfMemory);
+}
+
+/// Leaves pixels alone that the library keeps in another form than those they come from.
+void replacePixels(const Pixels& source, ScaleFilter filter, const Pixels& target) {
+    const bool alike = source.format == target.format && source.fromTop == target.fromTop;
+    if (alike && !source.values.empty() && !target.values.empty()) resample(source, filter, target);
 }
 
 /// A replaced file need not be opened for writing, so that what would have stopped that is looked at here.
@@ -215,13 +227,24 @@ void ImageLibraryFacade::prepareBoundImage(bool overwrite) {
     }
     if (!convertImage(options_.convertFormat, options_.convertType)) check();
     if (options_.imageType == IL_DDS && options_.buildMipmaps) {
-        if (library_.iluBuildMipmaps() != 0) {
+        if (buildChain()) {
             trace_.traceMessage("iluBuildMipmaps done.");
         } else {
             check();
         }
     }
     if (!setLibraryFlag(IL_FILE_OVERWRITE, overwrite)) check();
+}
+
+/// The library's levels drop pixels instead of averaging them.
+bool ImageLibraryFacade::buildChain() {
+    if (library_.iluBuildMipmaps() == 0) return false;
+    const Pixels whole = boundPixels(library_);
+    const auto below = static_cast<std::uint32_t>(library_.ilGetInteger(IL_NUM_MIPMAPS));
+    forEachLevel(below + 1, [&](const Pixels& level) {
+        if (level.values.data() != whole.values.data()) replacePixels(whole, ScaleFilter::Box, level);
+    });
+    return true;
 }
 
 bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overwrite) {
@@ -245,6 +268,7 @@ bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overw
     }
     // An earlier save may have left its chain on the image.
     if (options_.imageType == IL_DDS && !options_.buildMipmaps) dropChain(sides, file);
+    if (options_.imageType == IL_DDS) refineLevels(file);
     if (options_.imageType == IL_TGA) declareAlpha(file);
     // The library does not see a file that it cannot open.
     if (!overwrite && fileExists(fileName)) throw ImageLibraryError{IL_FILE_ALREADY_EXISTS, "saveImage"};
@@ -256,6 +280,33 @@ bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overw
 /// Saving a chain leaves its last level as the one that the next call would work on.
 void ImageLibraryFacade::bindWholeImage() {
     library_.ilBindImage(static_cast<std::uint32_t>(library_.ilGetInteger(IL_CUR_IMAGE)));
+}
+
+/// Looks at the bound image and at the levels below it in turn. The whole image is bound afterwards.
+template <typename Work>
+void ImageLibraryFacade::forEachLevel(std::uint32_t levels, Work work) {
+    for (std::uint32_t level = 0; level < levels; ++level) {
+        // The library counts from the active level.
+        if (level > 0 && library_.ilActiveMipmap(1) == 0) {
+            discardErrors();
+            break;
+        }
+        work(boundPixels(library_));
+    }
+    if (levels > 1) bindWholeImage();
+}
+
+void ImageLibraryFacade::refineLevels(std::span<std::byte> file) {
+    const CheckedBytes header{file};
+    const BlockFormat format = blockFormatOf(header);
+    std::span<std::byte> blocks = file.subspan(LoadableFile::blocksAt);
+    forEachLevel(header.longAt(levelCountAt), [&](const Pixels& level) {
+        const std::uint64_t size = bytesPerLevel(format, level.sides.width, level.sides.height);
+        if (level.format != IL_RGBA || level.values.empty() || size > blocks.size()) return;
+        const auto ofLevel = static_cast<std::size_t>(size);
+        refineBlocks(format, level, blocks.first(ofLevel));
+        blocks = blocks.subspan(ofLevel);
+    });
 }
 
 bool ImageLibraryFacade::librarySaves(const std::string& fileName) {
@@ -309,9 +360,21 @@ void ImageLibraryFacade::scaleBoundImage(std::int32_t width, std::int32_t height
     if (!possibleSides(std::max(width, 1), std::max(height, 1)) || width < 0 || height < 0) {
         throw ImageLibraryError{IL_BAD_DIMENSIONS, "scaleImage"};
     }
+    // The library's own scaling drops pixels where it shrinks.
+    Pixels before = boundPixels(library_);
+    std::vector<std::uint8_t> kept;
+    if (std::cmp_less(width, before.sides.width) || std::cmp_less(height, before.sides.height)) {
+        kept.assign(before.values.begin(), before.values.end());
+    }
     const bool scaled = library_.iluScale(static_cast<ILuint>(width), static_cast<ILuint>(height),
                                           static_cast<ILuint>(depth)) != 0;
-    if (!scaled) check();
+    if (!scaled) return check();
+    if (kept.empty()) return;
+    before.values = kept;
+    const auto inForce = static_cast<ILenum>(library_.iluGetInteger(ILU_FILTER));
+    const auto* const filter = std::find(scaleFilters.begin(), scaleFilters.end(), inForce);
+    if (filter == scaleFilters.end()) return;
+    replacePixels(before, static_cast<ScaleFilter>(filter - scaleFilters.begin()), boundPixels(library_));
 }
 
 /// Runs an operation and reports what it raises.

@@ -7,7 +7,9 @@
 #include "imaging/trace.hpp"
 #include "platform/message_boxes.hpp"
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 
 namespace pelrath {
@@ -39,9 +41,11 @@ public:
     /// 0..4 changes nothing and is no failure.
     bool setSaveImageOptions(std::int32_t fileType, std::int32_t& imageType, std::string& extension);
 
-    /// Converts the bound image as the options say, builds its levels if they want them, and writes it as
+    /// Converts the bound image as the options say, builds its levels if they want them (each is the whole
+    /// picture, averaged by the box filter), and writes it as
     /// the options' image type, whatever extension the name has and whatever `imageType` says. The file
-    /// appears whole or not at all; a file that was there stays as it was until then.
+    /// appears whole or not at all; a file that was there stays as it was until then. Blocks of a DDS file
+    /// that the library compressed badly are replaced (see refineBlocks()).
     bool saveImage(std::int32_t imageType, const std::string& fileName, bool overwrite);
 
     /// Switches one of the library's modes.
@@ -52,7 +56,8 @@ public:
 
     /// Sides in pixels, to 16384, and no more than 2^27 pixels in all; 0 counts as 1. Filter index 0..8:
     /// nearest, linear, bilinear, box, triangle, bell, B spline, Lanczos, Mitchell; any other leaves the
-    /// filter of an earlier call. True also when the library fails without a code.
+    /// filter of an earlier call. Where a side shrinks, the pixels are those of resample(). True also when
+    /// the library fails without a code.
     bool scaleImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);
 
     /// The code of the last library failure, for those who report what initImageLibrary() raised.
@@ -74,7 +79,11 @@ private:
     void putExactPixels(const LoadableFile& file);
     void prepareBoundImage(bool overwrite);
     bool writeBoundImage(const std::string& fileName, bool overwrite);
+    [[nodiscard]] bool buildChain();
     void bindWholeImage();
+    template <typename Work>
+    void forEachLevel(std::uint32_t levels, Work work);
+    void refineLevels(std::span<std::byte> file);
     [[nodiscard]] bool librarySaves(const std::string& fileName);
     void scaleBoundImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);
 

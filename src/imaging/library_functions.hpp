@@ -24,6 +24,7 @@ struct LibraryFunctions {
     void (*ilBindImage)(std::uint32_t image);
     std::uint8_t (*ilCopyImage)(std::uint32_t source);
     void (*ilDeleteImages)(std::size_t count, const std::uint32_t* images);
+    std::uint8_t (*ilActiveMipmap)(std::uint32_t level);
     std::uint8_t* (*ilGetData)();
     std::uint8_t (*ilLoad)(std::uint32_t imageType, const char* fileName);
     std::uint8_t (*ilSaveImage)(const char* fileName);

@@ -49,6 +49,45 @@ TEST_F(Saving, WritesEachOutputWholeAndUpright) {
     }
 }
 
+TEST_F(Saving, KeepsColoursOfOneBrightnessApart) {
+    const auto seen = [this](const char* name) {
+        std::string texels = pixelsOf(folder.file(name));
+        for (std::size_t i = 0; i < texels.size(); i += 4) {
+            if (texels[i + 3] == 0) texels.replace(i, 3, 3, '\0'); // nobody sees its colour
+        }
+        return texels;
+    };
+    const auto saved = [&](OutputFileType type, const std::string& tga) {
+        EXPECT_TRUE(facade.loadImage(folder.write("a.tga", tga), image) && save(type, "a.dds"));
+        return std::pair{seen("a.tga"), seen("a.dds")};
+    };
+    // Sides and pixels; whole blocks, cut ones, and ones with clear texels.
+    const std::tuple<const char*, const char*> pictures[] = {
+        {"w4 w4", "RRRB RBBB RRRB BBBR"},
+        {"w4 w4", "RGRG GGRR RRGG RRRR"},
+        {"w6 w3", "RBRBRB BBBRRR RBBBBR"},
+        {"w1 w2", "RB"},
+        {"w5 w6", "RB.BB BR..B .BRRR B.R.B .RBRR R...."},
+        {"w4 w4", ".... .... .... ...."},
+    };
+    for (const auto& [sides, letters] : pictures) {
+        for (const char* origin : {"2008", "2028"}) {
+            for (const OutputFileType type : {OutputFileType::DdsDxt1, OutputFileType::DdsDxt5}) {
+                const auto [before, after] = saved(type, bytesOf("000002 9*00 " + (sides + (" " + std::string{origin}))) + pixels(letters));
+                EXPECT_TRUE(before == after) << letters << ' ' << origin << static_cast<int>(type);
+            }
+        }
+    }
+    for (const auto& [start, step] : {std::pair{100, 1}, {60, 3}, {3, 36}}) {
+        std::string ramp = bytesOf("000002 9*00 w4 w4 2028");
+        for (int i = 0; i < 16; ++i) { ramp += std::string("abc") + static_cast<char>(start + step * (i % 8)); }
+        const auto [before, after] = saved(OutputFileType::DdsDxt5, ramp);
+        for (std::size_t i = 3; i < 64; i += 4) {
+            EXPECT_NEAR(static_cast<unsigned char>(before[i]), static_cast<unsigned char>(after[i]), 1) << start << ' ' << i;
+        }
+    }
+}
+
 TEST_F(Saving, TracesItsSteps) {
     const std::string converted = "ilConvertImage done sucessfully.";
     const std::string saved = "ilSave done sucessfully.";

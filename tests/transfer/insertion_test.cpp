@@ -4,7 +4,8 @@ namespace pelrath::test { namespace {
 
 using Boxes = std::vector<ShownBox>;
 
-constexpr int losses = 8; // of one compression, in a channel
+constexpr int losses = 8;     // of one compression, in a channel
+constexpr int softened = 100; // of the two colours where they meet in a smaller level
 constexpr auto cdds = CddsType::TypeCdds;
 
 // First lines of a summary.
@@ -86,7 +87,11 @@ TEST(Insertion, CreatesTheChainWithEachFilter) {
                 (void)h.folder.write("a.cdds", h.outside(before));
                 EXPECT_EQ(h.insert(kind + ("cf" + std::to_string(filter) + "!")), copyLine(filter) + "out/" + h.files() + "|5 mipmaps(s) inserted.");
                 EXPECT_TRUE(h.outside(h.archive()) == h.outside(before));
-                for (std::size_t i = 0; i < 3; ++i) { EXPECT_LE(h.difference(before, h.archive(), i), losses) << type << ' ' << filter << ' ' << i; }
+                // The two halves of a level stay apart only where each pixel lies in one of the level below.
+                const bool sharp = filter == 0 || filter == 2 || filter == 3;
+                for (std::size_t i = 0; i < 3; ++i) {
+                    EXPECT_LE(h.difference(before, h.archive(), i), sharp || i == 0 ? losses : softened) << type << ' ' << filter << ' ' << i;
+                }
                 EXPECT_EQ(h.levelOf(h.archive(), 4).find("####"), std::string::npos);
                 EXPECT_EQ(row(h.files(), h.files("program")), files);
             }
