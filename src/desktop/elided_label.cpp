@@ -12,7 +12,7 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
 
 void ElidedLabel::showText(const QString& text) {
     whole_ = text;
-    setToolTip(text);
+    setToolTip("<span>" + text.toHtmlEscaped() + "</span>"); // or it would be taken for markup
     setAccessibleName(text);
     fit();
 }

@@ -17,6 +17,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace pelrath::desktop {
 
 namespace {
@@ -164,12 +166,17 @@ void FolderPickerDialog::accept() {
         refused(typed);
         return;
     }
-    ok_->setEnabled(false);
+    enableOk(false);
     whetherThere(full.path, [this, typed, path = full.path, number = ++confirmations_](bool there) {
         if (number != confirmations_) return;
         if (there) confirmed(path);
         if (!there) refused(typed);
     });
+}
+
+void FolderPickerDialog::reject() {
+    ++confirmations_;
+    QDialog::reject();
 }
 
 void FolderPickerDialog::confirmed(const std::string& path) {
@@ -189,10 +196,14 @@ void FolderPickerDialog::refused(const std::string& typed) {
 
 void FolderPickerDialog::setStatusText(const std::string& text) { status_->showText(toQString(text)); }
 
-void FolderPickerDialog::enableOk(bool enabled) { ok_->setEnabled(enabled); }
+void FolderPickerDialog::enableOk(bool enabled) {
+    // Qt would hand the focus on to Cancel, and the next Enter would press it.
+    if (!enabled && ok_->hasFocus()) tree_->setFocus();
+    ok_->setEnabled(enabled);
+}
 
 void FolderPickerDialog::setSelection(const std::string& path) {
-    if (path == request_.initialFolder && first_.initial) {
+    if (path == request_.initialFolder && std::exchange(first_.initial, false)) { // known to be there
         tree_->choose(toQString(path));
         return;
     }

@@ -27,6 +27,8 @@ public:
 
     /// OK: closes it, once it is known that the folder is there.
     void accept() override;
+    /// Cancel: no answer that is still to come counts.
+    void reject() override;
 
 private:
     void setStatusText(const std::string& text) override;

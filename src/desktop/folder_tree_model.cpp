@@ -66,7 +66,7 @@ void FolderTreeModel::setRoot(const QString& folder) {
         return;
     }
     const QModelIndex computer = addPlace({}, "Computer", {}, QStyle::SP_ComputerIcon);
-    const QString home = toQString(specialFolderPath(special_folder::home));
+    const QString home = toQString(fullPath(specialFolderPath(special_folder::home)).path);
     if (!home.isEmpty() && home != "/") addPlace(computer, "Home", home, QStyle::SP_DirHomeIcon);
     addPlace(computer, "File System", "/", QStyle::SP_DriveHDIcon);
 }
@@ -80,7 +80,9 @@ QModelIndex FolderTreeModel::addPlace(const QModelIndex& parent, const QString& 
     place.icon = icon;
     place.place = row;
     if (path.isEmpty()) place.read = Node::Read::Done;
-    return index(row, 0, parent);
+    const QModelIndex added = index(row, 0, parent);
+    Q_EMIT dataChanged(added, added); // it came in as an ordinary folder
+    return added;
 }
 
 QString FolderTreeModel::path(const QModelIndex& index) {
@@ -116,7 +118,13 @@ QModelIndex FolderTreeModel::reveal(const QString& path) {
     if (!reached.isValid()) return {};
     const QString rest = path.mid(at(reached).path.size());
     for (const QString& name : rest.split('/', Qt::SkipEmptyParts)) {
-        if (!childByName(reached, name).isValid()) add(reached, {name});
+        if (!childByName(reached, name).isValid()) {
+            add(reached, {name});
+            // A listing that began before must not take it for one that has gone.
+            for (auto& [number, reading] : readings_) {
+                if (reading.folder == reached) reading.found << name;
+            }
+        }
         reached = childByName(reached, name);
         at(reached).revealed = true;
         Q_EMIT dataChanged(reached, reached, {HiddenRole});

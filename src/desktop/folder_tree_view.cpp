@@ -1,6 +1,7 @@
 #include "desktop/folder_tree_view.hpp"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QScrollBar>
 
 namespace pelrath::desktop {
@@ -57,6 +58,17 @@ FolderTreeView::FolderTreeView(QWidget* parent)
 void FolderTreeView::resizeEvent(QResizeEvent* event) {
     QTreeView::resizeEvent(event);
     header()->setMinimumSectionSize(viewport()->width()); // a row reaches from edge to edge
+}
+
+void FolderTreeView::keyPressEvent(QKeyEvent* event) {
+    following_ = false;
+    if (event->key() == Qt::Key_Asterisk) return; // would read every folder below at once
+    QTreeView::keyPressEvent(event);
+}
+
+void FolderTreeView::mousePressEvent(QMouseEvent* event) {
+    following_ = false;
+    QTreeView::mousePressEvent(event);
 }
 
 void FolderTreeView::begin(const QString& rootFolder) {

@@ -33,8 +33,8 @@ public:
 
     /// Fills the tree; an empty folder means all there is.
     void begin(const QString& rootFolder);
-    /// Chooses a folder that is there, and keeps it in sight until the user scrolls; nothing for one outside
-    /// the root.
+    /// Chooses a folder that is there, and keeps it in sight until the user does something in the tree;
+    /// nothing for one outside the root.
     void choose(const QString& folder);
     void showHidden(bool shown);
 
@@ -46,6 +46,8 @@ public:
     std::function<void()> choiceChanged; ///< whoever chose
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 

@@ -28,7 +28,10 @@ PathEdit::PathEdit(QWidget* parent)
     });
 }
 
-void PathEdit::setBase(const QString& folder) { base_ = folder.isEmpty() ? homeFolder() : folder; }
+void PathEdit::setBase(const QString& folder) {
+    base_ = folder.isEmpty() ? homeFolder() : folder;
+    listed_.reset();
+}
 
 QString PathEdit::meaningOf(const QString& typed) {
     const bool atHome = typed == "~" || typed.startsWith("~/");
@@ -40,18 +43,19 @@ void PathEdit::lookUp() {
     if (folder == listed_) return;
     listed_ = folder;
     found_->setStringList({});
-    const FullPath full = fullPath(toUtf8(meaningOf(folder)), toUtf8(base_));
+    const FullPath full = fullPath(folder.isEmpty() ? "." : toUtf8(meaningOf(folder)), toUtf8(base_));
     if (full.systemError != 0) return;
-    listFolders(background_, toQString(full.path), [this, folder](const FolderListing& listing) {
-        if (folder != listed_) return;
-        QStringList paths = found_->stringList();
-        for (const QString& name : listing.found) {
-            paths << folder + name;
-        }
-        paths.sort();
-        found_->setStringList(paths);
-        offer();
-    });
+    listFolders(background_, toQString(full.path),
+                [this, folder, number = ++lookUps_](const FolderListing& listing) {
+                    if (number != lookUps_) return;
+                    QStringList paths = found_->stringList();
+                    for (const QString& name : listing.found) {
+                        paths << folder + name;
+                    }
+                    paths.sort();
+                    found_->setStringList(paths);
+                    offer();
+                });
 }
 
 void PathEdit::offer() {

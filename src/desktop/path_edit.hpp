@@ -6,6 +6,7 @@
 #include <QStringListModel>
 
 #include <functional>
+#include <optional>
 
 class QCompleter;
 
@@ -31,7 +32,9 @@ private:
     void offer();
 
     QString base_;
-    QString listed_; // what was typed up to the last separator when completions were looked up
+    /// What was typed up to the last separator when completions were looked up; nothing for another base.
+    std::optional<QString> listed_;
+    int lookUps_ = 0;
     QStringListModel* found_;
     QCompleter* completer_;
     Background background_;

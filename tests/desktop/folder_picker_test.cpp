@@ -62,7 +62,7 @@ struct RealFolderPicker : RealUser {
     static bool isOpen() { return dialog<desktop::FolderPickerDialog>() != nullptr; }
     static FolderTreeView& tree() { return in<FolderTreeView>("tree"); }
     static QLineEdit& path() { return in<QLineEdit>("path"); }
-    static std::string status() { return in<QLabel>("status").toolTip().toStdString(); }
+    static std::string status() { return in<QLabel>("status").accessibleName().toStdString(); }
     static QPushButton& ok() { return *dialog<QDialog>()->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok); }
     static void type(const std::string& text) {
         path().setFocus();
