@@ -360,21 +360,35 @@ void ImageLibraryFacade::scaleBoundImage(std::int32_t width, std::int32_t height
     if (!possibleSides(std::max(width, 1), std::max(height, 1)) || width < 0 || height < 0) {
         throw ImageLibraryError{IL_BAD_DIMENSIONS, "scaleImage"};
     }
-    // The library's own scaling drops pixels where it shrinks.
-    Pixels before = boundPixels(library_);
-    std::vector<std::uint8_t> kept;
-    if (std::cmp_less(width, before.sides.width) || std::cmp_less(height, before.sides.height)) {
-        kept.assign(before.values.begin(), before.values.end());
-    }
+    const Pixels before = boundPixels(library_);
+    const Sides sides{static_cast<std::uint32_t>(std::max(width, 1)),
+                      static_cast<std::uint32_t>(std::max(height, 1))};
+    const std::vector<std::uint8_t> filtered = shrunken(before, sides);
     const bool scaled = library_.iluScale(static_cast<ILuint>(width), static_cast<ILuint>(height),
                                           static_cast<ILuint>(depth)) != 0;
     if (!scaled) return check();
-    if (kept.empty()) return;
-    before.values = kept;
+    if (filtered.empty()) return;
+    const Pixels after = boundPixels(library_);
+    const bool alike = after.format == before.format && after.fromTop == before.fromTop;
+    if (alike && after.values.size() == filtered.size()) {
+        std::copy(filtered.begin(), filtered.end(), after.values.begin());
+    }
+}
+
+/// The picture in smaller sides, with the filter in force: the library's own scaling drops pixels where it
+/// shrinks. Nothing where it does not, or keeps what cannot be filtered.
+std::vector<std::uint8_t> ImageLibraryFacade::shrunken(const Pixels& picture, Sides to) const {
+    const bool smaller = to.width < picture.sides.width || to.height < picture.sides.height;
+    if (picture.values.empty() || !smaller) return {};
     const auto inForce = static_cast<ILenum>(library_.iluGetInteger(ILU_FILTER));
     const auto* const filter = std::find(scaleFilters.begin(), scaleFilters.end(), inForce);
-    if (filter == scaleFilters.end()) return;
-    replacePixels(before, static_cast<ScaleFilter>(filter - scaleFilters.begin()), boundPixels(library_));
+    if (filter == scaleFilters.end()) return {};
+    std::vector<std::uint8_t> values(static_cast<std::size_t>(to.pixels()) * picture.channels);
+    Pixels target = picture;
+    target.sides = to;
+    target.values = values;
+    resample(picture, static_cast<ScaleFilter>(filter - scaleFilters.begin()), target);
+    return values;
 }
 
 /// Runs an operation and reports what it raises.

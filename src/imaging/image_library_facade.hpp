@@ -11,10 +11,12 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace pelrath {
 
 struct LoadableFile;
+struct Pixels;
 
 /// The layer through which pictures are loaded, converted, scaled and saved. Its operations work on the
 /// image that is bound in the library, whose images, error stack and settings are the process's own: one
@@ -85,6 +87,7 @@ private:
     void forEachLevel(std::uint32_t levels, Work work);
     void refineLevels(std::span<std::byte> file);
     [[nodiscard]] bool librarySaves(const std::string& fileName);
+    [[nodiscard]] std::vector<std::uint8_t> shrunken(const Pixels& picture, Sides to) const;
     void scaleBoundImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);
 
     MessageBoxes& boxes_;
