@@ -9,7 +9,8 @@
 #include <functional>
 #include <optional>
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 TEST(Signals, HandlersMayComeAndGoDuringAnEmission) {
     Signal<> signal;
@@ -77,7 +78,9 @@ TEST(Controls, ASetterThatChangesNothingDoesNothing) {
 TEST(OptionGroups, OnlyBecomingSelectedIsAClick) {
     OptionGroup<3> group;
     Log log;
-    for (std::size_t i = 0; i < group.size(); ++i) { log.watch(group[i].click, std::to_string(i)); }
+    for (std::size_t i = 0; i < group.size(); ++i) {
+        log.watch(group[i].click, std::to_string(i));
+    }
     EXPECT_EQ(group.selectedIndex(), -1);
     group[1].select();
     group[1].select();
@@ -120,7 +123,9 @@ TEST(ListBoxes, SelectAndClick) {
     };
     for (const auto& [name, choice, acts, result] : cases) {
         ListBox list{choice};
-        for (int i = 0; i < 10; ++i) { list.append(std::to_string(i)); }
+        for (int i = 0; i < 10; ++i) {
+            list.append(std::to_string(i));
+        }
         int clicks = 0;
         const Connection counter = list.click.connect([&] { ++clicks; });
         std::istringstream words{acts};
@@ -131,22 +136,32 @@ TEST(ListBoxes, SelectAndClick) {
             if (act == 'c') list.clear();
         }
         std::string selected;
-        for (int i = -1; i <= 10; ++i) { selected += list.isSelected(i) ? std::to_string(i) : ""; }
+        for (int i = -1; i <= 10; ++i) {
+            selected += list.isSelected(i) ? std::to_string(i) : "";
+        }
         std::string runs;
-        for (const auto& [first, last] : list.selectedRuns()) { runs += std::to_string(first) + "-" + std::to_string(last) + " "; }
+        for (const auto& [first, last] : list.selectedRuns()) {
+            runs += std::to_string(first) + "-" + std::to_string(last) + " ";
+        }
         EXPECT_EQ(row(selected, runs, clicks), result) << name;
     }
 }
 
 TEST(ListBoxSearch, FindsTheFirstFromTheTop) {
     ListBox list;
-    for (const char* line : {"Ab.bmp", "abc.bmp", "\u00C9tang", "", "zz"}) { list.append(line); }
-    const std::pair<const char*, int> cases[] = {{"a", 0}, {"ABC", 1}, {"abc.bmpx", -1}, {"\u00E9T", 2}, {"e", -1}, {"z", 4}, {"", -1}};
-    for (const auto& [prefix, found] : cases) { EXPECT_EQ(list.findPrefix(prefix), found) << prefix; }
+    for (const char* line : {"Ab.bmp", "abc.bmp", "\u00C9tang", "", "zz"}) {
+        list.append(line);
+    }
+    const std::pair<const char*, int> cases[] = {{"a", 0},  {"ABC", 1}, {"abc.bmpx", -1}, {"\u00E9T", 2},
+                                                 {"e", -1}, {"z", 4},   {"", -1}};
+    for (const auto& [prefix, found] : cases) {
+        EXPECT_EQ(list.findPrefix(prefix), found) << prefix;
+    }
     list.append("zap");
     EXPECT_EQ(list.findPrefix("za"), 5); // lines that came after a search
     list.clear();
     EXPECT_EQ(list.findPrefix("a"), -1);
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

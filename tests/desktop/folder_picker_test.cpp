@@ -21,7 +21,10 @@ void mayHang(const char* path) {
 }
 void answerAgain() { (hanging = false, hanging.notify_all()); }
 
-template <class Function> Function real(const char* name) { return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name)); }
+template <class Function>
+Function real(const char* name) {
+    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
 
 } // namespace
 
@@ -35,14 +38,16 @@ extern "C" int stat(const char* path, struct stat* info) noexcept {
     return real<int (*)(const char*, struct stat*)>("stat")(path, info);
 }
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 using desktop::FolderTreeView;
 
 // The real dialog, and a user in front of it.
 struct RealFolderPicker : RealUser {
     RealFolderPicker() {
-        browser.EditBox = browser.StatusText = browser.FileSystemOnly = browser.ValidateEditBox = browser.UseNewUI = true;
+        browser.EditBox = browser.StatusText = browser.FileSystemOnly = browser.ValidateEditBox =
+            browser.UseNewUI = true;
         make({"b10", "b9/inside", ".hidden/deep", "\u00C9t\u00E9 au lait", longName, "bad\xFFname", "real"});
         (void)folder.write("file", "");
         std::filesystem::create_directory_symlink("real", folder.file("link"));
@@ -51,7 +56,9 @@ struct RealFolderPicker : RealUser {
         std::filesystem::create_symlink("file", folder.file("file-link"));
     }
     void make(std::initializer_list<std::string> names) const {
-        for (const std::string& name : names) { std::filesystem::create_directories(folder.file(name)); }
+        for (const std::string& name : names) {
+            std::filesystem::create_directories(folder.file(name));
+        }
     }
     // Lets the user do it and says what was chosen.
     std::string run() {
@@ -63,7 +70,9 @@ struct RealFolderPicker : RealUser {
     static FolderTreeView& tree() { return in<FolderTreeView>("tree"); }
     static QLineEdit& path() { return in<QLineEdit>("path"); }
     static std::string status() { return in<QLabel>("status").accessibleName().toStdString(); }
-    static QPushButton& ok() { return *dialog<QDialog>()->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok); }
+    static QPushButton& ok() {
+        return *dialog<QDialog>()->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    }
     static void type(const std::string& text) {
         path().setFocus();
         path().selectAll();
@@ -72,17 +81,21 @@ struct RealFolderPicker : RealUser {
         QApplication::sendEvent(&path(), &event);
     }
     tour::UserScript& untilChosen(const std::string& what) {
-        return user.until(QString::fromStdString(what), [what] { return isOpen() && tree().chosenPath().toStdString() == what; });
+        return user.until(QString::fromStdString(what),
+                          [what] { return isOpen() && tree().chosenPath().toStdString() == what; });
     }
     // The rows under the chosen folder.
     static std::string rows() {
         QStringList names;
         const QModelIndex chosen = tree().currentIndex();
-        for (int i = 0; i < tree().model()->rowCount(chosen); ++i) { names << tree().model()->index(i, 0, chosen).data().toString(); }
+        for (int i = 0; i < tree().model()->rowCount(chosen); ++i) {
+            names << tree().model()->index(i, 0, chosen).data().toString();
+        }
         return names.join('|').toStdString();
     }
     tour::UserScript& untilRows(const std::string& expected) {
-        return user.until(QString::fromStdString(expected), [expected] { return isOpen() && rows() == expected; });
+        return user.until(QString::fromStdString(expected),
+                          [expected] { return isOpen() && rows() == expected; });
     }
 
     const std::string longName = std::string(254, 'n') + "x";
@@ -95,20 +108,22 @@ struct RealFolderPicker : RealUser {
 TEST_F(RealFolderPicker, ATypedPathIsTakenIfItLeadsToAFolder) {
     const std::string top = folder.path();
     // What is typed over the initial folder, and the path that comes back; none: it leads to no folder.
-    const std::pair<std::string, std::string> cases[] = {{top, top},
-                                                         {top + "//b9/../real/", top + "/real"},
-                                                         {"b9/inside", top + "/b9/inside"},
-                                                         {"..", std::string{parentFolder(top)}},
-                                                         {"~", std::getenv("HOME")},
-                                                         {"/", "/"},
-                                                         {"\u00C9t\u00E9 au lait", top + "/\u00C9t\u00E9 au lait"},
-                                                         {top + "/link", top + "/link"},
-                                                         {top + "/" + longName, ""}, // longer than a path can be
-                                                         {top + "/file", ""},
-                                                         {top + "/no such", ""},
-                                                         {" ", ""}};
+    const std::pair<std::string, std::string> cases[] = {
+        {top, top},
+        {top + "//b9/../real/", top + "/real"},
+        {"b9/inside", top + "/b9/inside"},
+        {"..", std::string{parentFolder(top)}},
+        {"~", std::getenv("HOME")},
+        {"/", "/"},
+        {"\u00C9t\u00E9 au lait", top + "/\u00C9t\u00E9 au lait"},
+        {top + "/link", top + "/link"},
+        {top + "/" + longName, ""}, // longer than a path can be
+        {top + "/file", ""},
+        {top + "/no such", ""},
+        {" ", ""}};
     std::string refused;
-    const Connection failed = browser.ValidationFailed.connect([&](const std::string& sPath, bool& /*bKeepOpen*/) { refused = sPath; });
+    const Connection failed = browser.ValidationFailed.connect(
+        [&](const std::string& sPath, bool& /*bKeepOpen*/) { refused = sPath; });
     for (const auto& [typed, chosen] : cases) {
         browser.InitialDir = top;
         refused.clear();
@@ -118,7 +133,8 @@ TEST_F(RealFolderPicker, ATypedPathIsTakenIfItLeadsToAFolder) {
             press(path(), Qt::Key_Return);
         });
         EXPECT_EQ(run(), chosen);
-        EXPECT_EQ(row(browser.DisplayName(), refused), row(chosen == "/" ? "/" : fileName(chosen), chosen.empty() ? typed : ""));
+        EXPECT_EQ(row(browser.DisplayName(), refused),
+                  row(chosen == "/" ? "/" : fileName(chosen), chosen.empty() ? typed : ""));
     }
 }
 
@@ -133,7 +149,8 @@ TEST_F(RealFolderPicker, TheTreeIsWalkedWithTheKeys) {
         in<QCheckBox>("hidden").click(); // its row goes
         press(tree(), Qt::Key_Home);
         press(tree(), Qt::Key_Down, 6);
-        EXPECT_EQ(row(status(), path().text().toStdString(), ok().isEnabled()), ", , false"); // no path can be that long
+        EXPECT_EQ(row(status(), path().text().toStdString(), ok().isEnabled()),
+                  ", , false"); // no path can be that long
         press(tree(), Qt::Key_Up);
         press(tree(), Qt::Key_Right); // a link to the folder itself
     });
@@ -148,8 +165,10 @@ TEST_F(RealFolderPicker, TheTreeIsWalkedWithTheKeys) {
 
 TEST_F(RealFolderPicker, EventsMayForbidAndKeepOpen) {
     Connections handlers;
-    handlers.push_back(browser.SelectionChanged.connect([&](const std::string& sPath, bool& bAllowOk) { bAllowOk = !sPath.ends_with("/b10"); }));
-    handlers.push_back(browser.ValidationFailed.connect([](const std::string& /*sPath*/, bool& bKeepOpen) { bKeepOpen = true; }));
+    handlers.push_back(browser.SelectionChanged.connect(
+        [&](const std::string& sPath, bool& bAllowOk) { bAllowOk = !sPath.ends_with("/b10"); }));
+    handlers.push_back(browser.ValidationFailed.connect(
+        [](const std::string& /*sPath*/, bool& bKeepOpen) { bKeepOpen = true; }));
     browser.InitialDir = folder.path();
     untilChosen(folder.path()).then([&] { browser.SetFolder(folder.file("b10")); });
     untilChosen(folder.file("b10")).then([] {
@@ -174,23 +193,28 @@ TEST_F(RealFolderPicker, WhatHasNoPathCannotBeChosenButWhereItMay) {
         browser.FileSystemOnly = fileSystemOnly;
         browser.RootDir = folder.file("none"); // no folder: everything is shown
         browser.InitialDir = folder.file("none");
-        user.until("the tree", [] { return isOpen() && tree().model()->rowCount() == 1; }).then([fileSystemOnly] {
-            EXPECT_EQ(row(tree().hasChoice(), ok().isEnabled()), "false, false");
-            press(tree(), Qt::Key_Space);
-            EXPECT_EQ(row(tree().chosenName().toStdString(), status(), ok().isEnabled()), row("Computer", "", !fileSystemOnly));
-            press(tree(), fileSystemOnly ? Qt::Key_Escape : Qt::Key_Return);
-        });
+        user.until("the tree", [] { return isOpen() && tree().model()->rowCount() == 1; })
+            .then([fileSystemOnly] {
+                EXPECT_EQ(row(tree().hasChoice(), ok().isEnabled()), "false, false");
+                press(tree(), Qt::Key_Space);
+                EXPECT_EQ(row(tree().chosenName().toStdString(), status(), ok().isEnabled()),
+                          row("Computer", "", !fileSystemOnly));
+                press(tree(), fileSystemOnly ? Qt::Key_Escape : Qt::Key_Return);
+            });
         EXPECT_EQ(run(), "");
         EXPECT_EQ(browser.DisplayName(), fileSystemOnly ? "" : "Computer");
     }
 }
 
 TEST_F(RealFolderPicker, WithoutOptionsThereIsOnlyTheTree) {
-    browser.EditBox = browser.StatusText = browser.FileSystemOnly = browser.ValidateEditBox = browser.UseNewUI = false;
+    browser.EditBox = browser.StatusText = browser.FileSystemOnly = browser.ValidateEditBox =
+        browser.UseNewUI = false;
     browser.title = "Where <b>to</b> & fro?";
     browser.InitialDir = folder.file("real");
     untilChosen(browser.InitialDir).then([] {
-        for (const char* name : {"status", "path", "newFolder", "hidden"}) { EXPECT_FALSE(in<QWidget>(name).isVisible()) << name; }
+        for (const char* name : {"status", "path", "newFolder", "hidden"}) {
+            EXPECT_FALSE(in<QWidget>(name).isVisible()) << name;
+        }
         EXPECT_TRUE(tree().hasFocus());
         EXPECT_EQ(in<QLabel>("instruction").text(), "Where <b>to</b> & fro?");
         EXPECT_EQ(in<QLabel>("instruction").textFormat(), Qt::PlainText);
@@ -212,13 +236,14 @@ TEST_F(RealFolderPicker, AFolderThatDoesNotAnswerHoldsUpNothing) {
         press(tree(), Qt::Key_Down, 4);
         press(tree(), Qt::Key_Right); // never gets its rows
     });
-    user.until("a word about it", [] { return tree().currentIndex().data().toString().contains("reading"); }).then([&] {
-        ok().click(); // waits for an answer
-        EXPECT_FALSE(ok().isEnabled());
-        type(folder.file("real/hang"));
-        EXPECT_TRUE(ok().isEnabled());
-        answerAgain(); // too late
-    });
+    user.until("a word about it", [] { return tree().currentIndex().data().toString().contains("reading"); })
+        .then([&] {
+            ok().click(); // waits for an answer
+            EXPECT_FALSE(ok().isEnabled());
+            type(folder.file("real/hang"));
+            EXPECT_TRUE(ok().isEnabled());
+            answerAgain(); // too late
+        });
     user.until("a few turns", [turns = 0]() mutable { return ++turns > 10; }).then([this] {
         ASSERT_TRUE(isOpen() && ok().isEnabled());
         type(folder.file("b10"));
@@ -259,4 +284,5 @@ TEST_F(RealFolderPicker, FoldersComeAndGoMeanwhile) {
     EXPECT_EQ(run(), "");
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

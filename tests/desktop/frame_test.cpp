@@ -6,13 +6,16 @@
 #include <cstring>
 #include <random>
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 struct Color {
     double r = 0, g = 0, b = 0, a = 1; // 0 to 1
 };
 
-Color mix(const Color& p, const Color& q, double t) { return {p.r + (q.r - p.r) * t, p.g + (q.g - p.g) * t, p.b + (q.b - p.b) * t, 1}; }
+Color mix(const Color& p, const Color& q, double t) {
+    return {p.r + (q.r - p.r) * t, p.g + (q.g - p.g) * t, p.b + (q.b - p.b) * t, 1};
+}
 
 // The DXT formats as they are defined, texel by texel and slowly.
 Color texelOf(const std::string& blocks, bool dxt5, std::uint32_t width, std::uint32_t x, std::uint32_t y) {
@@ -22,13 +25,16 @@ Color texelOf(const std::string& blocks, bool dxt5, std::uint32_t width, std::ui
         std::memcpy(&value, &blocks[at + from], bytes);
         return value;
     };
-    const auto endPoint = [](std::uint64_t v) { return Color{double(v >> 11U) / 31, double(v >> 5U & 63U) / 63, double(v & 31U) / 31}; };
+    const auto endPoint = [](std::uint64_t v) {
+        return Color{double(v >> 11U) / 31, double(v >> 5U & 63U) / 63, double(v & 31U) / 31};
+    };
     const std::uint64_t place = (y % 4) * 4 + x % 4;
     const std::size_t colors = dxt5 ? 8 : 0;
     const Color p = endPoint(number(colors, 2));
     const Color q = endPoint(number(colors + 2, 2));
     const bool four = dxt5 || number(colors, 2) > number(colors + 2, 2);
-    const Color palette[] = {p, q, mix(p, q, four ? 1 / 3.0 : 0.5), four ? mix(p, q, 2 / 3.0) : Color{0, 0, 0, 0}};
+    const Color palette[] = {p, q, mix(p, q, four ? 1 / 3.0 : 0.5),
+                             four ? mix(p, q, 2 / 3.0) : Color{0, 0, 0, 0}};
     Color color = palette[number(colors + 4, 4) >> 2 * place & 3U];
     if (!dxt5) return color;
     const auto a0 = double(number(0, 1));
@@ -43,7 +49,9 @@ Color texelOf(const std::string& blocks, bool dxt5, std::uint32_t width, std::ui
 // Both texels where the pixel's centre lies between two.
 std::vector<std::uint32_t> texels(std::uint32_t pixel, double quadSide, std::uint32_t side) {
     const double at = (pixel + 0.5) * side / quadSide;
-    const auto inside = [side](double texel) { return static_cast<std::uint32_t>(std::clamp(texel, 0.0, side - 1.0)); };
+    const auto inside = [side](double texel) {
+        return static_cast<std::uint32_t>(std::clamp(texel, 0.0, side - 1.0));
+    };
     const double nearest = std::round(at);
     if (std::abs(at - nearest) < 1e-3) return {inside(nearest), inside(nearest - 1)};
     return {inside(std::floor(at))};
@@ -52,14 +60,18 @@ std::vector<std::uint32_t> texels(std::uint32_t pixel, double quadSide, std::uin
 Color blended(const Color& t, const Color& b, Blend blend) {
     const auto each = [&](double texture, double background) {
         if (blend == Blend::None) return texture;
-        return std::min(blend == Blend::Mask ? texture + background * (1 - t.a) : texture * (1 - t.a) + background * t.a, 1.0);
+        return std::min(blend == Blend::Mask ? texture + background * (1 - t.a)
+                                             : texture * (1 - t.a) + background * t.a,
+                        1.0);
     };
     return {each(t.r, b.r), each(t.g, b.g), each(t.b, b.b), 1};
 }
 
 bool near(const Color& expected, const std::byte* pixel) {
     constexpr double tolerance = 2.6 / 255; // rounding of the decoder, and of the blend on top of it
-    const auto close = [&](double value, int i) { return std::abs(value - std::to_integer<int>(pixel[i]) / 255.0) <= tolerance; };
+    const auto close = [&](double value, int i) {
+        return std::abs(value - std::to_integer<int>(pixel[i]) / 255.0) <= tolerance;
+    };
     return close(expected.r, 0) && close(expected.g, 1) && close(expected.b, 2) && pixel[3] == std::byte{255};
 }
 
@@ -82,7 +94,8 @@ TEST_P(Frames, EqualTheBlendEquationsAtEveryPixel) {
         const std::int32_t viewport = shown < 3 ? 512 : 256;
         const Blend blend = std::array{Blend::None, Blend::Mask, Blend::InverseBoth}.at(shown % 3);
         state.viewPortWidth = state.viewPortHeight = viewport;
-        const double scale = std::min({1.0, viewport / double(width), viewport / double(height)}) * 512 / viewport;
+        const double scale =
+            std::min({1.0, viewport / double(width), viewport / double(height)}) * 512 / viewport;
         device->drawFrame({0xFF2060A0, blend, 1, fitQuad(width, height, state)});
         const auto pixels = dynamic_cast<GlRenderer&>(*device).readBackBuffer();
         int wrong = 0;
@@ -107,8 +120,11 @@ TEST_P(Frames, EqualTheBlendEquationsAtEveryPixel) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, Frames,
-                         testing::Values(Size{1, 1, false}, Size{2, 1, true}, Size{3, 5, true}, Size{4, 4, false}, Size{64, 32, true},
-                                         Size{37, 53, false}, Size{300, 200, true}, Size{512, 512, false}, Size{1024, 256, true},
-                                         Size{600, 1024, false}, Size{1, 2048, true}, Size{2048, 2048, false}));
+                         testing::Values(Size{1, 1, false}, Size{2, 1, true}, Size{3, 5, true},
+                                         Size{4, 4, false}, Size{64, 32, true}, Size{37, 53, false},
+                                         Size{300, 200, true}, Size{512, 512, false}, Size{1024, 256, true},
+                                         Size{600, 1024, false}, Size{1, 2048, true},
+                                         Size{2048, 2048, false}));
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

@@ -15,7 +15,9 @@ struct RealUser : testing::Test {
     void runFor(
         const std::function<void()>& program, const std::function<void()>& end = [] {}) {
         user.onGivingUp = [end] {
-            while (QWidget* open = QApplication::activeModalWidget()) { open->close(); }
+            while (QWidget* open = QApplication::activeModalWidget()) {
+                open->close();
+            }
             end();
         };
         user.start();
@@ -23,16 +25,24 @@ struct RealUser : testing::Test {
         EXPECT_TRUE(user.finished()) << "missed: " << user.missed().toStdString();
     }
     /// The innermost dialog, if it is one of that kind.
-    template <class Dialog> static Dialog* dialog() { return dynamic_cast<Dialog*>(QApplication::activeModalWidget()); }
-    template <class Widget> static Widget& in(const char* name) { return *dialog<QWidget>()->findChild<Widget*>(name); }
-    template <class Dialog> tour::UserScript& untilDialog() {
+    template <class Dialog>
+    static Dialog* dialog() {
+        return dynamic_cast<Dialog*>(QApplication::activeModalWidget());
+    }
+    template <class Widget>
+    static Widget& in(const char* name) {
+        return *dialog<QWidget>()->findChild<Widget*>(name);
+    }
+    template <class Dialog>
+    tour::UserScript& untilDialog() {
         return user.until("the dialog", [] { return dialog<Dialog>() != nullptr; });
     }
     void acceptMessage() {
         untilDialog<QMessageBox>().then([] { dialog<QMessageBox>()->accept(); });
     }
     static void press(QWidget& widget, Qt::Key key, int times = 1) {
-        for (; times > 0; --times) QTest::keyClick(&widget, key);
+        for (; times > 0; --times)
+            QTest::keyClick(&widget, key);
     }
 
     tour::UserScript user;

@@ -5,7 +5,8 @@
 #include "support/archive_builder.hpp"
 #include "support/temporary_folder.hpp"
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 using desktop::ListBoxView;
 
@@ -19,8 +20,12 @@ struct RealWindow : RealUser {
             {{"first.bmp", "DXT1", {{64, 32, plainBlocks(64, 32, 0xF800)}}},
              {"abc.bmp", "DXT1", {{1024, 512, plainBlocks(1024, 512, 0x07E0)}}},
              {"abd.bmp", "DXT1", {{4, 4, plainBlocks(4, 4, 0x001F)}}},
-             {"\xE9toile.tga", "DXT5", {{4, 4, std::string(8, '\0') + plainBlocks(4, 4, 0xFFFF)}, {2, 2, std::string(16, '\0')}}}}};
-        for (int i = 0; i < 200; ++i) { builder.textures.push_back({"more" + std::to_string(i), "ARGB", {}}); }
+             {"\xE9toile.tga",
+              "DXT5",
+              {{4, 4, std::string(8, '\0') + plainBlocks(4, 4, 0xFFFF)}, {2, 2, std::string(16, '\0')}}}}};
+        for (int i = 0; i < 200; ++i) {
+            builder.textures.push_back({"more" + std::to_string(i), "ARGB", {}});
+        }
         archive = folder.write("demo.cdds", builder.build());
     }
 
@@ -48,15 +53,21 @@ struct RealWindow : RealUser {
             .until("the picture", [this] { return pixelAt(0, 0) == QColor(255, 0, 0); });
     }
 
-    template <class Widget> Widget& widget(const char* name) { return *program.window.findChild<Widget*>(name); }
+    template <class Widget>
+    Widget& widget(const char* name) {
+        return *program.window.findChild<Widget*>(name);
+    }
     ListBoxView& list(const char* name) { return widget<ListBoxView>(name); }
     int chosenRow(const char* name) {
         const QModelIndexList rows = list(name).selectionModel()->selectedIndexes();
         return rows.size() == 1 ? rows[0].row() : -1;
     }
-    QColor pixelAt(int x, int y) { return widget<desktop::ViewportWidget>("viewport").grabFramebuffer().pixelColor(x, y); }
+    QColor pixelAt(int x, int y) {
+        return widget<desktop::ViewportWidget>("viewport").grabFramebuffer().pixelColor(x, y);
+    }
     void click(ListBoxView& view, int row) {
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {},
+                          view.visualRect(view.model()->index(row, 0)).center());
     }
 
     TemporaryFolder folder;
@@ -67,9 +78,13 @@ struct RealWindow : RealUser {
 TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
     openArchive();
     auto& box = widget<QLineEdit>("incrementalSearchText");
-    const auto chosen = [this] { return row(chosenRow("Output0"), chosenRow("incrementalSearchList"), chosenRow("Output1")); };
+    const auto chosen = [this] {
+        return row(chosenRow("Output0"), chosenRow("incrementalSearchList"), chosenRow("Output1"));
+    };
     user.then([&, chosen] {
-            EXPECT_EQ(row(program.window.windowTitle().toStdString(), widget<QLineEdit>("Text4").text().toStdString()), "Pelrath V1.0-1,     204 ");
+            EXPECT_EQ(row(program.window.windowTitle().toStdString(),
+                          widget<QLineEdit>("Text4").text().toStdString()),
+                      "Pelrath V1.0-1,     204 ");
             EXPECT_EQ(box.text(), "first.bmp");
             EXPECT_EQ(pixelAt(63, 31), QColor(255, 0, 0));
             EXPECT_EQ(pixelAt(64, 31), QColor(0, 0, 0)); // the clear colour beside the quad
@@ -84,7 +99,9 @@ TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
             press(box, Qt::Key_Up);
             EXPECT_EQ(chosen(), "1, 1, 1");
         })
-        .until("the fitted picture", [this] { return pixelAt(511, 255) == QColor(0, 255, 0) && pixelAt(511, 256) == QColor(0, 0, 0); })
+        .until(
+            "the fitted picture",
+            [this] { return pixelAt(511, 255) == QColor(0, 255, 0) && pixelAt(511, 256) == QColor(0, 0, 0); })
         .then([this] { click(list("Output0"), 3); })
         .until("soft alpha on offer", [this] { return widget<QRadioButton>("cmdShow1").isEnabled(); })
         .then([&] {
@@ -95,8 +112,8 @@ TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
         .until("the mask", [this] { return pixelAt(9, 9) == QColor(255, 0, 0); })
         .then([this] { widget<QRadioButton>("viewPortSize0").click(); })
         .until("the small viewport", [this] {
-            return widget<QWidget>("viewport").size() == QSize(256, 256) && pixelAt(3, 3) == QColor(255, 255, 255) &&
-                   pixelAt(4, 4) == QColor(255, 0, 0);
+            return widget<QWidget>("viewport").size() == QSize(256, 256) &&
+                   pixelAt(3, 3) == QColor(255, 255, 255) && pixelAt(4, 4) == QColor(255, 0, 0);
         });
     run();
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"Pelrath.ini", "demo.cdds"}));
@@ -115,18 +132,21 @@ TEST_F(RealWindow, TheLoopStopsAndStartsButNotInsideAMessageBox) {
             click(list("Output0"), 1);
             display.click();
         })
-        .until("the picture", [this] { return program.session.viewer.Running && pixelAt(0, 0) == QColor(0, 255, 0); })
+        .until("the picture",
+               [this] { return program.session.viewer.Running && pixelAt(0, 0) == QColor(0, 255, 0); })
         .then([&] {
             display.click();
             (void)folder.write("demo.cdds", "short"); // replaced while it is open
         })
         .then([&] { display.click(); });
-    untilDialog<QMessageBox>().until("some time", [turns = 0]() mutable { return ++turns > 10; }).then([this] {
-        // A loop in there would keep the reaction behind the box from going on.
-        EXPECT_FALSE(program.session.viewer.Running);
-        EXPECT_TRUE(dialog<QMessageBox>()->text().contains("has become shorter"));
-        dialog<QMessageBox>()->accept();
-    });
+    untilDialog<QMessageBox>()
+        .until("some time", [turns = 0]() mutable { return ++turns > 10; })
+        .then([this] {
+            // A loop in there would keep the reaction behind the box from going on.
+            EXPECT_FALSE(program.session.viewer.Running);
+            EXPECT_TRUE(dialog<QMessageBox>()->text().contains("has become shorter"));
+            dialog<QMessageBox>()->accept();
+        });
     untilLoop().then([this] {
         EXPECT_EQ(widget<QLabel>("Label11").text(), "Texture not available !");
         widget<QPushButton>("cmdReadCDDS").click(); // no archive any more, so that the first row is chosen
@@ -159,7 +179,8 @@ TEST_F(RealWindow, RefusingByTheFrameEndsTheProgram) {
 }
 
 TEST_F(RealWindow, APlaceOffEveryScreenIsKeptAndTheWindowReachable) {
-    (void)folder.write("Pelrath.ini", "[Settings]\nMainTop=9000\nMainLeft=-9000\n[Setup]\nfirsttimedone=True\n");
+    (void)folder.write("Pelrath.ini",
+                       "[Settings]\nMainTop=9000\nMainLeft=-9000\n[Setup]\nfirsttimedone=True\n");
     untilLoop().then([this] {
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         EXPECT_TRUE(screen.intersects(program.window.frameGeometry()));
@@ -187,7 +208,11 @@ TEST_F(RealWindow, AWorkingFolderIsAskedForUntilThereIsOne) {
     });
     acceptMessage();
     untilDialog<desktop::FolderChoiceDialog>()
-        .until("the focus", [] { return QApplication::focusWidget() != nullptr && QApplication::focusWidget()->objectName() == "selectedFolder"; })
+        .until("the focus",
+               [] {
+                   return QApplication::focusWidget() != nullptr &&
+                          QApplication::focusWidget()->objectName() == "selectedFolder";
+               })
         .then([] {
             QTest::keyClicks(QApplication::focusWidget(), "/no such");
             press(*QApplication::focusWidget(), Qt::Key_Return);
@@ -196,7 +221,8 @@ TEST_F(RealWindow, AWorkingFolderIsAskedForUntilThereIsOne) {
     user.then([] { in<QPushButton>("cmdGetExtractInsertFolder").click(); });
     untilDialog<desktop::FolderPickerDialog>(); // the close comes over all of them
     run();
-    EXPECT_EQ(row(program.session.settings.bazarTempFolder, program.session.settings.cddsBackupFolder), "/no such, ");
+    EXPECT_EQ(row(program.session.settings.bazarTempFolder, program.session.settings.cddsBackupFolder),
+              "/no such, ");
     EXPECT_NE(folder.read("Pelrath.ini").find("bazartempfolder=/no such\n"), std::string::npos);
 }
 
@@ -218,7 +244,8 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
         for (const QWidget* view : program.window.findChildren<QWidget*>()) {
             if (view->objectName().startsWith("qt_") || view->focusPolicy() == Qt::NoFocus) continue;
             QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(view));
-            if (spoken == nullptr || spoken->text(QAccessible::Name).isEmpty()) nameless << view->objectName();
+            if (spoken == nullptr || spoken->text(QAccessible::Name).isEmpty())
+                nameless << view->objectName();
         }
         EXPECT_EQ(nameless.join(' ').toStdString(), "");
         EXPECT_EQ(program.main.window.handle(), program.window.winId());
@@ -229,8 +256,10 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
             visited << QApplication::focusWidget()->objectName();
             press(*QApplication::focusWidget(), Qt::Key_Tab);
         }
-        EXPECT_EQ(visited.mid(0, 6).join(' ').toStdString(), "Text1 Command1 cmdReadCDDS Text8 cmdGetExtractInsertFolder incrementalSearchText");
-        for (const char* name : {"Output0", "Output1", "Output2", "chkGraphicDisplay", "viewPortSize1", "Text5"}) {
+        EXPECT_EQ(visited.mid(0, 6).join(' ').toStdString(),
+                  "Text1 Command1 cmdReadCDDS Text8 cmdGetExtractInsertFolder incrementalSearchText");
+        for (const char* name :
+             {"Output0", "Output1", "Output2", "chkGraphicDisplay", "viewPortSize1", "Text5"}) {
             EXPECT_TRUE(visited.contains(name)) << name << " not in " << visited.join(' ').toStdString();
         }
     });
@@ -246,7 +275,8 @@ TEST_F(RealWindow, TheDialogOfATextureWorksFromTheKeyboard) {
                 program.window.activateWindow();
                 widget<QPushButton>("cmdExtract").click();
             })
-            .until("the dialog", [] { return dialog<QDialog>() != nullptr && dialog<QDialog>()->isActiveWindow(); });
+            .until("the dialog",
+                   [] { return dialog<QDialog>() != nullptr && dialog<QDialog>()->isActiveWindow(); });
     };
     const auto untilClosed = [this] { user.until("its end", [] { return dialog<QDialog>() == nullptr; }); };
     open();
@@ -254,21 +284,28 @@ TEST_F(RealWindow, TheDialogOfATextureWorksFromTheKeyboard) {
         EXPECT_EQ(QApplication::focusWidget()->objectName(), "cmdExtractInsert");
         QTest::keyClick(dialog<QDialog>(), Qt::Key_X, Qt::AltModifier);
     });
-    user.until("the levels one by one", [this] { return program.main.transfer.optMipmaps[External].selected(); });
+    user.until("the levels one by one",
+               [this] { return program.main.transfer.optMipmaps[External].selected(); });
     user.then([this] {
         auto& levels = in<QListView>("List1");
         auto& summary = in<QPlainTextEdit>("ExtractSummary");
         levels.setFocus();
         press(levels, Qt::Key_Down);
         press(levels, Qt::Key_Space);
-        EXPECT_EQ(row(program.main.transfer.List1.isChecked(0), program.main.transfer.List1.isChecked(1)), "true, false");
-        for (const auto& [line, button] : {std::pair{0, Qt::RightButton}, {0, Qt::LeftButton}, {1, Qt::LeftButton}}) {
+        EXPECT_EQ(row(program.main.transfer.List1.isChecked(0), program.main.transfer.List1.isChecked(1)),
+                  "true, false");
+        for (const auto& [line, button] :
+             {std::pair{0, Qt::RightButton}, {0, Qt::LeftButton}, {1, Qt::LeftButton}}) {
             const QRect place = levels.visualRect(levels.model()->index(line, 0));
-            QTest::mouseClick(levels.viewport(), button, {}, {place.left() + 8, place.center().y()}); // on the box
+            QTest::mouseClick(levels.viewport(), button, {},
+                              {place.left() + 8, place.center().y()}); // on the box
         }
-        EXPECT_EQ(row(levels.model()->index(0, 0).data(Qt::CheckStateRole).toInt(), levels.currentIndex().row()), "0, 1");
+        EXPECT_EQ(
+            row(levels.model()->index(0, 0).data(Qt::CheckStateRole).toInt(), levels.currentIndex().row()),
+            "0, 1");
         press(levels, Qt::Key_Return); // the default button
-        EXPECT_EQ(summary.toPlainText().toStdString(), folder.file("\u00E9toile-2x2.dds written\n1 file(s) extracted."));
+        EXPECT_EQ(summary.toPlainText().toStdString(),
+                  folder.file("\u00E9toile-2x2.dds written\n1 file(s) extracted."));
         const int height = summary.height();
         dialog<QDialog>()->resize(dialog<QDialog>()->size() + QSize{0, 100});
         EXPECT_EQ(summary.height(), height + 100);
@@ -286,4 +323,5 @@ TEST_F(RealWindow, TheDialogOfATextureWorksFromTheKeyboard) {
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"Pelrath.ini", "demo.cdds", "\u00E9toile-2x2.dds"}));
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

@@ -7,11 +7,13 @@
 #include <cstring>
 #include <filesystem>
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 struct BrowseForFolderTest : testing::Test {
     // What a failure leaves as, and whether anything was shown.
-    template <class Work> std::string failure(Work work) {
+    template <class Work>
+    std::string failure(Work work) {
         picker.shown = 0;
         const RuntimeError error = failureOf(work);
         return row(error.number(), error.source(), error.description(), picker.shown);
@@ -32,9 +34,12 @@ TEST_F(BrowseForFolderTest, TheFlagWordIsMadeOfTheProperties) {
         {{&B::EditBox, &B::StatusText, &B::FileSystemOnly, &B::ValidateEditBox, &B::UseNewUI}, 0x7D}};
     for (const auto& [properties, expected] : cases) {
         B fresh{picker};
-        for (const auto property : properties) { fresh.*property = true; }
+        for (const auto property : properties) {
+            fresh.*property = true;
+        }
         EXPECT_EQ(fresh.BrowseForFolder(), "");
-        EXPECT_EQ(row(picker.asked.flags, picker.asked.title, picker.asked.owner), row(expected, "Choose Folder", 0));
+        EXPECT_EQ(row(picker.asked.flags, picker.asked.title, picker.asked.owner),
+                  row(expected, "Choose Folder", 0));
     }
 }
 
@@ -45,7 +50,9 @@ TEST_F(BrowseForFolderTest, PropertiesReachTheDialogAndFoldersBecomeFullPaths) {
     browser.RootDir = "/x/../y//";
     browser.BrowseForFolder();
     const std::string initial = std::filesystem::current_path().string() + "/a/b";
-    EXPECT_EQ(row(picker.asked.owner, picker.asked.title, picker.asked.initialFolder, picker.asked.rootFolder), "77, Wo?, " + initial + ", /y");
+    EXPECT_EQ(
+        row(picker.asked.owner, picker.asked.title, picker.asked.initialFolder, picker.asked.rootFolder),
+        "77, Wo?, " + initial + ", /y");
     EXPECT_EQ(row(browser.InitialDir, browser.RootDir), initial + ", /y");
     EXPECT_EQ(picker.told.take(), "select[" + initial + "]");
     browser.InitialDir.clear();
@@ -93,7 +100,8 @@ TEST_F(BrowseForFolderTest, EventsMayForbidAndKeepOpen) {
         for (const bool keep : {false, true}) {
             keeps = keep;
             EXPECT_EQ(picker.confirmMissing("no way"), keep);
-            EXPECT_EQ(picker.told.take(), "no-ok status[Path invalid: no way] ValidationFailed[no way], false");
+            EXPECT_EQ(picker.told.take(),
+                      "no-ok status[Path invalid: no way] ValidationFailed[no way], false");
         }
         handlers.clear();
         picker.select("/q");
@@ -105,9 +113,11 @@ TEST_F(BrowseForFolderTest, EventsMayForbidAndKeepOpen) {
 }
 
 TEST_F(BrowseForFolderTest, TheDialogIsSpokenToOnlyWhileItIsShown) {
-    const std::string source = std::filesystem::read_symlink("/proc/self/exe").filename().string() + ".cBrowseForFolder";
+    const std::string source =
+        std::filesystem::read_symlink("/proc/self/exe").filename().string() + ".cBrowseForFolder";
     const auto outside = [&] {
-        const std::string expected = "26002, " + source + ", Operation invalid unless dialog is displayed., 0";
+        const std::string expected =
+            "26002, " + source + ", Operation invalid unless dialog is displayed., 0";
         EXPECT_EQ(failure([&] { browser.SetStatus("s"); }), expected);
         EXPECT_EQ(failure([&] { browser.SetFolder("/"); }), expected);
     };
@@ -116,7 +126,8 @@ TEST_F(BrowseForFolderTest, TheDialogIsSpokenToOnlyWhileItIsShown) {
         browser.SetStatus("now");
         browser.SetFolder("/a/../b/");
         EXPECT_EQ(picker.told.take(), "status[now] select[/b] focus");
-        EXPECT_EQ(failure([&] { browser.SetFolder(""); }), row(-2147192504 + ENOENT, source, std::strerror(ENOENT), 0));
+        EXPECT_EQ(failure([&] { browser.SetFolder(""); }),
+                  row(-2147192504 + ENOENT, source, std::strerror(ENOENT), 0));
         throw std::runtime_error{"out of the middle"};
     };
     EXPECT_THROW(browser.BrowseForFolder(), std::runtime_error);
@@ -134,7 +145,10 @@ TEST_F(BrowseForFolderTest, TheDialogIsSpokenToOnlyWhileItIsShown) {
 TEST_F(BrowseForFolderTest, SpecialFoldersHaveTheShellsNumbers) {
     EXPECT_EQ(browser.SpecialFolderLocation(0x28), std::getenv("HOME"));
     EXPECT_TRUE(browser.SpecialFolderLocation(0x10).starts_with('/')); // there is always a desktop
-    for (const int unknown : {-1, 0x01, 0x24, 0x7FFF}) { EXPECT_EQ(browser.SpecialFolderLocation(unknown), "") << unknown; }
+    for (const int unknown : {-1, 0x01, 0x24, 0x7FFF}) {
+        EXPECT_EQ(browser.SpecialFolderLocation(unknown), "") << unknown;
+    }
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

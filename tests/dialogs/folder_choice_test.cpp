@@ -4,7 +4,8 @@
 #include "support/recording_boxes.hpp"
 #include "support/scripted_picker.hpp"
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 struct FolderChoiceTest : testing::Test {
     FolderChoiceTest() {
@@ -33,18 +34,21 @@ struct FolderChoiceTest : testing::Test {
 
 TEST_F(FolderChoiceTest, TheTwoDialogsDifferInTheirTexts) {
     FolderChoice other{FolderChoice::cddsBackupTexts, folder, over, {folders, boxes, windows}};
-    const std::tuple<FolderChoice*, const char*, const char*> cases[] = {{&dialog, "Bazar Temp Folder : ", "Select Bazar Temp folder"},
-                                                                         {&other, "CDDS Safe Copy Folder : ", "Select CDDS Safe Copy folder"}};
+    const std::tuple<FolderChoice*, const char*, const char*> cases[] = {
+        {&dialog, "Bazar Temp Folder : ", "Select Bazar Temp folder"},
+        {&other, "CDDS Safe Copy Folder : ", "Select CDDS Safe Copy folder"}};
     for (const auto& [d, label, instruction] : cases) {
         EXPECT_EQ(row(d->window.caption(), d->Label1.caption()), "Form1, <selectFolder>");
         windows.answer = [&, d = d, label = label] {
-            EXPECT_EQ(row(d->window.caption(), d->Label1.caption(), d->selectedFolder.text()), row("Folder Selection", label, "/old"));
+            EXPECT_EQ(row(d->window.caption(), d->Label1.caption(), d->selectedFolder.text()),
+                      row("Folder Selection", label, "/old"));
             const Box& box = d->window.box();
             EXPECT_EQ(row(box.left + box.width / 2, box.top + box.height / 2), "5500, 5000");
             d->cmdGetExtractInsertFolder.press();
         };
         d->show();
-        EXPECT_EQ(row(picker.asked.title, picker.asked.initialFolder, picker.asked.rootFolder, picker.asked.flags, picker.asked.owner),
+        EXPECT_EQ(row(picker.asked.title, picker.asked.initialFolder, picker.asked.rootFolder,
+                      picker.asked.flags, picker.asked.owner),
                   row(instruction, "/old", "", 0x7D, 42));
     }
     EXPECT_EQ(row(picker.shown, folder), "2, /old");
@@ -91,4 +95,5 @@ TEST_F(FolderChoiceTest, AnEmptyFolderIsAskedForAgain) {
     EXPECT_EQ(stored, "");
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

@@ -2,7 +2,8 @@
 #include "imaging/library_error.hpp"
 #include "library_fixture.hpp"
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 using Facade = LibraryTest;
 
@@ -23,7 +24,9 @@ TEST_F(Facade, NamesTheLibrarysCodes) {
     const std::pair<std::int32_t, std::string> names[] = {
         {0, "IL_NO_ERROR"}, {1280, unknown}, {1281, "IL_INVALID_ENUM "}, {1298, "IL_FILE_READ_ERROR "},
         {1299, unknown},    {-1, unknown},   {0x10501, unknown},         {1535, "IL_UNKNOWN_ERROR "}};
-    for (const auto& [code, name] : names) { EXPECT_EQ(libraryFailureText("Number: ", code), "Number: " + std::to_string(code) + " -> " + name); }
+    for (const auto& [code, name] : names) {
+        EXPECT_EQ(libraryFailureText("Number: ", code), "Number: " + std::to_string(code) + " -> " + name);
+    }
 }
 
 TEST_F(Facade, WantsVersion160OfEveryPart) {
@@ -39,7 +42,8 @@ TEST_F(Facade, WantsVersion160OfEveryPart) {
         std::fill_n(versions, 3, 200);
         version = 159;
         EXPECT_FALSE(old.checkImageLibraryVersion());
-        EXPECT_EQ(boxes.take(), std::vector{(ShownBox{"Invalid Graphic Image Library version", "Devil version check", BoxIcon::Critical})});
+        EXPECT_EQ(boxes.take(), std::vector{(ShownBox{"Invalid Graphic Image Library version",
+                                                      "Devil version check", BoxIcon::Critical})});
     }
 }
 
@@ -54,19 +58,21 @@ TEST_F(Facade, LeavesTheReportOfAFailedStartToItsCaller) {
 }
 
 TEST_F(Facade, SetsTheOptionsOfEachOutput) {
-    const std::tuple<std::int32_t, std::int32_t, const char*, std::uint16_t, std::vector<std::string>> cases[] = {
-        {-1, 0, "", 0, {}},
-        {5, 0, "", 0, {}},
-        {0, 0x0420, ".bmp", 0x80E0, {}},
-        {1, 0x042D, ".tga", 0x80E1, {}},
-        {2, 0x0425, ".jpg", 0x1907, {}},
-        {3, 0x0437, ".dds", 0x1908, {"Setting DXT1 format done."}},
-        {4, 0x0437, ".dds", 0x1908, {"Setting DXT5 format done."}},
-    };
+    const std::tuple<std::int32_t, std::int32_t, const char*, std::uint16_t, std::vector<std::string>>
+        cases[] = {
+            {-1, 0, "", 0, {}},
+            {5, 0, "", 0, {}},
+            {0, 0x0420, ".bmp", 0x80E0, {}},
+            {1, 0x042D, ".tga", 0x80E1, {}},
+            {2, 0x0425, ".jpg", 0x1907, {}},
+            {3, 0x0437, ".dds", 0x1908, {"Setting DXT1 format done."}},
+            {4, 0x0437, ".dds", 0x1908, {"Setting DXT5 format done."}},
+        };
     for (const auto& [index, imageType, extension, convertFormat, trace] : cases) {
         options = {};
         EXPECT_TRUE(facade.setSaveImageOptions(index, options.imageType, options.extension)) << index;
-        EXPECT_EQ(row(options.imageType, options.extension, options.convertFormat), row(imageType, extension, convertFormat));
+        EXPECT_EQ(row(options.imageType, options.extension, options.convertFormat),
+                  row(imageType, extension, convertFormat));
         EXPECT_EQ(options.convertType, imageType == 0 ? 0 : 0x1401);
         expectLines(trace);
     }
@@ -78,13 +84,16 @@ TEST_F(Facade, SetsTheOptionsOfEachOutput) {
 
 TEST_F(Facade, SwitchesAndConvertsWithATraceLine) {
     images.bind(images.generate());
-    EXPECT_TRUE(facade.setLibraryFlag(0x0620, true) && facade.setLibraryFlag(0x0620, false) && facade.convertImage(0x1908, 0x1401));
-    expectLines({"ilEnable overwrite done sucessfully.", "ilDisable overwrite done sucessfully.", "ilConvertImage done sucessfully."});
+    EXPECT_TRUE(facade.setLibraryFlag(0x0620, true) && facade.setLibraryFlag(0x0620, false) &&
+                facade.convertImage(0x1908, 0x1401));
+    expectLines({"ilEnable overwrite done sucessfully.", "ilDisable overwrite done sucessfully.",
+                 "ilConvertImage done sucessfully."});
     EXPECT_FALSE(facade.setLibraryFlag(0x9999, false));
     expectBox("ilEnable/Disable Error Number: 1281 -> IL_INVALID_ENUM ");
     EXPECT_FALSE(facade.convertImage(0x1908, 0x7777));
     expectBox("ilConvertImage Error Number: 1284 -> IL_INTERNAL_ERROR ");
-    expectLines({"ilDisable Error Number: 1281 -> IL_INVALID_ENUM ", "ilConvertImage Error Number: 1284 -> IL_INTERNAL_ERROR "});
+    expectLines({"ilDisable Error Number: 1281 -> IL_INVALID_ENUM ",
+                 "ilConvertImage Error Number: 1284 -> IL_INTERNAL_ERROR "});
 }
 
 TEST_F(Facade, ScalesToTheSidesAskedFor) {
@@ -109,11 +118,17 @@ TEST_F(Facade, ScalesOnWhenTheLibraryGivesNoReason) {
     pendingCode = 0;
     filtersSet.clear();
     ImageLibraryFacade failing{boxes, options, library};
-    for (std::int16_t filter = -1; filter < 10; ++filter) { EXPECT_TRUE(failing.scaleImage(2, 2, filter)) << filter; }
-    EXPECT_EQ(filtersSet, (std::vector<std::uint32_t>{0x2601, 0x2602, 0x2603, 0x2604, 0x2605, 0x2606, 0x2607, 0x2608, 0x2609}));
-    library.iluScale = [](std::uint32_t, std::uint32_t, std::uint32_t) { return pendingCode = 1286, std::uint8_t{0}; };
+    for (std::int16_t filter = -1; filter < 10; ++filter) {
+        EXPECT_TRUE(failing.scaleImage(2, 2, filter)) << filter;
+    }
+    EXPECT_EQ(filtersSet, (std::vector<std::uint32_t>{0x2601, 0x2602, 0x2603, 0x2604, 0x2605, 0x2606, 0x2607,
+                                                      0x2608, 0x2609}));
+    library.iluScale = [](std::uint32_t, std::uint32_t, std::uint32_t) {
+        return pendingCode = 1286, std::uint8_t{0};
+    };
     EXPECT_FALSE((ImageLibraryFacade{boxes, options, library}.scaleImage(2, 2, 0)));
     expectBox("ilScaleImage Error Number: 1286 -> IL_ILLEGAL_OPERATION ");
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

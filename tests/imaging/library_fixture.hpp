@@ -21,10 +21,13 @@ inline LibraryFunctions libraryWithCode() {
 
 /// Pixels, four bytes each, from letters: see cases.txt.
 inline std::string pixels(std::string_view letters) {
-    const std::map<char, std::string> known{{'R', "FF0000FF"}, {'G', "00FF00FF"}, {'B', "0000FFFF"}, {'W', "FFFFFFFF"},
-                                            {'K', "000000FF"}, {'h', "FFFFFF80"}, {'.', "00000000"}, {' ', ""}};
+    const std::map<char, std::string> known{{'R', "FF0000FF"}, {'G', "00FF00FF"}, {'B', "0000FFFF"},
+                                            {'W', "FFFFFFFF"}, {'K', "000000FF"}, {'h', "FFFFFF80"},
+                                            {'.', "00000000"}, {' ', ""}};
     std::string bytes;
-    for (const char letter : letters) { bytes += bytesOf(known.at(letter)); }
+    for (const char letter : letters) {
+        bytes += bytesOf(known.at(letter));
+    }
     return bytes;
 }
 
@@ -38,7 +41,8 @@ struct LibraryTest : testing::Test {
     ~LibraryTest() override { images.shutDown(); }
 
     bool chooseOutput(OutputFileType type) {
-        return facade.setSaveImageOptions(static_cast<std::int32_t>(type), options.imageType, options.extension);
+        return facade.setSaveImageOptions(static_cast<std::int32_t>(type), options.imageType,
+                                          options.extension);
     }
 
     /// Loads a file and answers its pixels by way of a saved TGA file, whose bytes are plain.
@@ -46,7 +50,8 @@ struct LibraryTest : testing::Test {
         std::uint32_t image = 0;
         const bool loaded = facade.loadImage(path, image);
         std::string pixels;
-        if (loaded && chooseOutput(OutputFileType::Tga) && facade.saveImage(options.imageType, folder.file("seen.tga"), true)) {
+        if (loaded && chooseOutput(OutputFileType::Tga) &&
+            facade.saveImage(options.imageType, folder.file("seen.tga"), true)) {
             pixels = targaPixels(folder.read("seen.tga"));
         }
         images.remove(image);
@@ -70,11 +75,14 @@ struct LibraryTest : testing::Test {
     }
 
     void expectBox(const std::string& text) {
-        EXPECT_EQ(boxes.take(), (std::vector<ShownBox>{{text, "Pelrath", BoxIcon::Critical, BoxButtons::Ok}}));
+        EXPECT_EQ(boxes.take(),
+                  (std::vector<ShownBox>{{text, "Pelrath", BoxIcon::Critical, BoxButtons::Ok}}));
     }
 
     /// The trace since the last call.
-    void expectLines(const std::vector<std::string>& expected) { EXPECT_EQ(std::exchange(lines, {}), expected); }
+    void expectLines(const std::vector<std::string>& expected) {
+        EXPECT_EQ(std::exchange(lines, {}), expected);
+    }
 
     RecordingBoxes boxes;
     TemporaryFolder folder;

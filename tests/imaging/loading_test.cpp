@@ -4,7 +4,8 @@
 
 #include <cstdlib>
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 struct Loading : LibraryTest {
     /// Runs one of the image editors' own writers in the folder.
@@ -32,7 +33,9 @@ TEST_F(Loading, ReadsOrRefusesEveryCase) {
         ++cases;
         std::istringstream parts{line};
         std::string name, extension, bytes, outcome;
-        for (std::string* part : {&name, &extension, &bytes, &outcome}) { std::getline(parts, *part, '|'); }
+        for (std::string* part : {&name, &extension, &bytes, &outcome}) {
+            std::getline(parts, *part, '|');
+        }
         outcome.erase(0, 1);
         const std::string path = folder.write("case." + extension.substr(1, 3), bytesOf(bytes));
         if (std::isdigit(static_cast<unsigned char>(outcome[0])) != 0) {
@@ -51,7 +54,9 @@ std::string picture(bool grey, bool withAlpha) {
     for (int i = 0; i < 35; ++i) {
         const int c = i * 5 % 13;
         const int alpha = withAlpha ? 40 + c * 12 : 255;
-        for (const int part : {c * 19, grey ? c * 19 : 255 - c * 17, grey ? c * 19 : c * 53 % 256, alpha}) { bytes += static_cast<char>(part); }
+        for (const int part : {c * 19, grey ? c * 19 : 255 - c * 17, grey ? c * 19 : c * 53 % 256, alpha}) {
+            bytes += static_cast<char>(part);
+        }
     }
     return bytes;
 }
@@ -80,10 +85,12 @@ TEST_F(Loading, ReadsWhatEditorsWrite) {
         {"ppal.tga", opaque, "i.convert('RGB').quantize(16).save"},
         {"pla.tga", greys, "i.convert('LA').save"},
     };
-    const std::string pillow = "python3 -c \"from PIL import Image; i = Image.frombytes('RGBA', (7, 5), open('source', 'rb').read()); ";
+    const std::string pillow =
+        "python3 -c \"from PIL import Image; i = Image.frombytes('RGBA', (7, 5), open('source', 'rb').read()); ";
     for (const auto& [name, source, words] : cases) {
         static_cast<void>(folder.write("source", source));
-        run(words.starts_with("i.") ? pillow + words + "('" + name + "')\"" : "convert -size 7x5 -depth 8 rgba:source " + words + " " + name);
+        run(words.starts_with("i.") ? pillow + words + "('" + name + "')\""
+                                    : "convert -size 7x5 -depth 8 rgba:source " + words + " " + name);
         EXPECT_TRUE(pixelsOf(folder.file(name)) == source) << name << ' ' << words;
     }
 }
@@ -98,7 +105,9 @@ TEST_F(Loading, NeedsAFileWithAKnownExtension) {
 
 TEST_F(Loading, DoesNotBelieveALoadThatLeavesACode) {
     LibraryFunctions library = libraryWithCode();
-    library.ilLoad = [](std::uint32_t type, const char* name) { return pendingCode = 1298, imageLibrary().ilLoad(type, name); };
+    library.ilLoad = [](std::uint32_t type, const char* name) {
+        return pendingCode = 1298, imageLibrary().ilLoad(type, name);
+    };
     std::uint32_t image = 0;
     const std::string file = folder.write("x.tga", bytesOf("000002 9*00 w1 w1 1800 3*00"));
     EXPECT_FALSE((ImageLibraryFacade{boxes, options, library}.loadImage(file, image)));
@@ -109,7 +118,8 @@ TEST_F(Loading, HandsOnWhatIsNotTheLibrarysFailure) {
     const std::string good = folder.write("good.tga", bytesOf("000002 9*00 w1 w1 1800 3*00"));
     const ReadingFromMemory other{{}};
     std::uint32_t image = 0;
-    EXPECT_EQ(failureOf([&] { facade.loadImage(good, image); }).number(), 5) << "another user of the one file in memory";
+    EXPECT_EQ(failureOf([&] { facade.loadImage(good, image); }).number(), 5)
+        << "another user of the one file in memory";
     EXPECT_NE(image, 0U);
 }
 
@@ -130,11 +140,15 @@ TEST(BlockDecoder, RefusesWhatDoesNotFit) {
     const std::string block(8, '\0');
     const auto bytes = std::as_bytes(std::span{block});
     const std::tuple<BlockFormat, std::uint32_t, std::uint32_t, std::size_t> cases[] = {
-        {BlockFormat::Dxt1, 5, 1, 20}, {BlockFormat::Dxt5, 1, 1, 4}, {BlockFormat::Dxt1, 0, 1, 0}, {BlockFormat::Dxt1, 1, 1, 8}};
+        {BlockFormat::Dxt1, 5, 1, 20},
+        {BlockFormat::Dxt5, 1, 1, 4},
+        {BlockFormat::Dxt1, 0, 1, 0},
+        {BlockFormat::Dxt1, 1, 1, 8}};
     for (const auto& [format, width, height, room] : cases) {
         std::vector<std::byte> texels(room);
         EXPECT_THROW(decodeLevel(format, bytes, width, height, texels), RuntimeError) << width << ' ' << room;
     }
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

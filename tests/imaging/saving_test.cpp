@@ -3,12 +3,14 @@
 
 #include <sys/stat.h>
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 struct Saving : LibraryTest {
     Saving() {
         // 4 x 8, the upper half red, the lower one blue: no block of a DDS file needs to mix
-        const std::string file = folder.write("source.tga", bytesOf("00000A 9*00 w4 w8 1820 8F 0000FF 8F FF0000"));
+        const std::string file =
+            folder.write("source.tga", bytesOf("00000A 9*00 w4 w8 1820 8F 0000FF 8F FF0000"));
         EXPECT_TRUE(facade.loadImage(file, image));
         std::filesystem::remove(file);
     }
@@ -21,7 +23,8 @@ struct Saving : LibraryTest {
 };
 
 TEST_F(Saving, WritesEachOutputWholeAndUpright) {
-    // Name, type, mipmaps wanted, how the file begins, its length (0: not known beforehand), levels that a DDS header declares.
+    // Name, type, mipmaps wanted, how the file begins, its length (0: not known beforehand), levels that a
+    // DDS header declares.
     const std::tuple<const char*, OutputFileType, bool, std::string, std::size_t, std::int64_t> cases[] = {
         {"a.bmp", OutputFileType::Bmp, true, "BM", 54 + 8 * 12, 0},
         {"a.TGA", OutputFileType::Tga, false, bytesOf("000002"), 0, 0},
@@ -39,13 +42,15 @@ TEST_F(Saving, WritesEachOutputWholeAndUpright) {
         options.buildMipmaps = mipmaps;
         ASSERT_TRUE(save(type, name)) << name;
         const std::string file = folder.read(name);
-        EXPECT_TRUE(file.starts_with(start) && (length == 0 || file.size() == length)) << name << ' ' << file.size();
+        EXPECT_TRUE(file.starts_with(start) && (length == 0 || file.size() == length))
+            << name << ' ' << file.size();
         EXPECT_TRUE(levels == 0 || file.substr(28, 4) == little(levels, 4)) << name;
     }
     EXPECT_EQ(folder.names().size(), std::size(cases));
     EXPECT_EQ(folder.read("d.dds").substr(108, 4), little(0x1000, 4)) << "a texture and nothing more";
     for (const char* name : {"a.bmp", "a.TGA", "a.dds", "b.dds", "c.dds", "d.dds"}) {
-        EXPECT_TRUE(pixelsOf(folder.file(name)) == pixels(std::string(16, 'R') + std::string(16, 'B'))) << name;
+        EXPECT_TRUE(pixelsOf(folder.file(name)) == pixels(std::string(16, 'R') + std::string(16, 'B')))
+            << name;
     }
 }
 
@@ -73,17 +78,21 @@ TEST_F(Saving, KeepsColoursOfOneBrightnessApart) {
     for (const auto& [sides, letters] : pictures) {
         for (const char* origin : {"2008", "2028"}) {
             for (const OutputFileType type : {OutputFileType::DdsDxt1, OutputFileType::DdsDxt5}) {
-                const auto [before, after] = saved(type, bytesOf("000002 9*00 " + (sides + (" " + std::string{origin}))) + pixels(letters));
+                const auto [before, after] = saved(
+                    type, bytesOf("000002 9*00 " + (sides + (" " + std::string{origin}))) + pixels(letters));
                 EXPECT_TRUE(before == after) << letters << ' ' << origin << static_cast<int>(type);
             }
         }
     }
     for (const auto& [start, step] : {std::pair{100, 1}, {60, 3}, {3, 36}}) {
         std::string ramp = bytesOf("000002 9*00 w4 w4 2028");
-        for (int i = 0; i < 16; ++i) { ramp += std::string("abc") + static_cast<char>(start + step * (i % 8)); }
+        for (int i = 0; i < 16; ++i) {
+            ramp += std::string("abc") + static_cast<char>(start + step * (i % 8));
+        }
         const auto [before, after] = saved(OutputFileType::DdsDxt5, ramp);
         for (std::size_t i = 3; i < 64; i += 4) {
-            EXPECT_NEAR(static_cast<unsigned char>(before[i]), static_cast<unsigned char>(after[i]), 1) << start << ' ' << i;
+            EXPECT_NEAR(static_cast<unsigned char>(before[i]), static_cast<unsigned char>(after[i]), 1)
+                << start << ' ' << i;
         }
     }
 }
@@ -93,7 +102,8 @@ TEST_F(Saving, TracesItsSteps) {
     const std::string saved = "ilSave done sucessfully.";
     options.buildMipmaps = true;
     ASSERT_TRUE(save(OutputFileType::DdsDxt5, "a.dds"));
-    expectLines({"Setting DXT5 format done.", converted, "iluBuildMipmaps done.", "ilEnable overwrite done sucessfully.", saved});
+    expectLines({"Setting DXT5 format done.", converted, "iluBuildMipmaps done.",
+                 "ilEnable overwrite done sucessfully.", saved});
     ASSERT_TRUE(save(OutputFileType::Jpg, "a.jpg", false));
     expectLines({"Setting Jpg compression done.", converted, "ilDisable overwrite done sucessfully.", saved});
 }
@@ -132,7 +142,8 @@ TEST_F(Saving, KeepsAPictureThatIsClearAllOver) {
 
 TEST_F(Saving, KeepsTheOldFileWhenTheDiskEndsBeforeTheNewOne) {
     const std::string path = folder.write("a", "before");
-    for (const OutputFileType type : {OutputFileType::Bmp, OutputFileType::Tga, OutputFileType::Jpg, OutputFileType::DdsDxt1}) {
+    for (const OutputFileType type :
+         {OutputFileType::Bmp, OutputFileType::Tga, OutputFileType::Jpg, OutputFileType::DdsDxt1}) {
         EXPECT_FALSE((FullDisk{100}, save(type, "a"))); // less than any of them takes
         expectBox("ImageSave Error : 6 Overflow (" + path + ")");
         EXPECT_EQ(folder.read("a"), "before");
@@ -176,9 +187,11 @@ TEST_F(Saving, DoesNotBelieveASaveThatIsNotWhole) {
         std::ofstream{name} << "new";
         return done;
     };
-    EXPECT_FALSE((ImageLibraryFacade{boxes, options, library}.saveImage(options.imageType, folder.file("a.tga"), false)));
+    EXPECT_FALSE((ImageLibraryFacade{boxes, options, library}.saveImage(options.imageType,
+                                                                        folder.file("a.tga"), false)));
     expectBox("ilSave Error Number: 1292 -> IL_FILE_ALREADY_EXISTS ");
     EXPECT_EQ(folder.read("a.tga"), "new");
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

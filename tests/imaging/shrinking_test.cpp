@@ -1,7 +1,8 @@
 #include "imaging/block_decoder.hpp"
 #include "library_fixture.hpp"
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 /// The greatest difference between two bytes in the same place; 256 for different lengths.
 int difference(const std::string& a, const std::string& b) {
@@ -15,16 +16,20 @@ int difference(const std::string& a, const std::string& b) {
 /// That many times the same bytes.
 std::string all(std::int64_t count, const std::string& pixel) {
     std::string bytes;
-    for (std::int64_t i = 0; i < count; ++i) { bytes += bytesOf(pixel); }
+    for (std::int64_t i = 0; i < count; ++i) {
+        bytes += bytesOf(pixel);
+    }
     return bytes;
 }
 
 class Shrinking : public LibraryTest {
 protected:
     /// A picture in the order of a TGA file's bytes.
-    void load(const std::string& sides, const std::string& bytes, const std::string& depthAndOrigin = "2028") {
+    void load(const std::string& sides, const std::string& bytes,
+              const std::string& depthAndOrigin = "2028") {
         std::uint32_t image = 0;
-        EXPECT_TRUE(facade.loadImage(folder.write("a.tga", bytesOf("000002 9*00 " + sides + " " + depthAndOrigin) + bytes), image));
+        EXPECT_TRUE(facade.loadImage(
+            folder.write("a.tga", bytesOf("000002 9*00 " + sides + " " + depthAndOrigin) + bytes), image));
     }
 
     std::string scaled(std::int32_t width, std::int32_t height, std::int16_t filter) {
@@ -36,23 +41,29 @@ protected:
     /// A level of the saved DDS file of a picture of 8 x 4.
     std::string levelOf(BlockFormat format, std::uint32_t level) {
         const std::uint32_t width = 8U >> level, height = std::max(4U >> level, 1U);
-        const std::string blocks = folder.read("chain.dds").substr(128 + static_cast<std::size_t>(bytesPerChain(format, 8, 4, level)));
+        const std::string blocks =
+            folder.read("chain.dds")
+                .substr(128 + static_cast<std::size_t>(bytesPerChain(format, 8, 4, level)));
         std::string texels(std::size_t{width} * height * 4, '\0');
-        decodeLevel(format, std::as_bytes(std::span{blocks}), width, height, std::as_writable_bytes(std::span{texels}));
+        decodeLevel(format, std::as_bytes(std::span{blocks}), width, height,
+                    std::as_writable_bytes(std::span{texels}));
         return texels;
     }
 
-    const std::string checks = pixels("WKWKWKWK KWKWKWKW WKWKWKWK KWKWKWKW WKWKWKWK KWKWKWKW WKWKWKWK KWKWKWKW");
+    const std::string checks =
+        pixels("WKWKWKWK KWKWKWKW WKWKWKWK KWKWKWKW WKWKWKWK KWKWKWKW WKWKWKWK KWKWKWKW");
 };
 
 TEST_F(Shrinking, GivesEveryPixelItsShareWithEveryFilterButNearest) {
     for (std::int16_t filter = 0; filter < 9; ++filter) {
         for (const auto& [width, height] : {std::pair{4, 4}, {2, 4}, {1, 1}, {3, 5}, {8, 1}, {7, 9}}) {
             const std::int32_t count = width * height;
-            SCOPED_TRACE(std::to_string(filter) + ": " + std::to_string(width) + 'x' + std::to_string(height));
+            SCOPED_TRACE(std::to_string(filter) + ": " + std::to_string(width) + 'x' +
+                         std::to_string(height));
             if (width != 7) {
                 load("w8 w8", checks);
-                EXPECT_EQ(difference(scaled(width, height, filter), all(count, "808080FF")) < 10, filter != 0);
+                EXPECT_EQ(difference(scaled(width, height, filter), all(count, "808080FF")) < 10,
+                          filter != 0);
                 // An index beyond the list keeps the filter.
                 load("w8 w8", checks);
                 EXPECT_EQ(difference(scaled(width, height, 9), all(count, "808080FF")) < 10, filter != 0);
@@ -80,7 +91,9 @@ TEST_F(Shrinking, WeighsAPixelAsEachFiltersFormulaSays) {
         load("w24 w1", all(36, "40") + bytesOf("FFFFFF") + all(33, "40"), "1820");
         const std::string texels = scaled(8, 1, filter);
         std::string seen;
-        for (std::size_t i = 2; i < 7; ++i) { seen += texels[i * 4]; }
+        for (std::size_t i = 2; i < 7; ++i) {
+            seen += texels[i * 4];
+        }
         EXPECT_EQ(seen, bytesOf(rows[filter])) << filter;
     }
 }
@@ -89,7 +102,8 @@ TEST_F(Shrinking, KeepsThePictureUprightAndInPlace) {
     for (const char* origin : {"2008", "2028"}) {
         for (const std::int16_t filter : {std::int16_t{0}, std::int16_t{3}}) {
             load("w4 w4", pixels("RRGG RRGG BBWW BBWW"), origin);
-            EXPECT_TRUE(scaled(2, 2, filter) == pixels(origin[2] == '2' ? "BG RW" : "RW BG")); // red and blue change places in a file
+            EXPECT_TRUE(scaled(2, 2, filter) ==
+                        pixels(origin[2] == '2' ? "BG RW" : "RW BG")); // red and blue change places in a file
         }
     }
     load("w2 w1", bytesOf("20406000 40608000"));
@@ -98,20 +112,25 @@ TEST_F(Shrinking, KeepsThePictureUprightAndInPlace) {
 
 TEST_F(Shrinking, AveragesTheWholePictureIntoEachLevelOfAChain) {
     options.buildMipmaps = true;
-    const std::pair<const char*, std::string> pictures[] = {{"2028", pixels("RRRRRRRR RRRRRRRR BBBBBBBB BBBBBBBB")},
-                                                            {"2008", pixels("BBBBBBBB BBBBBBBB RRRRRRRR RRRRRRRR")},
-                                                            {"2028", checks.substr(128)}};
+    const std::pair<const char*, std::string> pictures[] = {
+        {"2028", pixels("RRRRRRRR RRRRRRRR BBBBBBBB BBBBBBBB")},
+        {"2008", pixels("BBBBBBBB BBBBBBBB RRRRRRRR RRRRRRRR")},
+        {"2028", checks.substr(128)}};
     for (const auto& [origin, bytes] : pictures) {
-        for (const auto& [type, format] : {std::pair{OutputFileType::DdsDxt1, BlockFormat::Dxt1}, {OutputFileType::DdsDxt5, BlockFormat::Dxt5}}) {
+        for (const auto& [type, format] : {std::pair{OutputFileType::DdsDxt1, BlockFormat::Dxt1},
+                                           {OutputFileType::DdsDxt5, BlockFormat::Dxt5}}) {
             load("w8 w4", bytes, origin);
-            ASSERT_TRUE(chooseOutput(type) && facade.saveImage(options.imageType, folder.file("chain.dds"), true));
+            ASSERT_TRUE(chooseOutput(type) &&
+                        facade.saveImage(options.imageType, folder.file("chain.dds"), true));
             const bool halves = bytes != checks.substr(128);
             EXPECT_LE(difference(levelOf(format, 1), halves ? pixels("BBBB RRRR") : all(8, "808080FF")), 5);
             for (const std::uint32_t level : {2U, 3U}) {
-                EXPECT_LE(difference(levelOf(format, level), all(4 - level, halves ? "800080FF" : "808080FF")), 5);
+                EXPECT_LE(
+                    difference(levelOf(format, level), all(4 - level, halves ? "800080FF" : "808080FF")), 5);
             }
         }
     }
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

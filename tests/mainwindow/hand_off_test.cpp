@@ -1,6 +1,7 @@
 #include "mainwindow/main_harness.hpp"
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 class HandOff : public testing::Test, protected MainHarness {};
 
@@ -19,13 +20,15 @@ TEST_F(HandOff, OpensTheDialogOnceAllIsChosen) {
     };
     session.exportImportFolder = "/before";
     EXPECT_EQ(pressed("", main.cmdExtract), "0, , /before");
-    boxes.expect({"Texture Path not selected. Please select a valid folder", "Pelrath - Folder not selected"});
+    boxes.expect(
+        {"Texture Path not selected. Please select a valid folder", "Pelrath - Folder not selected"});
     for (const char* name : {"gone", "file"}) {
         EXPECT_EQ(pressed(folder.file(name), main.cmdInsert), "0, , /before");
         boxes.expect({"Texture Path not found. Please select a valid folder", "Pelrath - Folder not found"});
     }
     EXPECT_EQ(session.mode, DialogMode::Insertion); // set before what was missed
-    const ShownBox noTexture{"No Texture File Name selected. Please select one and try again.", "Pelrath - Texture not selected"};
+    const ShownBox noTexture{"No Texture File Name selected. Please select one and try again.",
+                             "Pelrath - Texture not selected"};
     EXPECT_EQ(pressed(wanted, main.cmdExtract), "0, , " + wanted);
     boxes.expect(noTexture);
     open(archiveOf({"wall.bmp", "roof.bmp"}));
@@ -45,12 +48,14 @@ TEST_F(HandOff, BrowsingSetsTheFolder) {
     session.exportImportFolder = "/kept";
     main.Text8.setText("/typed meanwhile");
     // What the picker answers, the folder in use, and what the box shows.
-    const std::array<const char*, 3> cases[] = {{"", "/kept", "/typed meanwhile"}, {"/new", "/new", "/new"}, {"", "/new", "/new"}};
+    const std::array<const char*, 3> cases[] = {
+        {"", "/kept", "/typed meanwhile"}, {"/new", "/new", "/new"}, {"", "/new", "/new"}};
     for (const auto& [chosen, inUse, shown] : cases) {
         const std::string before = session.exportImportFolder;
         folderPicker.user = [chosen = chosen] { return FolderPicker::Choice{"name", chosen}; };
         main.cmdGetExtractInsertFolder.press();
-        EXPECT_EQ(row(folderPicker.asked.title, folderPicker.asked.initialFolder), "Select Texture Set Root Path, " + before);
+        EXPECT_EQ(row(folderPicker.asked.title, folderPicker.asked.initialFolder),
+                  "Select Texture Set Root Path, " + before);
         EXPECT_EQ(row(folderPicker.asked.flags, folderPicker.asked.owner), row(0x7D, 7));
         EXPECT_EQ(row(session.exportImportFolder, main.Text8.text()), row(inUse, shown));
     }
@@ -60,7 +65,9 @@ TEST_F(HandOff, NoBrowsingDuringARead) {
     start();
     pump.whilePending = [&] { main.cmdGetExtractInsertFolder.press(); };
     open(archiveOf({"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}));
-    EXPECT_EQ(row(pump.pending > 0, folderPicker.shown, main.cmdGetExtractInsertFolder.enabled()), "true, 0, true");
+    EXPECT_EQ(row(pump.pending > 0, folderPicker.shown, main.cmdGetExtractInsertFolder.enabled()),
+              "true, 0, true");
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

@@ -1,6 +1,7 @@
 #include "main_harness.hpp"
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 struct Layout : testing::Test, MainHarness {
     Layout() {
@@ -19,23 +20,35 @@ std::string placeOf(const Control& control) {
 // (H - (2595 + 690 + 250)) / 2 - 100.
 TEST_F(Layout, EverythingFollowsTheWindow) {
     const std::pair<const Control&, const char*> places[] = {
-        {main.dynImage, "105, 1515, 7710, 7710"},        {main.frameViewportSize, "105, 9225, 7710, 510"},
-        {main.Picture1[0], "7910, 2595, 11890, 4132.5"}, {main.Picture1[1], "7910, 7417.5, 11890, 4132.5"},
-        {main.Text2[0], "-30, -30, 11890, 300"},         {main.Output[0], "-30, 290, 11900, 3832.5"}, // no title, no scroll bar
-        {main.Text9, "7910, 1515, 11890, 285"},          {main.Output[2], "7910, 1785, 11890, 240"},
-        {main.Label5, "7910, 7072.5, 4050, 345"},        {main.SplashFrame, "105, 1515, 7680, 7710"},
-        {main.SplashText[1], "3840, 0, 3840, 1290"},     {main.SplashPicture, "0, 1290, 7680, 6420"},
+        {main.dynImage, "105, 1515, 7710, 7710"},
+        {main.frameViewportSize, "105, 9225, 7710, 510"},
+        {main.Picture1[0], "7910, 2595, 11890, 4132.5"},
+        {main.Picture1[1], "7910, 7417.5, 11890, 4132.5"},
+        {main.Text2[0], "-30, -30, 11890, 300"},
+        {main.Output[0], "-30, 290, 11900, 3832.5"}, // no title, no scroll bar
+        {main.Text9, "7910, 1515, 11890, 285"},
+        {main.Output[2], "7910, 1785, 11890, 240"},
+        {main.Label5, "7910, 7072.5, 4050, 345"},
+        {main.SplashFrame, "105, 1515, 7680, 7710"},
+        {main.SplashText[1], "3840, 0, 3840, 1290"},
+        {main.SplashPicture, "0, 1290, 7680, 6420"},
     };
-    for (const auto& [control, place] : places) { EXPECT_EQ(placeOf(control), place); }
-    EXPECT_EQ(row(main.Label7.box().top, main.Text5.box().top, main.Label6.box().top, main.Text7.box().top), "7072.5, 7082.5, 2250, 2260");
+    for (const auto& [control, place] : places) {
+        EXPECT_EQ(placeOf(control), place);
+    }
+    EXPECT_EQ(row(main.Label7.box().top, main.Text5.box().top, main.Label6.box().top, main.Text7.box().top),
+              "7072.5, 7082.5, 2250, 2260");
     EXPECT_EQ(row(main.Label4.box().left, main.Label8.box().left), "7910, 7910");
     EXPECT_EQ(row(main.HScroll[0].visible(), main.HScroll[0].tabStop()), "false, false");
 }
 
 TEST_F(Layout, DisplayAndViewportSizeMoveThePanes) {
-    const auto seen = [this] { return row(main.dynImage.visible(), main.frameViewportSize.visible(), main.SplashFrame.visible()); };
+    const auto seen = [this] {
+        return row(main.dynImage.visible(), main.frameViewportSize.visible(), main.SplashFrame.visible());
+    };
     main.chkGraphicDisplay.setChecked(false);
-    EXPECT_EQ(row(main.Picture1[0].box().left, main.Picture1[1].box().width, main.dynImage.box().width), "100, 19700, 0");
+    EXPECT_EQ(row(main.Picture1[0].box().left, main.Picture1[1].box().width, main.dynImage.box().width),
+              "100, 19700, 0");
     EXPECT_EQ(seen(), "false, false, false");
     main.chkGraphicDisplay.setChecked(true);
     EXPECT_EQ(main.Picture1[0].box().left, 7910);
@@ -63,10 +76,14 @@ TEST_F(Layout, TheWindowHasASmallestSize) {
 TEST_F(Layout, AWideTitleScrolls) {
     open(archiveOf({"a.bmp"}));
     ScrollBar& bar = main.HScroll[0];
-    const auto pane = [&] { return row(main.Output[0].box().left, main.Output[0].box().width, main.Text2[0].box().left, main.Text2[0].box().width); };
+    const auto pane = [&] {
+        return row(main.Output[0].box().left, main.Output[0].box().width, main.Text2[0].box().left,
+                   main.Text2[0].box().width);
+    };
     EXPECT_TRUE(bar.visible());
-    EXPECT_EQ(placeOf(bar), "0, 3832.5, 11590, 250");                                     // 300 + 3582.5 - 50
-    EXPECT_EQ(row(bar.maximum(), bar.smallChange(), bar.largeChange()), "1889, 50, 100"); // (254 * 120 - 11590) / 10
+    EXPECT_EQ(placeOf(bar), "0, 3832.5, 11590, 250"); // 300 + 3582.5 - 50
+    EXPECT_EQ(row(bar.maximum(), bar.smallChange(), bar.largeChange()),
+              "1889, 50, 100"); // (254 * 120 - 11590) / 10
     EXPECT_EQ(main.Output[0].box().height, 3582.5);
     bar.setValue(100);
     EXPECT_EQ(pane(), "-1030, 12890, -1030, 12890");
@@ -76,7 +93,9 @@ TEST_F(Layout, AWideTitleScrolls) {
     EXPECT_EQ(row(main.Output[0].box().left, main.Text2[0].box().left), "-16920, -16920"); // -10 * 1689 - 30
     bar.setValue(0);
     EXPECT_EQ(main.Output[0].box().left, -30);
-    EXPECT_EQ(row(main.HScroll[1].visible(), main.HScroll[1].box().height), "false, 0"); // a shorter title, a lower bar
+    EXPECT_EQ(row(main.HScroll[1].visible(), main.HScroll[1].box().height),
+              "false, 0"); // a shorter title, a lower bar
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

@@ -2,13 +2,16 @@
 
 #include <sys/stat.h>
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 struct LifeCycleTest : testing::Test, MainHarness {
     [[nodiscard]] std::string stored(const std::string& key) const {
         const std::string ini = folder.read("Pelrath.ini");
         const std::size_t at = ini.find("\n" + key + "=");
-        return at == std::string::npos ? "missing" : ini.substr(at + key.size() + 2, ini.find('\n', at + 1) - at - key.size() - 2);
+        return at == std::string::npos
+                   ? "missing"
+                   : ini.substr(at + key.size() + 2, ini.find('\n', at + 1) - at - key.size() - 2);
     }
     void openThree() {
         start();
@@ -27,14 +30,16 @@ TEST_F(LifeCycleTest, AnAcceptedFirstRunStoresThatAtOnce) {
         const std::string english = dialog.Text2.text() + dialog.Text1.text();
         EXPECT_EQ(buttons() + ": " + english.substr(0, 7), "I accept, I refuse: Hi,\r\n\r\n");
         dialog.Option1[0].select();
-        EXPECT_EQ(buttons() + ": " + dialog.Text2.text().substr(0, 12), "J'accepte, Je refuse: Bonjour,\r\n\r\n");
+        EXPECT_EQ(buttons() + ": " + dialog.Text2.text().substr(0, 12),
+                  "J'accepte, Je refuse: Bonjour,\r\n\r\n");
         dialog.Option1[1].select();
         EXPECT_EQ(buttons() + dialog.Text2.text() + dialog.Text1.text(), "I accept, I refuse" + english);
         dialog.Command1[0].press();
     };
     start();
     EXPECT_EQ(row(stored("firsttimedone"), main.window.caption()), "True, Pelrath V1.0-1");
-    EXPECT_EQ(row(main.SplashFrame.visible(), main.chkGraphicDisplay.checked(), main.dynImage.visible()), "true, true, false");
+    EXPECT_EQ(row(main.SplashFrame.visible(), main.chkGraphicDisplay.checked(), main.dynImage.visible()),
+              "true, true, false");
     EXPECT_TRUE(main.Timer1.running());
     windows.answer = nullptr;
     main.disclaimer.Option1[0].select();
@@ -54,7 +59,9 @@ TEST_F(LifeCycleTest, ARefusalEndsTheProgramAndStoresTheDefaults) {
         fresh.main.activate(); // too late for anything
         EXPECT_EQ(fresh.surface.record.created, 0);
         const std::string ini = fresh.folder.read("Pelrath.ini");
-        EXPECT_TRUE(ini.find("ViewPortWidth=512\n") != std::string::npos && ini.ends_with("firsttimedone=False\n")) << ini;
+        EXPECT_TRUE(ini.find("ViewPortWidth=512\n") != std::string::npos &&
+                    ini.ends_with("firsttimedone=False\n"))
+            << ini;
     }
 }
 
@@ -68,26 +75,34 @@ TEST_F(LifeCycleTest, OnlyTrueIsTrue) {
 }
 
 TEST_F(LifeCycleTest, StartTakesOverWhatIsStored) {
-    (void)folder.write("Pelrath.ini", "[Settings]\nMainTop=20\nMainLeft=-30000\nViewPortWidth=256\nViewPortHeight=256\nViewPortColor=2\n"
-                                      "[Setup]\nextractionfolder=/some/folder\nfirsttimedone=True\n");
+    (void)folder.write(
+        "Pelrath.ini",
+        "[Settings]\nMainTop=20\nMainLeft=-30000\nViewPortWidth=256\nViewPortHeight=256\nViewPortColor=2\n"
+        "[Setup]\nextractionfolder=/some/folder\nfirsttimedone=True\n");
     start();
-    EXPECT_EQ(row(main.window.box().top, main.window.box().left, main.Text8.text()), "300, -450000, /some/folder");
-    EXPECT_EQ(row(session.viewer.viewPortWidth, main.viewPortSize.selectedIndex(), main.viewPortSize[0].enabled()), "512, 1, true");
-    EXPECT_EQ(row(main.backViewportColor.selectedIndex(), session.viewer.clearColor), "2, 4294901760"); // 0xFFFF0000
+    EXPECT_EQ(row(main.window.box().top, main.window.box().left, main.Text8.text()),
+              "300, -450000, /some/folder");
+    EXPECT_EQ(
+        row(session.viewer.viewPortWidth, main.viewPortSize.selectedIndex(), main.viewPortSize[0].enabled()),
+        "512, 1, true");
+    EXPECT_EQ(row(main.backViewportColor.selectedIndex(), session.viewer.clearColor),
+              "2, 4294901760"); // 0xFFFF0000
     EXPECT_EQ(main.backViewportColor[1].backColor(), 0x7F7F7FU);
     main.viewPortSize[0].select();
     session.exportImportFolder.clear(); // nothing in use: the stored one is kept
     main.queryUnload();
-    EXPECT_EQ(row(stored("MainTop"), stored("MainLeft"), stored("ViewPortWidth"), stored("extractionfolder")), "20, -30000, 256, /some/folder");
+    EXPECT_EQ(row(stored("MainTop"), stored("MainLeft"), stored("ViewPortWidth"), stored("extractionfolder")),
+              "20, -30000, 256, /some/folder");
 }
 
 TEST_F(LifeCycleTest, AWornFileNeverKeepsItFromStarting) {
     // The file, and what is complained of; null: nothing.
-    const std::tuple<const char*, const char*> cases[] = {{"[Settings]\nViewPortColor=12\nMainTop=abc\n[Setup]\nfirsttimedone=True\n", nullptr},
-                                                          {"[Setup]\nfirsttimedone=True\nextractionfolder=/no/such/folder\n", nullptr},
-                                                          {"[Setup]\nfirsttimedone=True\n[Settings]\nViewPortColor=70000\n", "\"ViewPortColor\""},
-                                                          {"[Setup]\nfirsttimedone=True\n[Settings]\nMainTop=99999\n", "\"MainTop\""},
-                                                          {"\x01\xFF\xFE[[[]]=\n===\n[Setup]\nfirsttimedone=True", nullptr}};
+    const std::tuple<const char*, const char*> cases[] = {
+        {"[Settings]\nViewPortColor=12\nMainTop=abc\n[Setup]\nfirsttimedone=True\n", nullptr},
+        {"[Setup]\nfirsttimedone=True\nextractionfolder=/no/such/folder\n", nullptr},
+        {"[Setup]\nfirsttimedone=True\n[Settings]\nViewPortColor=70000\n", "\"ViewPortColor\""},
+        {"[Setup]\nfirsttimedone=True\n[Settings]\nMainTop=99999\n", "\"MainTop\""},
+        {"\x01\xFF\xFE[[[]]=\n===\n[Setup]\nfirsttimedone=True", nullptr}};
     for (const auto& [ini, complaint] : cases) {
         MainHarness fresh;
         (void)fresh.folder.write("Pelrath.ini", ini);
@@ -110,7 +125,8 @@ TEST_F(LifeCycleTest, AReturnFromADialogShowsTheTextureAnew) {
     EXPECT_EQ(log.take(), "chosen chosen"); // none, and again
     EXPECT_EQ(row(session.selectedTexture, has("tmp.dds"), main.viewPortSize.selectedIndex()), "2, true, 1");
     // No layout pass, nor does the splash return.
-    EXPECT_EQ(row(main.dynImage.box().width, main.SplashFrame.visible(), surface.record.created), "3870, false, 1");
+    EXPECT_EQ(row(main.dynImage.box().width, main.SplashFrame.visible(), surface.record.created),
+              "3870, false, 1");
 }
 
 TEST_F(LifeCycleTest, ADeviceThatFailedIsTriedAgain) {
@@ -139,11 +155,14 @@ TEST_F(LifeCycleTest, DisplayAndSizesFollowTheirControls) {
     session.viewer.Running = true;
     main.chkGraphicDisplay.setChecked(false);
     EXPECT_TRUE(!session.viewer.Running && main.Label10.textColor() == TextColor::Greyed);
-    for (const OptionButton& swatch : main.backViewportColor) { EXPECT_FALSE(swatch.enabled()); }
+    for (const OptionButton& swatch : main.backViewportColor) {
+        EXPECT_FALSE(swatch.enabled());
+    }
     EXPECT_FALSE(main.cmdShow[0].enabled() || main.cmdShow[1].enabled() || main.cmdShow[2].enabled());
     main.Timer1.setEnabled(false);
     main.chkGraphicDisplay.setChecked(true);
-    EXPECT_TRUE(session.viewer.displayMode == DisplayMode::Texture && main.Label10.textColor() == TextColor::Normal);
+    EXPECT_TRUE(session.viewer.displayMode == DisplayMode::Texture &&
+                main.Label10.textColor() == TextColor::Normal);
     EXPECT_EQ(row(main.Timer1.running(), main.Timer1.interval(), session.selectedTexture), "true, 1, 1");
     EXPECT_FALSE(main.cmdShow[1].enabled()); // a texture without soft alpha
     main.chkGraphicDisplay.setValue(CheckValue::Grey);
@@ -155,22 +174,29 @@ TEST_F(LifeCycleTest, TheTimerStartsOneLoop) {
     pump.steps = {[this] { main.Timer1.tick.emit(); }, // runs already
                   [this] { main.queryUnload(); }};
     main.Timer1.tick.emit();
-    EXPECT_EQ(row(main.Timer1.running(), surface.record.alive, session.viewer.d3dCreated, main.window.isUnloaded()), "false, 0, false, true");
+    EXPECT_EQ(
+        row(main.Timer1.running(), surface.record.alive, session.viewer.d3dCreated, main.window.isUnloaded()),
+        "false, 0, false, true");
 }
 
 TEST_F(LifeCycleTest, TheCloseCleansUp) {
     start();
     session.exportImportFolder = "/in/use";
     main.backViewportColor[4].select();
-    for (const char* name : {"tmp.dds", "tmp1.dds"}) { ASSERT_EQ(chmod(folder.write(name, "x").c_str(), 0400), 0); }
-    std::filesystem::create_directories(folder.file("tmp2.dds/full")); // cannot be deleted: nothing comes of it
+    for (const char* name : {"tmp.dds", "tmp1.dds"}) {
+        ASSERT_EQ(chmod(folder.write(name, "x").c_str(), 0400), 0);
+    }
+    std::filesystem::create_directories(
+        folder.file("tmp2.dds/full")); // cannot be deleted: nothing comes of it
     std::vector<std::string> atTheEnd;
     const Connection end = main.window.unloaded.connect([&] { atTheEnd = folder.names(); });
     main.queryUnload();
     EXPECT_EQ(atTheEnd, (std::vector<std::string>{"Pelrath.ini", "tmp2.dds"}));
     main.queryUnload();
     main.activate();
-    EXPECT_EQ(row(stored("extractionfolder"), stored("ViewPortColor"), surface.record.alive, surface.record.created), "/in/use, 4, 0, 1");
+    EXPECT_EQ(row(stored("extractionfolder"), stored("ViewPortColor"), surface.record.alive,
+                  surface.record.created),
+              "/in/use, 4, 0, 1");
 }
 
 TEST_F(LifeCycleTest, APlaceBeyondTheNumbersStopsTheSaving) {
@@ -182,4 +208,5 @@ TEST_F(LifeCycleTest, APlaceBeyondTheNumbersStopsTheSaving) {
     EXPECT_EQ(row(stored("extractionfolder"), main.window.isUnloaded()), "missing, true");
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

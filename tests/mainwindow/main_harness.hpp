@@ -20,7 +20,9 @@ public:
     [[nodiscard]] double twipsPerPixel() const override { return 15; }
     [[nodiscard]] double width() const override { return 19200; }
     [[nodiscard]] double height() const override { return 12000; }
-    [[nodiscard]] double textWidth(std::string_view text) const override { return 120.0 * static_cast<double>(characterCount(text)); }
+    [[nodiscard]] double textWidth(std::string_view text) const override {
+        return 120.0 * static_cast<double>(characterCount(text));
+    }
 };
 
 class AnsweringFileOpen : public FileOpenDialog {
@@ -53,7 +55,9 @@ struct MainHarness {
         main.Command1.press();
     }
     void choose(int texture) { main.Output[TexturePane].setSelected(texture, true); }
-    [[nodiscard]] bool has(const std::string& name) const { return std::filesystem::exists(folder.file(name)); }
+    [[nodiscard]] bool has(const std::string& name) const {
+        return std::filesystem::exists(folder.file(name));
+    }
 
     // A key as the box's widget handles it: seen by the reactions first, then acting on the text.
     void type(std::u32string_view keys) {
@@ -97,7 +101,9 @@ struct MainHarness {
 /// Textures of one DXT1 level each, by name.
 inline ArchiveBuilder archiveOf(const std::vector<std::string>& names, CddsType type = CddsType::TypeCdds) {
     ArchiveBuilder builder{type};
-    for (const std::string& name : names) { builder.textures.push_back({name, "DXT1", {{4, 4, "12345678"}}}); }
+    for (const std::string& name : names) {
+        builder.textures.push_back({name, "DXT1", {{4, 4, "12345678"}}});
+    }
     return builder;
 }
 

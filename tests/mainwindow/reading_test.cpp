@@ -2,14 +2,16 @@
 
 #include <sys/stat.h>
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 struct Reading : testing::Test, MainHarness {
     Reading() { start(); }
     // Rows of the three panes and the list of names, and textures at hand.
     [[nodiscard]] std::string counts() const {
         const auto& [textures, levels, header] = main.Output;
-        return row(textures.count(), levels.count(), header.count(), main.incrementalSearchList.count(), session.archive.textures.size());
+        return row(textures.count(), levels.count(), header.count(), main.incrementalSearchList.count(),
+                   session.archive.textures.size());
     }
 };
 
@@ -18,19 +20,25 @@ constexpr const char* notFound = "Pelrath - File not found";
 TEST_F(Reading, FillsThePanesAndChoosesTheFirstTexture) {
     for (const CddsType type : {CddsType::Type0C, CddsType::TypeCdds}) {
         const bool cdds = type == CddsType::TypeCdds;
-        open({type, {{" wall.x.bmp", "DXT1", {{4, 4, "12345678"}, {2, 2, "abcdefgh"}}}, {"none", "DXT5", {}}}});
+        open({type,
+              {{" wall.x.bmp", "DXT1", {{4, 4, "12345678"}, {2, 2, "abcdefgh"}}}, {"none", "DXT5", {}}}});
         EXPECT_EQ(counts(), "2, 2, 1, 2, 2");
         EXPECT_EQ(row(main.Text1.text(), main.Text3.text(), main.Text4.text()),
                   folder.file("a.cdds") + (cdds ? ", cdds,       2 " : ", 0C,       2 "));
         EXPECT_EQ(row(main.Text7.text(), main.Text5.text()), "2, "); // the last texture has no level
-        EXPECT_EQ(row(main.Text9.text().size(), main.Text2[0].text().size(), main.Text2[1].text().size()), cdds ? "76, 254, 112" : "51, 158, 112");
-        EXPECT_EQ(row(main.incrementalSearchList.line(0), main.Output[MipmapPane].line(1).substr(0, 7)), "wall.x.bmp,     2  ");
-        EXPECT_EQ(row(session.selectedTexture, session.selectedBaseName, folder.read("tmp.dds").substr(128)), "0,  wall.x, 12345678");
+        EXPECT_EQ(row(main.Text9.text().size(), main.Text2[0].text().size(), main.Text2[1].text().size()),
+                  cdds ? "76, 254, 112" : "51, 158, 112");
+        EXPECT_EQ(row(main.incrementalSearchList.line(0), main.Output[MipmapPane].line(1).substr(0, 7)),
+                  "wall.x.bmp,     2  ");
+        EXPECT_EQ(row(session.selectedTexture, session.selectedBaseName, folder.read("tmp.dds").substr(128)),
+                  "0,  wall.x, 12345678");
         EXPECT_EQ(row(main.SplashFrame.visible(), main.dynImage.visible()), "false, true");
-        EXPECT_EQ(row(session.archiveFile.path, session.archiveFile.size), row(session.archivePath, folder.read("a.cdds").size()));
+        EXPECT_EQ(row(session.archiveFile.path, session.archiveFile.size),
+                  row(session.archivePath, folder.read("a.cdds").size()));
     }
     const auto& asked = fileOpen.asked;
-    EXPECT_EQ(row(asked.title, asked.filter, asked.folder), "Select .CDDS file to analyse, Cdds File (*.cdds), " + folder.path());
+    EXPECT_EQ(row(asked.title, asked.filter, asked.folder),
+              "Select .CDDS file to analyse, Cdds File (*.cdds), " + folder.path());
 }
 
 TEST_F(Reading, AnArchiveWithoutTexturesHoldsTitlesOnly) {
@@ -45,7 +53,10 @@ TEST_F(Reading, CancellingLeavesTheArchiveAndEmptiesTheDisplay) {
     fileOpen.answer.reset();
     main.Command1.press();
     EXPECT_EQ(counts(), "0, 0, 0, 0, 2");
-    for (const TextBox* text : {&main.Text2[0], &main.Text3, &main.Text4, &main.Text5, &main.Text7, &main.Text9}) { EXPECT_EQ(text->text(), ""); }
+    for (const TextBox* text :
+         {&main.Text2[0], &main.Text3, &main.Text4, &main.Text5, &main.Text7, &main.Text9}) {
+        EXPECT_EQ(text->text(), "");
+    }
     EXPECT_EQ(row(main.Text1.text(), session.selectedBaseName), folder.file("a.cdds") + ", a");
     main.cmdReadCDDS.press();
     EXPECT_EQ(row(counts(), main.Text5.text()), "2, 2, 1, 2, 2,     2  ");
@@ -60,7 +71,8 @@ TEST_F(Reading, WhatCannotBeReadSaysSoAndKeepsWhatIsThere) {
     const CddsArchive before = session.archive;
     std::filesystem::remove(folder.file("a.cdds"));
     main.cmdReadCDDS.press();
-    EXPECT_EQ(boxes.take(), std::vector{(ShownBox{"Selected file was not found. Please try again.", notFound})});
+    EXPECT_EQ(boxes.take(),
+              std::vector{(ShownBox{"Selected file was not found. Please try again.", notFound})});
     (void)folder.write("a.cdds", "DDS and something else");
     main.cmdReadCDDS.press();
     EXPECT_EQ(session.archive, before);
@@ -100,7 +112,8 @@ TEST_F(Reading, EventsRunDuringIt) {
     };
     open(archiveOf(std::vector<std::string>(35, "t.bmp")));
     EXPECT_EQ(rows, (std::vector{0, 10, 20, 30}));
-    EXPECT_EQ(row(session.selectedTexture, main.incrementalSearchList.selectedRow()), "0, 0"); // the read ends by choosing the first
+    EXPECT_EQ(row(session.selectedTexture, main.incrementalSearchList.selectedRow()),
+              "0, 0"); // the read ends by choosing the first
 }
 
 TEST_F(Reading, TheProgramMayEndDuringIt) {
@@ -108,7 +121,8 @@ TEST_F(Reading, TheProgramMayEndDuringIt) {
         if (pump.pending == 3) main.queryUnload();
     };
     open(archiveOf(std::vector<std::string>(35, "t.bmp")));
-    EXPECT_EQ(row(main.Output[TexturePane].count(), surface.record.alive, main.dynImage.visible()), "20, 0, false");
+    EXPECT_EQ(row(main.Output[TexturePane].count(), surface.record.alive, main.dynImage.visible()),
+              "20, 0, false");
 }
 
 TEST_F(Reading, TexturesThatCannotBeStagedAreReported) {
@@ -118,10 +132,11 @@ TEST_F(Reading, TexturesThatCannotBeStagedAreReported) {
            {"none.bmp", "DXT5", {}},
            {"other", "ARGB", {{1, 1, "1234"}}}}});
     // The texture, what is seen, and the words of the message; null: none.
-    const std::tuple<int, const char*, const char*> cases[] = {{1, "Texture not available !, true, 1", "has no data"},
-                                                               {2, "Texture not available !, true, 2", "no level 0"},
-                                                               {3, "Invalid DXT Format, true, 3", nullptr},
-                                                               {0, ", false, 0", nullptr}};
+    const std::tuple<int, const char*, const char*> cases[] = {
+        {1, "Texture not available !, true, 1", "has no data"},
+        {2, "Texture not available !, true, 2", "no level 0"},
+        {3, "Invalid DXT Format, true, 3", nullptr},
+        {0, ", false, 0", nullptr}};
     for (const auto& [texture, status, words] : cases) {
         choose(texture);
         EXPECT_EQ(row(main.Label11.caption(), main.Label11.visible(), session.selectedTexture), status);
@@ -139,7 +154,8 @@ TEST_F(Reading, TexturesThatCannotBeStagedAreReported) {
 
 TEST_F(Reading, ChoosingMarksTheTexturesLevels) {
     const LevelPlan level{2, 2, "12345678"};
-    open({CddsType::Type0C, {{"a", "DXT1", {level, level}}, {"b", "DXT1", {}}, {"c", "ARGB", {level, level, level}}}});
+    open({CddsType::Type0C,
+          {{"a", "DXT1", {level, level}}, {"b", "DXT1", {}}, {"c", "ARGB", {level, level, level}}}});
     using Runs = std::vector<ListBox::Run>;
     const auto marked = [this](int texture) {
         choose(texture);
@@ -154,4 +170,5 @@ TEST_F(Reading, ChoosingMarksTheTexturesLevels) {
     EXPECT_EQ(row(session.selectedBaseName, has("tmp.dds")), "a, false");
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

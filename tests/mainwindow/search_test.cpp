@@ -1,11 +1,13 @@
 #include "main_harness.hpp"
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 struct Search : testing::Test, MainHarness {
     Search() {
         start();
-        open(archiveOf({"first.bmp", "ABC.bmp", "abd.bmp", "  lead.tga", "hull.bmp", "hull", "r\xE9servoir.tga"}));
+        open(archiveOf(
+            {"first.bmp", "ABC.bmp", "abd.bmp", "  lead.tga", "hull.bmp", "hull", "r\xE9servoir.tga"}));
         emptyBox(); // of the first texture's name
     }
     void emptyBox() { box.edit("", 0, 0); }
@@ -63,7 +65,9 @@ TEST_F(Search, ArrowsStepThroughTheTextures) {
     EXPECT_EQ(row(box.text(), chosen()), "ABC.bmp, 1");
     EXPECT_FALSE(press(KeyCode::Down, true) || press(KeyCode::Other));
     EXPECT_EQ(chosen(), 1);
-    for (int i = 0; i < 9; ++i) { EXPECT_TRUE(press(KeyCode::Down)); }
+    for (int i = 0; i < 9; ++i) {
+        EXPECT_TRUE(press(KeyCode::Down));
+    }
     EXPECT_EQ(chosen(), 6);
     emptyBox();
     type(U"a");
@@ -102,4 +106,5 @@ TEST(SearchWithoutArchive, TypingStaysWhatItIs) {
     EXPECT_EQ(harness.main.incrementalSearchText.text(), "ac");
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

@@ -10,13 +10,20 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 TEST(Files, PathsAreTakenApartAndPutTogether) {
-    const std::array<const char*, 3> joins[] = {{"/a", "b", "/a/b"}, {"/a/", "b", "/a/b"}, {"/", "b", "/b"}, {"", "b", "b"}};
-    for (const auto& [folder, name, joined] : joins) { EXPECT_EQ(joinPath(folder, name), joined); }
-    const std::pair<const char*, const char*> parts[] = {{"/a/b.c", "/a, /a/b"}, {"/b", "/, /b"}, {"b.c.d", ", b.c"}, {"b", ", b"}, {".bmp", ", "}};
-    for (const auto& [path, expected] : parts) { EXPECT_EQ(row(parentFolder(path), withoutExtension(path)), expected); }
+    const std::array<const char*, 3> joins[] = {
+        {"/a", "b", "/a/b"}, {"/a/", "b", "/a/b"}, {"/", "b", "/b"}, {"", "b", "b"}};
+    for (const auto& [folder, name, joined] : joins) {
+        EXPECT_EQ(joinPath(folder, name), joined);
+    }
+    const std::pair<const char*, const char*> parts[] = {
+        {"/a/b.c", "/a, /a/b"}, {"/b", "/, /b"}, {"b.c.d", ", b.c"}, {"b", ", b"}, {".bmp", ", "}};
+    for (const auto& [path, expected] : parts) {
+        EXPECT_EQ(row(parentFolder(path), withoutExtension(path)), expected);
+    }
 }
 
 TEST(Files, ReadsOnlyInsideTheFile) {
@@ -27,7 +34,9 @@ TEST(Files, ReadsOnlyInsideTheFile) {
         file.readAt(offset, std::as_writable_bytes(std::span{bytes}));
         EXPECT_EQ(bytes, std::string("0123456789").substr(offset, count));
     }
-    for (const auto& [offset, count] : {std::pair<std::uint64_t, std::size_t>{9, 2}, {11, 0}, {std::numeric_limits<std::uint64_t>::max(), 2}}) {
+    for (const auto& [offset, count] : {std::pair<std::uint64_t, std::size_t>{9, 2},
+                                        {11, 0},
+                                        {std::numeric_limits<std::uint64_t>::max(), 2}}) {
         std::vector<std::byte> bytes(count);
         EXPECT_EQ(failureOf([&] { file.readAt(offset, bytes); }).number(), 62) << offset;
     }
@@ -63,13 +72,16 @@ TEST(Files, ReplacingKeepsTheOldPermissions) {
 
 TEST(RuntimeErrors, NumbersAndSentences) {
     const std::pair<int, const char*> cases[] = {
-        {ENOENT, "53, s, File not found (p)"},  {EACCES, "70, s, Permission denied (p)"}, {ENOSPC, "61, s, Disk full (p)"},
-        {ENOTDIR, "76, s, Path not found (p)"}, {EIO, "57, s, Device I/O error (p)"},     {EISDIR, "75, s, Path/File access error (p)"},
-        {EOVERFLOW, "6, s, Overflow (p)"},      {EPROTO, "57, s, Device I/O error (p)"},  {0, "57, s, Device I/O error (p)"}};
+        {ENOENT, "53, s, File not found (p)"}, {EACCES, "70, s, Permission denied (p)"},
+        {ENOSPC, "61, s, Disk full (p)"},      {ENOTDIR, "76, s, Path not found (p)"},
+        {EIO, "57, s, Device I/O error (p)"},  {EISDIR, "75, s, Path/File access error (p)"},
+        {EOVERFLOW, "6, s, Overflow (p)"},     {EPROTO, "57, s, Device I/O error (p)"},
+        {0, "57, s, Device I/O error (p)"}};
     for (const auto& [system, expected] : cases) {
         const RuntimeError error = makeSystemError(system, "s", "p");
         EXPECT_EQ(row(error.number(), error.source(), error.description()), expected) << system;
     }
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

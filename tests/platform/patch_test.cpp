@@ -7,7 +7,8 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 Bytes raw(const std::string& text) { return std::as_bytes(std::span{text}); }
 
@@ -29,10 +30,13 @@ TEST(OverwritingInPlace, FailsBeforeTheFirstByteWhereItIsImpossible) {
     std::filesystem::create_directory(folder.file("folder"));
     mkfifo(folder.file("pipe").c_str(), 0600);
     const std::tuple<const char*, std::uint64_t, ErrorNumber> cases[] = {
-        {"missing", 0, ErrorNumber::FileNotFound}, {"folder", 0, ErrorNumber::PathFileAccess}, {"pipe", 0, ErrorNumber::PathFileAccess},
-        {"a", 8, ErrorNumber::InputPastEnd},       {"a", ~0ULL, ErrorNumber::InputPastEnd},    {"a/b", 0, ErrorNumber::PathNotFound}};
+        {"missing", 0, ErrorNumber::FileNotFound}, {"folder", 0, ErrorNumber::PathFileAccess},
+        {"pipe", 0, ErrorNumber::PathFileAccess},  {"a", 8, ErrorNumber::InputPastEnd},
+        {"a", ~0ULL, ErrorNumber::InputPastEnd},   {"a/b", 0, ErrorNumber::PathNotFound}};
     for (const auto& [name, offset, number] : cases) {
-        EXPECT_EQ(failureOf([&] { overwriteWholly(folder.file(name), offset, raw("abc")); }).number(), static_cast<int>(number)) << name;
+        EXPECT_EQ(failureOf([&] { overwriteWholly(folder.file(name), offset, raw("abc")); }).number(),
+                  static_cast<int>(number))
+            << name;
     }
     EXPECT_EQ(folder.read("a"), "0123456789");
     EXPECT_FALSE(std::filesystem::exists(folder.file("missing")));
@@ -47,7 +51,8 @@ TEST(CopyOfAFile, HasNoNameBeforeItIsWhole) {
     const std::vector<std::string> before = folder.names();
     std::string seen;
     {
-        FileCopy copy{file, folder.path(), [&](std::uint64_t done, std::uint64_t total) { seen += row(done, total) + "; "; }};
+        FileCopy copy{file, folder.path(),
+                      [&](std::uint64_t done, std::uint64_t total) { seen += row(done, total) + "; "; }};
         EXPECT_EQ(folder.names(), before);
         EXPECT_FALSE(copy.takeName(file));
         EXPECT_TRUE(copy.takeName(folder.file("b")));
@@ -56,7 +61,10 @@ TEST(CopyOfAFile, HasNoNameBeforeItIsWhole) {
     EXPECT_TRUE(folder.read("b") == folder.read("a"));
     EXPECT_EQ(fileMode(folder.file("b")), 0400U);
     const auto copying = [&](const std::string& from, const std::string& to) {
-        return failureOf([&] { FileCopy{folder.file(from), folder.file(to), [](std::uint64_t, std::uint64_t) {}}; }).number();
+        return failureOf([&] {
+                   FileCopy{folder.file(from), folder.file(to), [](std::uint64_t, std::uint64_t) {}};
+               })
+            .number();
     };
     EXPECT_EQ(copying("missing", ""), static_cast<int>(ErrorNumber::FileNotFound));
     EXPECT_EQ(copying("", ""), static_cast<int>(ErrorNumber::PathFileAccess));
@@ -76,4 +84,5 @@ TEST(FileForAWhile, IsGoneBeforeAndAfter) {
     EXPECT_TRUE(folder.names().empty());
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

@@ -4,7 +4,8 @@
 
 #include <set>
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 TEST(Text, EveryAnsiByteSurvivesARoundTrip) {
     std::set<std::string> seen;
@@ -22,14 +23,19 @@ TEST(Text, EveryAnsiByteSurvivesARoundTrip) {
 TEST(Text, CountsAndCutsCharacters) {
     EXPECT_EQ(row(characterCount(""), firstCharacters("", 3)), "0, ");
     EXPECT_EQ(row(characterCount("abc"), firstCharacters("abc", 2)), "3, ab");
-    EXPECT_EQ(row(characterCount("a\u00E9\u20ACz"), firstCharacters("a\u00E9\u20ACz", 3)), "4, a\u00E9\u20AC");
+    EXPECT_EQ(row(characterCount("a\u00E9\u20ACz"), firstCharacters("a\u00E9\u20ACz", 3)),
+              "4, a\u00E9\u20AC");
     EXPECT_EQ(row(characterCount("\u00FCb"), firstCharacters("\u00FCb", 9)), "2, \u00FCb");
 }
 
 TEST(Text, UpperCaseKeepsTheNumberOfCharacters) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"ab9_Z", "AB9_Z"}, {"r\u00E9servoir", "R\u00C9SERVOIR"}, {"\u00FF\u0161", "\u0178\u0160"}, {"stra\u00DFe", "STRA\u00DFE"}};
-    for (const auto& [text, upper] : cases) { EXPECT_EQ(upperCase(text), upper); }
+    const std::pair<const char*, const char*> cases[] = {{"ab9_Z", "AB9_Z"},
+                                                         {"r\u00E9servoir", "R\u00C9SERVOIR"},
+                                                         {"\u00FF\u0161", "\u0178\u0160"},
+                                                         {"stra\u00DFe", "STRA\u00DFE"}};
+    for (const auto& [text, upper] : cases) {
+        EXPECT_EQ(upperCase(text), upper);
+    }
 }
 
 TEST(Text, TrimsAndPads) {
@@ -40,4 +46,5 @@ TEST(Text, TrimsAndPads) {
     EXPECT_EQ(line, "|\u00E9\u00E9  toolong");
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

@@ -3,7 +3,8 @@
 #include "settings/csetting.hpp"
 #include "support/temporary_folder.hpp"
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 CSetting iniSetting(const TemporaryFolder& folder) {
     CSetting setting;
@@ -16,7 +17,8 @@ CSetting iniSetting(const TemporaryFolder& folder) {
 std::string numberIn(CSetting& setting, const char* key) {
     int number = 0;
     const RuntimeError error = failureOf([&] { number = setting.GetSettingInt("s", key, 99); });
-    return error.number() == 0 ? std::to_string(number) : row(error.number(), error.source(), error.description());
+    return error.number() == 0 ? std::to_string(number)
+                               : row(error.number(), error.source(), error.description());
 }
 
 constexpr const char* overflow = "-2147220989, CSetting.GetSettingInt, Error reading Setting (6, Overflow)";
@@ -25,18 +27,25 @@ using NumberCases = std::vector<std::pair<const char*, const char*>>;
 
 TEST(ProfileFiles, ValuesAreFoundAsTheFormatHasThem) {
     const TemporaryFolder folder;
-    (void)folder.write("a.ini", "\xEF\xBB\xBF; comment\r\nstray=1\r\n[ Setup ]x\r\n Key One = a = b ;c \r\n"
-                                "single='q'\r\ndouble=\" q \"\r\nhalf=\"q\r\nempty=\r\n;hidden=1\r\nno equals sign\r\n"
-                                "folder=/home/\u00E9t\u00E9/\u0394\r\n[Other]\r\nKey One=other\r\n[setup]\r\nlate=1");
+    (void)folder.write("a.ini",
+                       "\xEF\xBB\xBF; comment\r\nstray=1\r\n[ Setup ]x\r\n Key One = a = b ;c \r\n"
+                       "single='q'\r\ndouble=\" q \"\r\nhalf=\"q\r\nempty=\r\n;hidden=1\r\nno equals sign\r\n"
+                       "folder=/home/\u00E9t\u00E9/\u0394\r\n[Other]\r\nKey One=other\r\n[setup]\r\nlate=1");
     CSetting setting = iniSetting(folder);
     const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"Setup", "Key One", "a = b ;c"}, {"SETUP", "key one", "a = b ;c"}, {"setup", "single", "q"},
-        {"setup", "double", "q"},         {"setup", "half", "\"q"},         {"setup", "empty", ""},
-        {"setup", "hidden", "default"},   {"setup", "stray", "default"},    {"Other", "Key One", "other"},
-        {"setup", "late", "default"},     {"none", "Key One", "default"},   {"setup", "folder", "/home/\u00E9t\u00E9/\u0394"}};
-    for (const auto& [section, key, value] : cases) { EXPECT_EQ(setting.GetSettingStr(section, key, "default"), value) << section << '/' << key; }
+        {"Setup", "Key One", "a = b ;c"}, {"SETUP", "key one", "a = b ;c"},
+        {"setup", "single", "q"},         {"setup", "double", "q"},
+        {"setup", "half", "\"q"},         {"setup", "empty", ""},
+        {"setup", "hidden", "default"},   {"setup", "stray", "default"},
+        {"Other", "Key One", "other"},    {"setup", "late", "default"},
+        {"none", "Key One", "default"},   {"setup", "folder", "/home/\u00E9t\u00E9/\u0394"}};
+    for (const auto& [section, key, value] : cases) {
+        EXPECT_EQ(setting.GetSettingStr(section, key, "default"), value) << section << '/' << key;
+    }
     std::string accents;
-    for (int i = 0; i < 130; ++i) { accents += "\u00E9"; }
+    for (int i = 0; i < 130; ++i) {
+        accents += "\u00E9";
+    }
     (void)folder.write("a.ini", "[s]\nlong=" + std::string(200, 'x') + "\naccents=" + accents);
     EXPECT_EQ(setting.GetSettingStr("s", "long", ""), std::string(127, 'x'));
     EXPECT_EQ(setting.GetSettingStr("s", "accents", "").size(), 254U);
@@ -44,9 +53,11 @@ TEST(ProfileFiles, ValuesAreFoundAsTheFormatHasThem) {
 
 TEST(ProfileFiles, NumbersAreWhatAValueBeginsWith) {
     const TemporaryFolder folder;
-    const NumberCases cases = {{"12", "12"},         {"0x1F", "31"},      {"-0b101", "-5"},     {"-5", "-5"},        {"+7", "7"},
-                               {"12abc", "12"},      {"abc", "0"},        {"", "99"},           {"1.9", "1"},        {"32767", "32767"},
-                               {"-32768", "-32768"}, {"40000", overflow}, {"-40000", overflow}, {"4294967297", "1"}, {"\x01\x02\xFF", "0"}};
+    const NumberCases cases = {{"12", "12"},         {"0x1F", "31"},       {"-0b101", "-5"},
+                               {"-5", "-5"},         {"+7", "7"},          {"12abc", "12"},
+                               {"abc", "0"},         {"", "99"},           {"1.9", "1"},
+                               {"32767", "32767"},   {"-32768", "-32768"}, {"40000", overflow},
+                               {"-40000", overflow}, {"4294967297", "1"},  {"\x01\x02\xFF", "0"}};
     for (const auto& [stored, number] : cases) {
         (void)folder.write("a.ini", std::string{"[s]\nk="} + stored + "\n");
         CSetting setting = iniSetting(folder);
@@ -59,13 +70,17 @@ TEST(ProfileFiles, WritingLeavesEverythingElse) {
     CSetting setting = iniSetting(folder);
     setting.SaveSettingInt("New", "number", -5);
     EXPECT_EQ(folder.read("a.ini"), "[New]\nnumber=-5\n");
-    (void)folder.write("a.ini", "\xEF\xBB\xBF; mine\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nfirst=1\r\n; note\r\n\r\n[Last]\r\nend=1");
+    (void)folder.write(
+        "a.ini",
+        "\xEF\xBB\xBF; mine\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nfirst=1\r\n; note\r\n\r\n[Last]\r\nend=1");
     setting.SaveSettingStr("SETUP", "FIRST", "two words");
     setting.SaveSettingStr("Setup", "added", "x=y");
     setting.SaveSettingStr("last", "more", "\u00E9");
     setting.SaveSettingStr("last", "more", "two\n[lines]"); // which the file cannot hold
-    EXPECT_EQ(folder.read("a.ini"), "\xEF\xBB\xBF; mine\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nFIRST=two words\r\n; note\r\nadded=x=y\r\n"
-                                    "\r\n[Last]\r\nend=1\r\nmore=\u00E9\r\n");
+    EXPECT_EQ(
+        folder.read("a.ini"),
+        "\xEF\xBB\xBF; mine\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nFIRST=two words\r\n; note\r\nadded=x=y\r\n"
+        "\r\n[Last]\r\nend=1\r\nmore=\u00E9\r\n");
     EXPECT_EQ(setting.GetSettingStr("Setup", "added", ""), "x=y");
     EXPECT_EQ(folder.names(), std::vector<std::string>{"a.ini"});
 }
@@ -97,8 +112,9 @@ TEST(Registry, KeepsTextsOfAnyKind) {
     setting.SaveSettingStr("A [section]", "a key=", odd);
     EXPECT_EQ(setting.GetSettingStr("a [SECTION]", "A KEY=", ""), odd);
     EXPECT_EQ(first.GetSettingStr("A [section]", "a key=", "other application"), "other application");
-    const NumberCases cases = {{"12", "12"}, {"+-5", "0"},   {" -5 ", "-5"}, {"2.5", "2"},        {"3.5", "4"},      {"1e3", "1000"},
-                               {"abc", "0"}, {"12abc", "0"}, {"", "0"},      {"40000", overflow}, {"1e99", overflow}};
+    const NumberCases cases = {{"12", "12"}, {"+-5", "0"},        {" -5 ", "-5"},    {"2.5", "2"},
+                               {"3.5", "4"}, {"1e3", "1000"},     {"abc", "0"},      {"12abc", "0"},
+                               {"", "0"},    {"40000", overflow}, {"1e99", overflow}};
     for (const auto& [stored, number] : cases) {
         setting.SaveSettingStr("s", "number", stored);
         EXPECT_EQ(numberIn(setting, "number"), number) << stored;
@@ -112,17 +128,22 @@ TEST(Registry, KeepsTextsOfAnyKind) {
     longNamed.SaveSettingStr("\xFE", "k", "kept");
     EXPECT_EQ(longNamed.GetSettingStr("\xFE", "k", ""), "kept");
 
-    for (const auto& stored : std::filesystem::directory_iterator{folder.file("pelrath")}) { std::ofstream{stored.path()} << "rubbish"; }
+    for (const auto& stored : std::filesystem::directory_iterator{folder.file("pelrath")}) {
+        std::ofstream{stored.path()} << "rubbish";
+    }
     const RuntimeError error = failureOf([&] { setting.SaveSettingStr("s", "k", "v"); });
     EXPECT_EQ(row(error.number(), error.source()), "-2147220990, CSetting.SaveSettingStr");
     EXPECT_TRUE(error.description().starts_with("Error writing Setting (57, "));
 }
 
 // The key that a pass ends at, and why.
-template <class Pass> std::string endOf(Pass pass) {
+template <class Pass>
+std::string endOf(Pass pass) {
     try {
         pass();
-    } catch (const SettingsPassEnded& end) { return row(end.key(), end.what()); }
+    } catch (const SettingsPassEnded& end) {
+        return row(end.key(), end.what());
+    }
     return "none";
 }
 
@@ -135,9 +156,10 @@ TEST(ApplicationSettingsFile, HoldsNineKeysInOrder) {
     settings.extractionFolder = "/a b";
     settings.bazarTempFolder = "/\u00E9";
     saveApplicationSettings(folder.file("Pelrath"), settings);
-    EXPECT_EQ(folder.read("Pelrath.ini"), "[Settings]\nMainTop=10\nMainLeft=-3\nViewPortWidth=512\nViewPortHeight=512\n"
-                                          "ViewPortColor=0\nbazartempfolder=/\u00E9\ncddsbackupfolder=\n"
-                                          "[Setup]\nextractionfolder=/a b\nfirsttimedone=False\n");
+    EXPECT_EQ(folder.read("Pelrath.ini"),
+              "[Settings]\nMainTop=10\nMainLeft=-3\nViewPortWidth=512\nViewPortHeight=512\n"
+              "ViewPortColor=0\nbazartempfolder=/\u00E9\ncddsbackupfolder=\n"
+              "[Setup]\nextractionfolder=/a b\nfirsttimedone=False\n");
     ApplicationSettings read;
     loadApplicationSettings(folder.file("Pelrath"), read);
     EXPECT_EQ(row(read.mainTop, read.bazarTempFolder), "10, /\u00E9");
@@ -145,17 +167,23 @@ TEST(ApplicationSettingsFile, HoldsNineKeysInOrder) {
 
 TEST(ApplicationSettingsFile, APassEndsAtTheKeyThatCannotBeUsed) {
     const TemporaryFolder folder;
-    (void)folder.write("Pelrath.ini", "[Settings]\nMainTop=7\nViewPortWidth=99999\nViewPortColor=3\n[Setup]\nfirsttimedone=True\n");
+    (void)folder.write(
+        "Pelrath.ini",
+        "[Settings]\nMainTop=7\nViewPortWidth=99999\nViewPortColor=3\n[Setup]\nfirsttimedone=True\n");
     ApplicationSettings settings;
-    EXPECT_EQ(endOf([&] { loadApplicationSettings(folder.file("Pelrath"), settings); }), "ViewPortWidth, Error reading Setting (6, Overflow)");
-    EXPECT_EQ(row(settings.mainTop, settings.firstTimeDone, settings.viewPortWidth, settings.viewPortColor), "7, True, 512, 0");
+    EXPECT_EQ(endOf([&] { loadApplicationSettings(folder.file("Pelrath"), settings); }),
+              "ViewPortWidth, Error reading Setting (6, Overflow)");
+    EXPECT_EQ(row(settings.mainTop, settings.firstTimeDone, settings.viewPortWidth, settings.viewPortColor),
+              "7, True, 512, 0");
 
     settings = {};
     settings.mainTop = 5;
     settings.mainLeft = 32768;
-    EXPECT_TRUE(endOf([&] { saveApplicationSettings(folder.file("Pelrath"), settings); }).starts_with("MainLeft, "));
+    EXPECT_TRUE(
+        endOf([&] { saveApplicationSettings(folder.file("Pelrath"), settings); }).starts_with("MainLeft, "));
     const std::string ini = folder.read("Pelrath.ini");
     EXPECT_TRUE(ini.find("MainTop=5\n") < ini.find("firsttimedone=True\n") && ini.ends_with("True\n")) << ini;
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

@@ -24,7 +24,8 @@ struct TexturePlan {
 /// Writes archives byte by byte, from the format and not with the program's records.
 class ArchiveBuilder {
 public:
-    ArchiveBuilder(CddsType type, std::vector<TexturePlan> plans = {}) : textures(std::move(plans)), cdds_(type == CddsType::TypeCdds) {}
+    ArchiveBuilder(CddsType type, std::vector<TexturePlan> plans = {})
+        : textures(std::move(plans)), cdds_(type == CddsType::TypeCdds) {}
 
     std::vector<TexturePlan> textures;
     /// Overrides of single 32-bit values, by position, made last.
@@ -34,7 +35,9 @@ public:
     std::vector<std::int32_t> tableAt;
     std::vector<std::vector<std::int32_t>> dataAt;
 
-    [[nodiscard]] std::int32_t entryAt(std::size_t i) const { return static_cast<std::int32_t>(cdds_ ? 32 + 64 * i : 24 + 68 * i); }
+    [[nodiscard]] std::int32_t entryAt(std::size_t i) const {
+        return static_cast<std::int32_t>(cdds_ ? 32 + 64 * i : 24 + 68 * i);
+    }
 
     std::string build() {
         bytes_.assign(static_cast<std::size_t>(entryAt(textures.size())), '\0');
@@ -42,10 +45,16 @@ public:
         put(0, bytesOf(cdds_ ? "63646473 d-1" + count + " d3 d4 d5 d6 d7" : "d12" + count + " d1 d-2 d3 d4"));
         tableAt.clear();
         if (dataBeforeTables) placeData();
-        for (std::size_t i = 0; i < textures.size(); ++i) { placeTables(i); }
+        for (std::size_t i = 0; i < textures.size(); ++i) {
+            placeTables(i);
+        }
         if (!dataBeforeTables) placeData();
-        for (std::size_t i = 0; i < textures.size(); ++i) { linkLevels(i); }
-        for (const auto& [at, value] : patches) { put(at, little(value, 4)); }
+        for (std::size_t i = 0; i < textures.size(); ++i) {
+            linkLevels(i);
+        }
+        for (const auto& [at, value] : patches) {
+            put(at, little(value, 4));
+        }
         return bytes_;
     }
 
@@ -74,7 +83,9 @@ private:
         const std::int32_t entry = entryAt(i);
         const std::int32_t at = tableAt.emplace_back(t.tableAt.value_or(end()));
         const auto levels = static_cast<std::int32_t>(t.levels.size());
-        const std::string sides = t.levels.empty() ? std::string(8, '\0') : little(t.levels[0].height, 4) + little(t.levels[0].width, 4);
+        const std::string sides = t.levels.empty()
+                                      ? std::string(8, '\0')
+                                      : little(t.levels[0].height, 4) + little(t.levels[0].width, 4);
         const std::string count = little(levels, 4);
         const std::string type = (t.type + std::string(4, '\0')).substr(0, 4);
         put(entry, t.name);
@@ -82,7 +93,8 @@ private:
             put(entry + 32, little(at - (entry + 32), 4) + bytesOf("d200 d201 d202 d203 d204 d205 d206"));
             put(at, sides + type + bytesOf("d104") + count + bytesOf("d106 d107 d108 d109 d110"));
         } else {
-            put(entry + 32, sides + type + bytesOf("d300 d301 d302 d303") + count + little(at - (entry + 64), 4));
+            put(entry + 32,
+                sides + type + bytesOf("d300 d301 d302 d303") + count + little(at - (entry + 64), 4));
         }
         put(firstEntry(i) + 16 * levels, "");
     }

@@ -15,18 +15,21 @@ struct ShownBox {
 };
 
 inline std::ostream& operator<<(std::ostream& out, const ShownBox& box) {
-    return out << '[' << box.title << "] " << box.text << " (icon " << static_cast<int>(box.icon) << ", buttons " << static_cast<int>(box.buttons)
-               << ')';
+    return out << '[' << box.title << "] " << box.text << " (icon " << static_cast<int>(box.icon)
+               << ", buttons " << static_cast<int>(box.buttons) << ')';
 }
 
 /// Message boxes that nobody sees. One that the test never takes fails it.
 class RecordingBoxes : public MessageBoxes {
 public:
     ~RecordingBoxes() override {
-        for (const ShownBox& box : shown_) { ADD_FAILURE() << "unexpected message box: " << box; }
+        for (const ShownBox& box : shown_) {
+            ADD_FAILURE() << "unexpected message box: " << box;
+        }
     }
 
-    BoxAnswer show(const std::string& text, const std::string& title, BoxIcon icon, BoxButtons buttons) override {
+    BoxAnswer show(const std::string& text, const std::string& title, BoxIcon icon,
+                   BoxButtons buttons) override {
         shown_.push_back({text, title, icon, buttons});
         return answer;
     }
@@ -37,7 +40,9 @@ public:
     void expect(const char* words) {
         const std::vector<ShownBox> shown = take();
         ASSERT_EQ(shown.size(), words == nullptr ? 0U : 1U);
-        if (words != nullptr) { EXPECT_NE(shown[0].text.find(words), std::string::npos) << shown[0]; }
+        if (words != nullptr) {
+            EXPECT_NE(shown[0].text.find(words), std::string::npos) << shown[0];
+        }
     }
 
     /// Since the last call this one was shown, and no other.

@@ -7,7 +7,8 @@
 
 namespace pelrath::test {
 
-/// A folder picker with a user who does what the test says, and a record of what the dialog is told meanwhile.
+/// A folder picker with a user who does what the test says, and a record of what the dialog is told
+/// meanwhile.
 class ScriptedPicker : public FolderPicker, private FolderPicker::Dialog {
 public:
     Choice choose(const Request& request, Listener& listener) override {

@@ -41,7 +41,9 @@ public:
     /// The names in it, or in a folder inside it, sorted.
     [[nodiscard]] std::vector<std::string> names(const std::string& inside = ".") const {
         std::vector<std::string> found;
-        for (const auto& entry : std::filesystem::directory_iterator{file(inside)}) { found.push_back(entry.path().filename().string()); }
+        for (const auto& entry : std::filesystem::directory_iterator{file(inside)}) {
+            found.push_back(entry.path().filename().string());
+        }
         std::sort(found.begin(), found.end());
         return found;
     }

@@ -12,7 +12,8 @@
 namespace pelrath::test {
 
 /// Several values as one text, to be compared together: row(1, "a", true) is "1, a, true".
-template <class... Values> std::string row(const Values&... values) {
+template <class... Values>
+std::string row(const Values&... values) {
     std::ostringstream text;
     text << std::boolalpha;
     const char* gap = "";
@@ -21,20 +22,26 @@ template <class... Values> std::string row(const Values&... values) {
 }
 
 /// The failure that the work ends with; one of the number 0 if it does not fail.
-template <class Work> RuntimeError failureOf(Work work) {
+template <class Work>
+RuntimeError failureOf(Work work) {
     try {
         work();
-    } catch (const RuntimeError& error) { return error; }
+    } catch (const RuntimeError& error) {
+        return error;
+    }
     return {0, "", "no failure"};
 }
 
 inline std::string little(std::int64_t value, int bytes) {
     std::string text;
-    for (int i = 0; i < bytes; ++i) { text += static_cast<char>(value >> (8 * i)); }
+    for (int i = 0; i < bytes; ++i) {
+        text += static_cast<char>(value >> (8 * i));
+    }
     return text;
 }
 
-/// Bytes from words: hexadecimal ones, N*XX that repeats some, wN and dN for 16-bit and 32-bit little-endian numbers.
+/// Bytes from words: hexadecimal ones, N*XX that repeats some, wN and dN for 16-bit and 32-bit little-endian
+/// numbers.
 inline std::string bytesOf(const std::string& notation) {
     std::string bytes;
     std::istringstream words{notation};
@@ -49,20 +56,26 @@ inline std::string bytesOf(const std::string& notation) {
         for (std::size_t i = star == std::string::npos ? 0 : star + 1; i < word.size(); i += 2) {
             once += static_cast<char>(std::stoi(word.substr(i, 2), nullptr, 16));
         }
-        for (std::size_t i = 0; i < times; ++i) { bytes += once; }
+        for (std::size_t i = 0; i < times; ++i) {
+            bytes += once;
+        }
     }
     return bytes;
 }
 
 /// A DDS file as short as readers take it: magic, sides and type in the header, and its blocks.
-inline std::string ddsFile(const std::string& fourCC, std::uint32_t width, std::uint32_t height, const std::string& blocks) {
-    return "DDS " + std::string(8, '\0') + little(height, 4) + little(width, 4) + std::string(64, '\0') + fourCC + std::string(40, '\0') + blocks;
+inline std::string ddsFile(const std::string& fourCC, std::uint32_t width, std::uint32_t height,
+                           const std::string& blocks) {
+    return "DDS " + std::string(8, '\0') + little(height, 4) + little(width, 4) + std::string(64, '\0') +
+           fourCC + std::string(40, '\0') + blocks;
 }
 
 /// DXT1 blocks of one colour, given as 5-6-5.
 inline std::string plainBlocks(std::uint32_t width, std::uint32_t height, std::uint16_t color) {
     std::string blocks;
-    for (std::uint32_t i = 0; i < ((width + 3) / 4) * ((height + 3) / 4); ++i) { blocks += little(color, 8); }
+    for (std::uint32_t i = 0; i < ((width + 3) / 4) * ((height + 3) / 4); ++i) {
+        blocks += little(color, 8);
+    }
     return blocks;
 }
 

@@ -1,33 +1,39 @@
 #include "transfer/transfer_harness.hpp"
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 constexpr DialogMode out = DialogMode::Extraction;
 constexpr DialogMode in = DialogMode::Insertion;
 
 struct Dialog : testing::Test, TransferHarness {
-    /// The kind; the operations, upper case where enabled, the chosen one in brackets; the marks; what of filter, warning and
-    /// Bazar Temp folder can be used.
+    /// The kind; the operations, upper case where enabled, the chosen one in brackets; the marks; what of
+    /// filter, warning and Bazar Temp folder can be used.
     [[nodiscard]] std::string state() {
-        std::string text = dialog.optOutFileType.selectedIndex() == 1 ? "dds " : dialog.optOutFileType[0].caption() + " ";
+        std::string text =
+            dialog.optOutFileType.selectedIndex() == 1 ? "dds " : dialog.optOutFileType[0].caption() + " ";
         for (std::size_t i = 0; i < 4; ++i) {
             const OptionButton& option = dialog.optMipmaps[i];
             const std::string letter(1, (option.enabled() ? "SEXC" : "sexc")[i]);
             text += option.selected() ? "(" + letter + ")" : letter;
         }
         text += ' ';
-        for (int i = 0; i < dialog.List1.count(); ++i) { text += dialog.List1.isChecked(i) ? '#' : '.'; }
+        for (int i = 0; i < dialog.List1.count(); ++i) {
+            text += dialog.List1.isChecked(i) ? '#' : '.';
+        }
         if (dialog.lstScaleFilter.visible() && dialog.lstScaleFilter.enabled())
             text += dialog.lblFilter.textColor() == TextColor::Normal ? " filter" : " ?";
         if (dialog.lblWarningTgaInsert.visible()) text += " warning";
-        if (dialog.destinationFrame.visible() && dialog.chkDestination[1].enabled()) text += dialog.txtbazarTempFolder.enabled() ? " bazar" : " ?";
+        if (dialog.destinationFrame.visible() && dialog.chkDestination[1].enabled())
+            text += dialog.txtbazarTempFolder.enabled() ? " bazar" : " ?";
         return text;
     }
 };
 
 TEST_F(Dialog, EveryChoiceRulesTheOthers) {
     const std::tuple<DialogMode, const char*, int, const char*, const char*> cases[] = {
-        // An extraction: one level, or the marked ones, or all in one file; images are made of one level alone.
+        // An extraction: one level, or the marked ones, or all in one file; images are made of one level
+        // alone.
         {out, "DXT1", 4, "", "dds (S)EXC #.."},
         {out, "DXT1", 4, "2", "dds (S)EXC ..#"},
         {out, "DXT1", 4, "0", "dds (S)EXC ..."},
@@ -73,26 +79,33 @@ TEST_F(Dialog, EveryChoiceRulesTheOthers) {
 TEST_F(Dialog, ShowsTheTextureAndWhatTheModeNeeds) {
     open({CddsType::TypeCdds, {{"caf\xE9.tga", "DXT5", {{256, 128, "x"}, {12345678, 1, "x"}}}}});
     const auto parts = [this] {
-        return row(dialog.window.caption(), dialog.FileFormat.caption(), dialog.Mipmaps.caption(), dialog.cmdExtractInsert.caption(),
-                   dialog.extractOptionsFrame.visible(), dialog.chkLaunchEditor.visible(), dialog.destinationFrame.visible(),
+        return row(dialog.window.caption(), dialog.FileFormat.caption(), dialog.Mipmaps.caption(),
+                   dialog.cmdExtractInsert.caption(), dialog.extractOptionsFrame.visible(),
+                   dialog.chkLaunchEditor.visible(), dialog.destinationFrame.visible(),
                    dialog.optMipmaps[Create].visible(), dialog.lblFilter.visible(), dialog.Text1.text());
     };
     session.settings.bazarTempFolder = "/bazar";
     session.settings.cddsBackupFolder = "/safe";
     show(in, [&] {
-        EXPECT_EQ(parts(), "Texture Insertion, Input file format, Mipmap insertion, Insert, false, false, true, true, true, caf\u00E9.tga");
-        EXPECT_EQ(row(dialog.chkDestination[0].checked(), dialog.chkSaveCdds.checked(), dialog.txtCDDSBackupFolder.text(),
-                      dialog.chkDestination[1].checked(), dialog.txtbazarTempFolder.text(), dialog.lstScaleFilter.lines().at(2),
+        EXPECT_EQ(
+            parts(),
+            "Texture Insertion, Input file format, Mipmap insertion, Insert, false, false, true, true, true, caf\u00E9.tga");
+        EXPECT_EQ(row(dialog.chkDestination[0].checked(), dialog.chkSaveCdds.checked(),
+                      dialog.txtCDDSBackupFolder.text(), dialog.chkDestination[1].checked(),
+                      dialog.txtbazarTempFolder.text(), dialog.lstScaleFilter.lines().at(2),
                       dialog.lstScaleFilter.lines().size(), dialog.lstScaleFilter.selectedRow()),
                   "true, true, /safe, false, /bazar, Bilinear filter, 9, 2");
         EXPECT_EQ(row(dialog.List1.line(0), dialog.List1.line(1)), "    256 x    128 , 12345678 x      1 ");
         dialog.chkOverwriteExistingFiles.setChecked(true);
     });
     show(out, [&] {
-        EXPECT_EQ(parts(), "Texture Extraction, Output file format, Mipmap extraction, Extract, true, true, false, false, false, caf\u00E9.tga");
+        EXPECT_EQ(
+            parts(),
+            "Texture Extraction, Output file format, Mipmap extraction, Extract, true, true, false, false, false, caf\u00E9.tga");
         EXPECT_FALSE(dialog.chkOverwriteExistingFiles.checked());
         EXPECT_EQ(row(dialog.window.box().left, dialog.window.box().top),
-                  row(1000 + (20000 - dialog.window.box().width) / 2, 2000 + (15000 - dialog.window.box().height) / 2));
+                  row(1000 + (20000 - dialog.window.box().width) / 2,
+                      2000 + (15000 - dialog.window.box().height) / 2));
     });
 }
 
@@ -113,12 +126,14 @@ TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
         show(in, [&] {
             click("x1");
             dialog.chkDestination[1].setChecked(true);
-            after = row(asked, dialog.chkDestination[1].checked(), dialog.chkDestination[1].enabled(), dialog.txtbazarTempFolder.text(), state());
+            after = row(asked, dialog.chkDestination[1].checked(), dialog.chkDestination[1].enabled(),
+                        dialog.txtbazarTempFolder.text(), state());
         });
         return after;
     };
     EXPECT_EQ(visit("", ""), "1, false, true, Invalid Bazar Temporary Folder, dds SE(X)C #. bazar");
-    EXPECT_EQ(visit(folder.file("gone"), folder.path()), "1, true, true, " + folder.path() + ", dds SE(X)C #. bazar");
+    EXPECT_EQ(visit(folder.file("gone"), folder.path()),
+              "1, true, true, " + folder.path() + ", dds SE(X)C #. bazar");
     EXPECT_EQ(visit(folder.path(), ""), "0, true, true, " + folder.path() + ", dds SE(X)C #. bazar");
     target.clear();
     show(in, [&] {
@@ -152,16 +167,20 @@ TEST_F(Dialog, NothingOverlapsAtAnySize) {
     const auto check = [&](const std::string& when) {
         const Box whole{0, 0, dialog.window.box().width, dialog.window.box().height};
         const auto apart = [](const Box& a, const Box& b) {
-            return a.left + a.width <= b.left || b.left + b.width <= a.left || a.top + a.height <= b.top || b.top + b.height <= a.top;
+            return a.left + a.width <= b.left || b.left + b.width <= a.left || a.top + a.height <= b.top ||
+                   b.top + b.height <= a.top;
         };
         EXPECT_GT(dialog.ExtractSummary.box().height, 1000) << when;
         for (const Control* a : placed) {
             if (!a->visible()) continue;
             const Box& one = a->box();
-            EXPECT_TRUE(one.left >= 0 && one.top >= 0 && one.left + one.width <= whole.width && one.top + one.height <= whole.height)
+            EXPECT_TRUE(one.left >= 0 && one.top >= 0 && one.left + one.width <= whole.width &&
+                        one.top + one.height <= whole.height)
                 << when << one.top;
             for (const Control* b : placed) {
-                if (a != b && b->visible()) { EXPECT_TRUE(apart(one, b->box())) << when << one.top << ' ' << b->box().top; }
+                if (a != b && b->visible()) {
+                    EXPECT_TRUE(apart(one, b->box())) << when << one.top << ' ' << b->box().top;
+                }
             }
         }
     };
@@ -188,4 +207,5 @@ TEST_F(Dialog, TakesTheLongestChain) {
     });
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

@@ -1,6 +1,7 @@
 #include "transfer_harness.hpp"
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 using Boxes = std::vector<ShownBox>;
 
@@ -17,16 +18,19 @@ std::string bitmapOf(int side, const std::string& pixels) {
     return "BM" + bytesOf("d0 d0 d54 d40" + sides + " w1 w24 d0 d0 d0 d0 d0 d0 " + pixels);
 }
 
-/// Archives that differ in where the second texture's levels are: behind one another, with gaps and out of order, in front of the tables, and
-/// shared with another texture.
+/// Archives that differ in where the second texture's levels are: behind one another, with gaps and out of
+/// order, in front of the tables, and shared with another texture.
 std::vector<ArchiveBuilder> arrangements() {
     std::vector<ArchiveBuilder> all;
     for (const CddsType type : {cdds, CddsType::Type0C}) {
-        const ArchiveBuilder plain{
-            type, {chainOf("other.bmp", "DXT1", 8, 8, blue, yellow), chainOf("wall.tga", "DXT5", 12, 6), chainOf("last.bmp", "DXT1", 4, 4)}};
+        const ArchiveBuilder plain{type,
+                                   {chainOf("other.bmp", "DXT1", 8, 8, blue, yellow),
+                                    chainOf("wall.tga", "DXT5", 12, 6), chainOf("last.bmp", "DXT1", 4, 4)}};
         ArchiveBuilder scattered = plain, dataFirst = plain, shared = plain;
         std::int32_t at = 4000;
-        for (LevelPlan& level : scattered.textures[1].levels) { level.at = at -= 300; }
+        for (LevelPlan& level : scattered.textures[1].levels) {
+            level.at = at -= 300;
+        }
         dataFirst.dataBeforeTables = true;
         shared.textures[1].levels[0].at = 2000;
         shared.textures.push_back({"shared.tga", "DXT5", {shared.textures[1].levels[0]}});
@@ -48,10 +52,13 @@ TEST(Insertion, PutsBackWhatWasExtractedByteForByte) {
             const std::string before = h.archive();
             h.extract(clicks);
             // Other data in the levels' places, so that what is put back can be seen.
-            const std::string blank = h.outside(before, *clicks == 's' ? std::optional<std::size_t>{0} : std::nullopt);
+            const std::string blank =
+                h.outside(before, *clicks == 's' ? std::optional<std::size_t>{0} : std::nullopt);
             (void)h.folder.write("a.cdds", blank);
             EXPECT_EQ(h.insert(clicks), copyLine(0) + lines);
-            EXPECT_TRUE(h.archive() == before && h.folder.read("copies/a-0.cdds") == blank && h.catalogue() == h.session.archive) << clicks;
+            EXPECT_TRUE(h.archive() == before && h.folder.read("copies/a-0.cdds") == blank &&
+                        h.catalogue() == h.session.archive)
+                << clicks;
         }
     }
 }
@@ -60,14 +67,17 @@ TEST(Insertion, TakesEveryLevelBackFromItsImage) {
     const std::tuple<const char*, const char*, int, int> cases[] = {
         {"DXT1", "bmp", 16, 8}, {"DXT5", "tga", 12, 6}, {"DXT5", "tga", 7, 13}, {"DXT1", "bmp", 1, 6}};
     for (const auto& [type, extension, width, height] : cases) {
-        TransferHarness h{{cdds, {chainOf("wall", type, width, height), chainOf("next", type, 4, 4, blue, yellow)}}};
+        TransferHarness h{
+            {cdds, {chainOf("wall", type, width, height), chainOf("next", type, 4, 4, blue, yellow)}}};
         const std::string before = h.archive();
         for (std::size_t i = 0; i < h.chosen().mipmaps.size(); ++i) {
             h.extract("nN" + std::to_string(i) + "!");
             (void)h.folder.write("a.cdds", h.outside(before, i));
             const std::string name = h.files();
-            EXPECT_EQ(h.insert("nskN" + std::to_string(i) + "!"), noCopy + "out/" + name + "|1 mipmaps(s) inserted.");
-            EXPECT_TRUE(name.ends_with(extension) && h.outside(h.archive(), i) == h.outside(before, i)) << name;
+            EXPECT_EQ(h.insert("nskN" + std::to_string(i) + "!"),
+                      noCopy + "out/" + name + "|1 mipmaps(s) inserted.");
+            EXPECT_TRUE(name.ends_with(extension) && h.outside(h.archive(), i) == h.outside(before, i))
+                << name;
             EXPECT_LE(h.difference(before, h.archive(), i), losses) << type << name;
             EXPECT_EQ(h.files(), name);
             std::filesystem::remove(h.folder.file("out/" + name));
@@ -79,18 +89,21 @@ TEST(Insertion, TakesEveryLevelBackFromItsImage) {
 TEST(Insertion, CreatesTheChainWithEachFilter) {
     for (const char* kind : {"n", "d"}) {
         for (const char* type : {"DXT1", "DXT5"}) {
-            TransferHarness h{{CddsType::Type0C, {chainOf("wall", type, 16, 24), chainOf("next", type, 4, 4, blue, yellow)}}};
+            TransferHarness h{{CddsType::Type0C,
+                               {chainOf("wall", type, 16, 24), chainOf("next", type, 4, 4, blue, yellow)}}};
             const std::string before = h.archive();
             h.extract(std::string{kind} + "!");
             const std::string files = row(h.files(), h.files("program"));
             for (int filter = 0; filter < 9; ++filter) {
                 (void)h.folder.write("a.cdds", h.outside(before));
-                EXPECT_EQ(h.insert(kind + ("cf" + std::to_string(filter) + "!")), copyLine(filter) + "out/" + h.files() + "|5 mipmaps(s) inserted.");
+                EXPECT_EQ(h.insert(kind + ("cf" + std::to_string(filter) + "!")),
+                          copyLine(filter) + "out/" + h.files() + "|5 mipmaps(s) inserted.");
                 EXPECT_TRUE(h.outside(h.archive()) == h.outside(before));
                 // The two halves of a level stay apart only where each pixel lies in one of the level below.
                 const bool sharp = filter == 0 || filter == 2 || filter == 3;
                 for (std::size_t i = 0; i < 3; ++i) {
-                    EXPECT_LE(h.difference(before, h.archive(), i), sharp || i == 0 ? losses : softened) << type << ' ' << filter << ' ' << i;
+                    EXPECT_LE(h.difference(before, h.archive(), i), sharp || i == 0 ? losses : softened)
+                        << type << ' ' << filter << ' ' << i;
                 }
                 EXPECT_EQ(h.levelOf(h.archive(), 4).find("####"), std::string::npos);
                 EXPECT_EQ(row(h.files(), h.files("program")), files);
@@ -105,9 +118,12 @@ struct TroubledInsertion : testing::Test, TransferHarness {
         open({cdds, {chainOf("wall.xyz", "DXT1", 4, 4)}});
         before = archive();
     }
-    void put(const std::string& name, const std::string& bytes) const { (void)folder.write("out/" + name, bytes); }
+    void put(const std::string& name, const std::string& bytes) const {
+        (void)folder.write("out/" + name, bytes);
+    }
 
-    const std::string chain = std::string(128, 'h') + "xxxxxxxxyyyyyyyyzzzzzzzz", bitmap = folder.file("out/wall-4x4.bmp");
+    const std::string chain = std::string(128, 'h') + "xxxxxxxxyyyyyyyyzzzzzzzz",
+                      bitmap = folder.file("out/wall-4x4.bmp");
     std::string before; // the archive's bytes
 };
 
@@ -117,7 +133,8 @@ TEST_F(TroubledInsertion, SaysWhatIsMissingOrTooShortAndWritesNoneOfIt) {
         {"", 0, "ek!", "out/wall-4x4.dds not found.|"},
         {"", 0, "xkN!", "0 mipmap(s) inserted.|"},
         {"wall-4x4.dds", 151, "ek!", "out/wall-4x4.dds is too short.|0 Mipmap(s) inserted.|"},
-        {"wall-2x2.dds", 135, "xk!", "out/wall-2x2.dds is too short.|out/wall-1x1.dds not found.|0 mipmap(s) inserted.|"}};
+        {"wall-2x2.dds", 135, "xk!",
+         "out/wall-2x2.dds is too short.|out/wall-1x1.dds not found.|0 mipmap(s) inserted.|"}};
     for (const auto& [name, size, clicks, lines] : cases) {
         if (size > 0) put(name, chain.substr(0, size));
         EXPECT_EQ(insert(clicks), noCopy + lines);
@@ -127,23 +144,27 @@ TEST_F(TroubledInsertion, SaysWhatIsMissingOrTooShortAndWritesNoneOfIt) {
 
     std::filesystem::remove(folder.file("out/wall-4x4.dds"));
     put("wall-1x1.dds", chain);
-    EXPECT_EQ(insert("xk1!"), noCopy + "out/wall-4x4.dds not found.|out/wall-1x1.dds inserted.|1 mipmap(s) inserted.|");
+    EXPECT_EQ(insert("xk1!"),
+              noCopy + "out/wall-4x4.dds not found.|out/wall-1x1.dds inserted.|1 mipmap(s) inserted.|");
     EXPECT_TRUE(levelOf(archive(), 2) == "xxxxxxxx" && outside(archive(), 2) == outside(before, 2));
-    EXPECT_EQ(insert("c!"), copyLine(0) + "out/wall-4x4.dds|0 mipmaps(s) inserted.") << "tells where the safe copy is";
+    EXPECT_EQ(insert("c!"), copyLine(0) + "out/wall-4x4.dds|0 mipmaps(s) inserted.")
+        << "tells where the safe copy is";
     EXPECT_EQ(boxes.take().size(), 2U);
 }
 
 TEST_F(TroubledInsertion, TakesFromAnImageOfAnotherSizeWhatLiesInTheLevelsPlaces) {
     const std::string nothing = "0 mipmaps(s) inserted.", image = noCopy + "out/wall-4x4.bmp|";
     EXPECT_EQ(insert("nk!"), image + nothing);
-    EXPECT_EQ(boxes.take().at(1), (ShownBox{"LoadImage " + bitmap + " error", "SimpleImageInsertion", BoxIcon::Critical, BoxButtons::Ok}));
+    EXPECT_EQ(boxes.take().at(1), (ShownBox{"LoadImage " + bitmap + " error", "SimpleImageInsertion",
+                                            BoxIcon::Critical, BoxButtons::Ok}));
     // One texel: its level 0 is as long as one of 4 x 4, and its chain ends there.
     put("wall-4x4.bmp", bitmapOf(1, "00FF0000"));
     EXPECT_EQ(insert("nk!"), image + "out/wall-4x4.bmp is too short.|" + nothing);
     boxes.expect({"Error during insertion in CDDS.", "performSimpleImageInsertion", BoxIcon::Critical});
     EXPECT_TRUE(archive() == before);
     EXPECT_EQ(files(), "wall-4x4.bmp");
-    std::filesystem::create_directory(folder.file("out/wall-4x4_tmppelrath.dds")); // in the built file's place
+    std::filesystem::create_directory(
+        folder.file("out/wall-4x4_tmppelrath.dds")); // in the built file's place
     EXPECT_EQ(insert("nk!"), image + nothing);
     boxes.expect("Insertion Error : 75 Path/File access error");
     std::filesystem::remove(folder.file("out/wall-4x4_tmppelrath.dds"));
@@ -173,9 +194,11 @@ TEST_F(TroubledInsertion, RefusesAnArchiveThatIsNotTheOneRead) {
         const std::string changed = fileExists(path) ? archive() : "";
         for (const char* clicks : {"e!", "nc!"}) {
             EXPECT_EQ(insert(clicks), "Insertion canceled.");
-            boxes.expect({session.archivePath + " is no longer the file that was read: it has been changed, replaced or removed.\r\n\r\n"
-                                                "Please read it again before you insert.",
-                          "Pelrath - Insertion refused"});
+            boxes.expect(
+                {session.archivePath +
+                     " is no longer the file that was read: it has been changed, replaced or removed.\r\n\r\n"
+                     "Please read it again before you insert.",
+                 "Pelrath - Insertion refused"});
         }
         EXPECT_TRUE(!fileExists(path) || archive() == changed);
         EXPECT_EQ(files("copies"), "");
@@ -184,7 +207,9 @@ TEST_F(TroubledInsertion, RefusesAnArchiveThatIsNotTheOneRead) {
 
 TEST_F(TroubledInsertion, LooksAtTheArchiveAgainBeforeItWrites) {
     put("wall-4x4.dds", chain);
-    sign.atTheEnd = [&] { std::filesystem::rename(folder.write("b.cdds", before + "more"), session.archivePath); };
+    sign.atTheEnd = [&] {
+        std::filesystem::rename(folder.write("b.cdds", before + "more"), session.archivePath);
+    };
     EXPECT_EQ(insert("e!"), copyLine(0) + "0 Mipmap(s) inserted.|");
     boxes.expect("no longer the file that was read");
     EXPECT_TRUE(archive() == before + "more");
@@ -208,20 +233,27 @@ TEST_F(TroubledInsertion, NeverWritesOverTheTables) {
 }
 
 TEST_F(TroubledInsertion, CountsTheLevelsThatTheArchiveReallyGot) {
-    for (const char* name : {"wall-4x4.dds", "wall-2x2.dds", "wall-1x1.dds"}) { put(name, chain); }
+    for (const char* name : {"wall-4x4.dds", "wall-2x2.dds", "wall-1x1.dds"}) {
+        put(name, chain);
+    }
     const std::string path = session.archivePath;
     std::filesystem::permissions(path, std::filesystem::perms{0421});
     // The lines between those about the attributes, and the first two levels afterwards.
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"ek!", "2 Mipmap(s) inserted.|", "xxxxxxxxyyyyyyyy"},
-        {"xk!", "out/wall-4x4.dds inserted.|out/wall-2x2.dds inserted.|2 mipmap(s) inserted.|", "xxxxxxxxxxxxxxxx"}};
+        {"xk!", "out/wall-4x4.dds inserted.|out/wall-2x2.dds inserted.|2 mipmap(s) inserted.|",
+         "xxxxxxxxxxxxxxxx"}};
     for (const auto& [clicks, lines, levels] : cases) {
         const FullDisk full{before.size() - 4}; // the third level's write breaks off in its middle
-        EXPECT_EQ(insert(clicks), noCopy + "CDDS Attributes changed to Read Write|" + lines + "CDDS Attributes changed to Read Only|");
-        const std::string question = path + " is Read Only.\r\n\r\n- Select Ok to make it writable and perform the insertion,\r\n"
-                                            "- Select Cancel to abort the insertion.";
-        EXPECT_EQ(boxes.take(), (Boxes{{question, "CDDS is read only", BoxIcon::Question, BoxButtons::OkCancel},
-                                       {"Insertion Error : 6 Overflow (" + path + ")", "Pelrath", BoxIcon::Critical, BoxButtons::Ok}}));
+        EXPECT_EQ(insert(clicks), noCopy + "CDDS Attributes changed to Read Write|" + lines +
+                                      "CDDS Attributes changed to Read Only|");
+        const std::string question =
+            path + " is Read Only.\r\n\r\n- Select Ok to make it writable and perform the insertion,\r\n"
+                   "- Select Cancel to abort the insertion.";
+        EXPECT_EQ(boxes.take(),
+                  (Boxes{{question, "CDDS is read only", BoxIcon::Question, BoxButtons::OkCancel},
+                         {"Insertion Error : 6 Overflow (" + path + ")", "Pelrath", BoxIcon::Critical,
+                          BoxButtons::Ok}}));
         EXPECT_EQ(levelOf(archive(), 0) + levelOf(archive(), 1), levels);
         EXPECT_TRUE(levelOf(archive(), 2) == levelOf(before, 2)) << "a level is wholly old or wholly new";
         EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{0421});
@@ -243,7 +275,10 @@ TEST(Insertion, EndsInOrderWhereTheLibraryFails) {
     deleting.ilDeleteImages = [](std::size_t, const std::uint32_t*) { leftCode = 0x0505; };
     // The library, how the message begins, the clicks, and how many levels the archive has got by then.
     const std::tuple<LibraryFunctions, const char*, const char*, int> cases[] = {
-        {copying, "Insertion", "nf5!", 0}, {saving, "ilSave", "nf5!", 0}, {deleting, "Insertion", "nf5!", 0}, {deleting, "Insertion", "nf2!", 3}};
+        {copying, "Insertion", "nf5!", 0},
+        {saving, "ilSave", "nf5!", 0},
+        {deleting, "Insertion", "nf5!", 0},
+        {deleting, "Insertion", "nf2!", 3}};
     for (const auto& [functions, start, clicks, count] : cases) {
         TransferHarness h{functions};
         h.open({cdds, {chainOf("wall", "DXT1", 4, 4)}});
@@ -251,12 +286,13 @@ TEST(Insertion, EndsInOrderWhereTheLibraryFails) {
         (void)h.folder.write("out/wall-4x4.bmp", bitmapOf(4, "48*F8"));
         std::filesystem::permissions(h.session.archivePath, std::filesystem::perms::owner_read);
         const std::string attributes = "CDDS Attributes changed to Read ";
-        EXPECT_EQ(h.insert(clicks),
-                  copyLine(0) + attributes + "Write|out/wall-4x4.bmp|" + attributes + "Only|" + std::to_string(count) + " mipmaps(s) inserted.");
+        EXPECT_EQ(h.insert(clicks), copyLine(0) + attributes + "Write|out/wall-4x4.bmp|" + attributes +
+                                        "Only|" + std::to_string(count) + " mipmaps(s) inserted.");
         const Boxes shown = h.boxes.take(); // behind the question
         ASSERT_EQ(shown.size(), 2U);
         EXPECT_EQ(shown[1].text, std::string{start} + " Error Number: 1285 -> IL_INVALID_VALUE ");
-        EXPECT_EQ(row(h.archive() == before, h.files(), h.files("program")), row(count == 0, "wall-4x4.bmp", ""));
+        EXPECT_EQ(row(h.archive() == before, h.files(), h.files("program")),
+                  row(count == 0, "wall-4x4.bmp", ""));
         leftCode = 0;
     }
 }
@@ -265,7 +301,9 @@ std::string vanishing; // with the library's next save
 
 TEST(Insertion, TellsOnceThatTheArchiveHasVanished) {
     LibraryFunctions library = imageLibrary();
-    library.ilSaveImage = [](const char* name) { return std::filesystem::remove(vanishing), imageLibrary().ilSaveImage(name); };
+    library.ilSaveImage = [](const char* name) {
+        return std::filesystem::remove(vanishing), imageLibrary().ilSaveImage(name);
+    };
     TransferHarness h{library};
     (void)h.folder.write("out/wall-4x4.bmp", bitmapOf(4, "48*F8"));
     for (const bool readOnly : {true, false}) {
@@ -276,7 +314,9 @@ TEST(Insertion, TellsOnceThatTheArchiveHasVanished) {
         const Boxes shown = h.boxes.take();
         ASSERT_EQ(shown.size(), readOnly ? 3U : 1U);
         EXPECT_EQ(shown[readOnly ? 1 : 0].title, "Pelrath - Insertion refused");
-        if (readOnly) { EXPECT_EQ(shown[2].text, "CDDS Attributes Error : 53 File not found (" + vanishing + ")"); }
+        if (readOnly) {
+            EXPECT_EQ(shown[2].text, "CDDS Attributes Error : 53 File not found (" + vanishing + ")");
+        }
     }
 }
 
@@ -285,7 +325,8 @@ TEST_F(TroubledInsertion, SaysAllThatBecameOfTheArchiveAndNeverReplacesIt) {
     EXPECT_EQ(insert("sN!"), "No mipmap selected.|0 mipmap(s) inserted.|");
     EXPECT_EQ(files("copies"), "");
     std::filesystem::permissions(session.archivePath, std::filesystem::perms::owner_read);
-    const std::string attributes = "CDDS Attributes changed to Read ", rest = "out/wall-4x4.dds|" + attributes + "Only|3 mipmaps(s) inserted.";
+    const std::string attributes = "CDDS Attributes changed to Read ",
+                      rest = "out/wall-4x4.dds|" + attributes + "Only|3 mipmaps(s) inserted.";
     EXPECT_EQ(insert("c!"), copyLine(0) + attributes + "Write|" + rest);
     EXPECT_EQ(insert("ck!"), attributes + "Write|" + noCopy + rest);
     boxes.take(); // the questions
@@ -313,7 +354,8 @@ TEST_F(TroubledInsertion, MakesItsSafeCopyUnderTheNextNumberThatNothingHas) {
     chooseSafeCopyFolder = [&] { ++asked, session.settings.cddsBackupFolder = answer; };
     session.settings.cddsBackupFolder = folder.file("gone");
     EXPECT_EQ(insert("e!"), noCopy + "CDDS Safe Copy folder undefined.|Insertion canceled.");
-    EXPECT_EQ(row(asked, dialog.txtCDDSBackupFolder.text(), dialog.chkSaveCdds.checked(), dialog.chkSaveCdds.enabled()),
+    EXPECT_EQ(row(asked, dialog.txtCDDSBackupFolder.text(), dialog.chkSaveCdds.checked(),
+                  dialog.chkSaveCdds.enabled()),
               "1, Invalid CDDS Safe Copy Folder, false, true");
     answer = folder.file("copies");
     EXPECT_TRUE(insert("e!").starts_with(copyLine(5)));
@@ -329,15 +371,19 @@ TEST_F(TroubledInsertion, InsertsNothingWithoutTheSafeCopyThatIsWanted) {
         EXPECT_EQ(files("copies"), "");
     }
     const std::string taken = folder.file("out/wall-4x4.dds"), start = folder.file("copies/a-");
-    for (int i = 0; i <= 32767; ++i) { std::filesystem::create_hard_link(taken, start + std::to_string(i) + ".cdds"); }
+    for (int i = 0; i <= 32767; ++i) {
+        std::filesystem::create_hard_link(taken, start + std::to_string(i) + ".cdds");
+    }
     EXPECT_EQ(insert("e!"), noCopy + "Insertion canceled.");
     boxes.expect("Safe Copy Error : 58 File already exists (all numbers up to 32767 are taken in ");
     EXPECT_TRUE(archive() == before);
 }
 
 TEST_F(TroubledInsertion, CopiesTheTextureIntoBazarTempUnderItsOwnName) {
-    const std::string destination = folder.file("bazar/wall.xyz"), copied = noCopy + "bazar/wall.xyz overwritten| 1 file(s) copied.|";
-    for (const auto& [type, start] : {std::pair{"DXT1", std::string{"BM"}}, std::pair{"DXT5", bytesOf("000002")}}) {
+    const std::string destination = folder.file("bazar/wall.xyz"),
+                      copied = noCopy + "bazar/wall.xyz overwritten| 1 file(s) copied.|";
+    for (const auto& [type, start] :
+         {std::pair{"DXT1", std::string{"BM"}}, std::pair{"DXT5", bytesOf("000002")}}) {
         open({cdds, {chainOf("wall.xyz", type, 4, 4)}});
         extract("eo!");
         before = archive();
@@ -349,8 +395,8 @@ TEST_F(TroubledInsertion, CopiesTheTextureIntoBazarTempUnderItsOwnName) {
         EXPECT_EQ(folder.read("bazar/wall.xyz"), "mine");
         boxes.answer = BoxAnswer::Ok;
         EXPECT_EQ(insert("eab!"), copied);
-        const ShownBox question{"File wall.xyz already exists in Bazar Temp folder. Overwrite it ?", "File exists", BoxIcon::None,
-                                BoxButtons::OkCancel};
+        const ShownBox question{"File wall.xyz already exists in Bazar Temp folder. Overwrite it ?",
+                                "File exists", BoxIcon::None, BoxButtons::OkCancel};
         EXPECT_EQ(boxes.take(), (Boxes{question, question}));
         EXPECT_TRUE(folder.read("bazar/wall.xyz").starts_with(start) && archive() == before) << type;
         std::filesystem::remove(destination);
@@ -361,13 +407,16 @@ TEST_F(TroubledInsertion, CopiesNothingWhereThereIsNothingToCopyOrNowhereToPutIt
     EXPECT_EQ(insert("eab!"), noCopy) << "no such file";
     put("wall-4x4.dds", "no picture");
     EXPECT_EQ(insert("eab!"), noCopy);
-    const ShownBox unreadable{"LoadImage " + folder.file("out/wall-4x4.dds") + " error", "StoreCopyInBazarTemp", BoxIcon::Critical, BoxButtons::Ok};
+    const ShownBox unreadable{"LoadImage " + folder.file("out/wall-4x4.dds") + " error",
+                              "StoreCopyInBazarTemp", BoxIcon::Critical, BoxButtons::Ok};
     EXPECT_EQ(boxes.take().at(1), unreadable);
     extract("eo!");
     session.archive.textures[0].name = "../wall";
     EXPECT_EQ(insert("eab!"), noCopy);
-    boxes.expect({"Store texture Copy Error : 52 Bad file name or number (../wall)", "Pelrath", BoxIcon::Critical});
+    boxes.expect(
+        {"Store texture Copy Error : 52 Bad file name or number (../wall)", "Pelrath", BoxIcon::Critical});
     EXPECT_EQ(files("bazar"), "");
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test

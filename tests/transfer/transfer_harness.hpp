@@ -14,24 +14,30 @@ namespace pelrath::test {
 
 constexpr std::uint16_t yellow = 0xFFE0, blue = 0x001F; // 5-6-5
 
-/// A texture with its whole chain: each level `top` in its upper half and `bottom` in its lower one as far as its size lets it, in DXT5 with alpha
-/// 77 above and 255 below.
-inline TexturePlan chainOf(const std::string& name, const std::string& type, std::int32_t width, std::int32_t height, std::uint16_t top = yellow,
-                           std::uint16_t bottom = blue) {
+/// A texture with its whole chain: each level `top` in its upper half and `bottom` in its lower one as far as
+/// its size lets it, in DXT5 with alpha 77 above and 255 below.
+inline TexturePlan chainOf(const std::string& name, const std::string& type, std::int32_t width,
+                           std::int32_t height, std::uint16_t top = yellow, std::uint16_t bottom = blue) {
     TexturePlan plan{name, type, {}};
     for (bool last = false; !last; width = std::max(1, width / 2), height = std::max(1, height / 2)) {
         std::string blocks;
         for (std::int32_t y = 0; y < height; y += 4) {
-            std::int64_t colors = bottom > top ? 0x55555555 : 0; // the larger colour stands first: then there are four, and none transparent
+            std::int64_t colors =
+                bottom > top ? 0x55555555
+                             : 0; // the larger colour stands first: then there are four, and none transparent
             std::int64_t alphas = 0;
             for (std::int32_t line = 0; line < 4; ++line) {
                 if (2 * (y + line) < height) continue;
                 colors ^= std::int64_t{0x55} << (8 * line);
                 alphas |= std::int64_t{01111} << (12 * line);
             }
-            const std::string alpha = type == "DXT5" ? little(77, 1) + little(255, 1) + little(alphas, 6) : "";
-            const std::string color = little(std::max(top, bottom), 2) + little(std::min(top, bottom), 2) + little(colors, 4);
-            for (std::int32_t x = 0; x < width; x += 4) { blocks += alpha + color; }
+            const std::string alpha =
+                type == "DXT5" ? little(77, 1) + little(255, 1) + little(alphas, 6) : "";
+            const std::string color =
+                little(std::max(top, bottom), 2) + little(std::min(top, bottom), 2) + little(colors, 4);
+            for (std::int32_t x = 0; x < width; x += 4) {
+                blocks += alpha + color;
+            }
         }
         plan.levels.push_back({width, height, blocks});
         last = width == 1 && height == 1;
@@ -39,12 +45,16 @@ inline TexturePlan chainOf(const std::string& name, const std::string& type, std
     return plan;
 }
 
-/// The dialog over an open archive, and the user in front of it. The archive is a.cdds in the folder; images are in its folder "out", safe copies in
-/// "copies", loose files in "bazar", and the program's own in "program".
+/// The dialog over an open archive, and the user in front of it. The archive is a.cdds in the folder; images
+/// are in its folder "out", safe copies in "copies", loose files in "bazar", and the program's own in
+/// "program".
 struct TransferHarness {
     explicit TransferHarness(const LibraryFunctions& library = imageLibrary())
-        : dialog(session, {boxes, windows, associations, [this] { chooseBazarTempFolder(); }, [this] { chooseSafeCopyFolder(); }, &sign, library}) {
-        for (const char* name : {"out", "copies", "bazar", "program"}) { std::filesystem::create_directory(folder.file(name)); }
+        : dialog(session, {boxes, windows, associations, [this] { chooseBazarTempFolder(); },
+                           [this] { chooseSafeCopyFolder(); }, &sign, library}) {
+        for (const char* name : {"out", "copies", "bazar", "program"}) {
+            std::filesystem::create_directory(folder.file(name));
+        }
         session.programFolder = folder.file("program");
         session.exportImportFolder = folder.file("out");
         session.settings.cddsBackupFolder = folder.file("copies");
@@ -69,23 +79,29 @@ struct TransferHarness {
         session.selectedTexture = texture;
         session.selectedBaseName = std::string{withoutExtension(chosen().name)};
     }
-    [[nodiscard]] const TextureRecord& chosen() const { return session.archive.textures[static_cast<std::size_t>(session.selectedTexture)]; }
+    [[nodiscard]] const TextureRecord& chosen() const {
+        return session.archive.textures[static_cast<std::size_t>(session.selectedTexture)];
+    }
 
     void show(DialogMode mode, const std::function<void()>& user) {
         session.mode = mode;
         windows.answer = user;
         dialog.show(owner);
     }
-    /// n and d choose the file kind, s e x c the operation, f and a digit the filter; g leaves open whether to overwrite; a digit turns a level's
-    /// mark over, A and N are the buttons; o l k a b turn over whether to overwrite, to launch the editor, to keep a safe copy, to write into the
-    /// archive, into the Bazar Temp folder; ! runs.
+    /// n and d choose the file kind, s e x c the operation, f and a digit the filter; g leaves open whether
+    /// to overwrite; a digit turns a level's mark over, A and N are the buttons; o l k a b turn over whether
+    /// to overwrite, to launch the editor, to keep a safe copy, to write into the archive, into the Bazar
+    /// Temp folder; ! runs.
     void click(const std::string& clicks) {
         const auto turn = [](CheckBox& box) { box.setChecked(!box.checked()); };
         for (std::size_t at = 0; at < clicks.size(); ++at) {
             const char letter = clicks[at];
-            if (const std::size_t i = std::string_view{"sexc"}.find(letter); i < 4) dialog.optMipmaps[i].select();
-            if (letter == 'n' || letter == 'd') dialog.optOutFileType[letter == 'n' ? NativeFileType : DdsFileType].select();
-            if (letter >= '0' && letter <= '9') dialog.List1.setChecked(letter - '0', !dialog.List1.isChecked(letter - '0'));
+            if (const std::size_t i = std::string_view{"sexc"}.find(letter); i < 4)
+                dialog.optMipmaps[i].select();
+            if (letter == 'n' || letter == 'd')
+                dialog.optOutFileType[letter == 'n' ? NativeFileType : DdsFileType].select();
+            if (letter >= '0' && letter <= '9')
+                dialog.List1.setChecked(letter - '0', !dialog.List1.isChecked(letter - '0'));
             if (letter == 'f') dialog.lstScaleFilter.select(clicks[++at] - '0');
             if (letter == 'A') dialog.cmdSelAllResolution.press();
             if (letter == 'N') dialog.cmdSelNoneResolution.press();
@@ -93,7 +109,8 @@ struct TransferHarness {
             if (letter == 'g') dialog.chkOverwriteExistingFiles.setValue(CheckValue::Grey);
             if (letter == 'k') turn(dialog.chkSaveCdds);
             if (letter == 'l') turn(dialog.chkLaunchEditor);
-            if (letter == 'a' || letter == 'b') turn(dialog.chkDestination[letter == 'a' ? ToArchive : ToBazarTemp]);
+            if (letter == 'a' || letter == 'b')
+                turn(dialog.chkDestination[letter == 'a' ? ToArchive : ToBazarTemp]);
             if (letter == '!') dialog.cmdExtractInsert.press();
         }
     }
@@ -102,8 +119,10 @@ struct TransferHarness {
         show(mode, [&] { click(clicks); });
         std::string text = dialog.ExtractSummary.text();
         const std::string start = folder.file("");
-        for (std::size_t at = 0; (at = text.find(start)) != std::string::npos;) text.erase(at, start.size());
-        for (std::size_t at = 0; (at = text.find("\r\n")) != std::string::npos;) text.replace(at, 2, "|");
+        for (std::size_t at = 0; (at = text.find(start)) != std::string::npos;)
+            text.erase(at, start.size());
+        for (std::size_t at = 0; (at = text.find("\r\n")) != std::string::npos;)
+            text.replace(at, 2, "|");
         return text;
     }
     std::string extract(const std::string& clicks) { return after(DialogMode::Extraction, clicks); }
@@ -111,33 +130,44 @@ struct TransferHarness {
 
     [[nodiscard]] std::string files(const std::string& inside = "out") const {
         std::string names;
-        for (const std::string& name : folder.names(inside)) { names += (names.empty() ? "" : " ") + name; }
+        for (const std::string& name : folder.names(inside)) {
+            names += (names.empty() ? "" : " ") + name;
+        }
         return names;
     }
     [[nodiscard]] std::string archive() const { return folder.read("a.cdds"); }
     [[nodiscard]] std::string levelOf(const std::string& bytes, std::size_t level) const {
         const MipmapRecord& record = chosen().mipmaps[level];
-        return bytes.substr(static_cast<std::size_t>(record.dataOffset), static_cast<std::size_t>(record.dataSize));
+        return bytes.substr(static_cast<std::size_t>(record.dataOffset),
+                            static_cast<std::size_t>(record.dataSize));
     }
     /// An archive's bytes with those of the chosen texture's levels blanked out; of the one level, or of all.
-    [[nodiscard]] std::string outside(std::string bytes, std::optional<std::size_t> level = std::nullopt) const {
+    [[nodiscard]] std::string outside(std::string bytes,
+                                      std::optional<std::size_t> level = std::nullopt) const {
         for (std::size_t i = 0; i < chosen().mipmaps.size(); ++i) {
             const auto size = static_cast<std::size_t>(chosen().mipmaps[i].dataSize);
-            if (level.value_or(i) == i) bytes.replace(static_cast<std::size_t>(chosen().mipmaps[i].dataOffset), size, std::string(size, '#'));
+            if (level.value_or(i) == i)
+                bytes.replace(static_cast<std::size_t>(chosen().mipmaps[i].dataOffset), size,
+                              std::string(size, '#'));
         }
         return bytes;
     }
     /// Largest difference of a channel between two states of a level.
-    [[nodiscard]] int difference(const std::string& before, const std::string& after, std::size_t level) const {
+    [[nodiscard]] int difference(const std::string& before, const std::string& after,
+                                 std::size_t level) const {
         const auto texels = [&](const std::string& blocks) {
             const auto width = static_cast<std::uint32_t>(chosen().mipmaps[level].width),
                        height = static_cast<std::uint32_t>(chosen().mipmaps[level].height);
             std::vector<std::byte> decoded(std::size_t{width} * height * 4);
-            decodeLevel(chosen().fourCC == "DXT1" ? BlockFormat::Dxt1 : BlockFormat::Dxt5, std::as_bytes(std::span{blocks}), width, height, decoded);
+            decodeLevel(chosen().fourCC == "DXT1" ? BlockFormat::Dxt1 : BlockFormat::Dxt5,
+                        std::as_bytes(std::span{blocks}), width, height, decoded);
             return decoded;
         };
-        const std::vector<std::byte> one = texels(levelOf(before, level)), other = texels(levelOf(after, level));
-        const auto apart = [](std::byte a, std::byte b) { return std::abs(std::to_integer<int>(a) - std::to_integer<int>(b)); };
+        const std::vector<std::byte> one = texels(levelOf(before, level)),
+                                     other = texels(levelOf(after, level));
+        const auto apart = [](std::byte a, std::byte b) {
+            return std::abs(std::to_integer<int>(a) - std::to_integer<int>(b));
+        };
         return std::inner_product(
             one.begin(), one.end(), other.begin(), 0, [](int a, int b) { return std::max(a, b); }, apart);
     }

@@ -5,7 +5,8 @@
 #include "support/recording_boxes.hpp"
 #include "support/temporary_folder.hpp"
 
-namespace pelrath::test { namespace {
+namespace pelrath::test {
+namespace {
 
 TEST(Probe, ReadsTheHeadAndTellsWhatIsNotOne) {
     const TemporaryFolder folder;
@@ -14,9 +15,12 @@ TEST(Probe, ReadsTheHeadAndTellsWhatIsNotOne) {
     whole[28] = 9;
     // Name, content, what is read, and the complaint behind the path.
     const std::tuple<const char*, const char*, ImageInfo, const char*> cases[] = {
-        {"magic only", "DDS ", {}, nullptr},           {"lower case", "dds and more", {}, " is not in DDS format."},
-        {"empty", "", {}, " is not in DDS format."},   {"short", "DD", {}, " is not in DDS format."},
-        {"missing", nullptr, {}, " not found."},       {".", nullptr, {}, " not found."},
+        {"magic only", "DDS ", {}, nullptr},
+        {"lower case", "dds and more", {}, " is not in DDS format."},
+        {"empty", "", {}, " is not in DDS format."},
+        {"short", "DD", {}, " is not in DDS format."},
+        {"missing", nullptr, {}, " not found."},
+        {".", nullptr, {}, " not found."},
         {"whole", nullptr, {256, 128, 7, 9}, nullptr},
     };
     (void)folder.write("whole", whole);
@@ -27,21 +31,25 @@ TEST(Probe, ReadsTheHeadAndTellsWhatIsNotOne) {
         EXPECT_EQ(getImageInfo(path, read, boxes), complaint == nullptr) << name;
         EXPECT_EQ(read, info) << name;
         std::vector<ShownBox> expected;
-        if (complaint != nullptr) expected = {{"Image File " + path + complaint, "getImageInfo", BoxIcon::Critical}};
+        if (complaint != nullptr)
+            expected = {{"Image File " + path + complaint, "getImageInfo", BoxIcon::Critical}};
         EXPECT_EQ(boxes.take(), expected);
     }
 }
 
 TEST(FitQuad, NeverEnlargesAndKeepsTheShape) {
     const std::tuple<std::uint32_t, std::uint32_t, std::int32_t, float, float> cases[] = {
-        {1024, 256, 512, 512, 128}, {1024, 256, 256, 512, 128},     {128, 128, 512, 128, 128}, {128, 128, 256, 256, 256},
-        {64, 512, 512, 64, 512},    {512, 512, 512, 512, 512},      {1, 1, 512, 1, 1},         {2048, 2048, 256, 512, 512},
+        {1024, 256, 512, 512, 128}, {1024, 256, 256, 512, 128},
+        {128, 128, 512, 128, 128},  {128, 128, 256, 256, 256},
+        {64, 512, 512, 64, 512},    {512, 512, 512, 512, 512},
+        {1, 1, 512, 1, 1},          {2048, 2048, 256, 512, 512},
         {1, 2048, 512, 0.25F, 512}, {300, 200, 256, 512, 341.3333F}};
     for (const auto& [width, height, viewport, right, bottom] : cases) {
         ViewerState state;
         state.viewPortWidth = state.viewPortHeight = viewport;
         state.referenceWidth = state.referenceHeight = 512;
-        const float corners[4][4] = {{0, 0, 0, 0}, {right, 0, 1, 0}, {0, bottom, 0, 1}, {right, bottom, 1, 1}};
+        const float corners[4][4] = {
+            {0, 0, 0, 0}, {right, 0, 1, 0}, {0, bottom, 0, 1}, {right, bottom, 1, 1}};
         for (std::size_t i = 0; const auto& corner : fitQuad(width, height, state)) {
             const auto& [x, y, tu, tv] = corners[i++];
             EXPECT_NEAR(corner.x, x, 1e-3) << width << 'x' << height;
@@ -57,13 +65,17 @@ struct ViewerTest : testing::Test {
         state.clearColor = 0xFF102030;
         Label11.setVisible(false);
         for (std::size_t i = 0; i < cmdShow.size(); ++i) {
-            clicks.push_back(cmdShow[i].click.connect([this, i] { state.displayMode = static_cast<DisplayMode>(i); }));
+            clicks.push_back(
+                cmdShow[i].click.connect([this, i] { state.displayMode = static_cast<DisplayMode>(i); }));
         }
     }
-    std::string stage(const char* fourCC, std::uint32_t width, std::uint32_t height, std::size_t dataSize) const {
+    std::string stage(const char* fourCC, std::uint32_t width, std::uint32_t height,
+                      std::size_t dataSize) const {
         return folder.write("tmp.dds", ddsFile(fourCC, width, height, std::string(dataSize, '\0')));
     }
-    [[nodiscard]] std::string modes() const { return row(cmdShow.selectedIndex(), cmdShow[1].enabled(), cmdShow[2].enabled()); }
+    [[nodiscard]] std::string modes() const {
+        return row(cmdShow.selectedIndex(), cmdShow[1].enabled(), cmdShow[2].enabled());
+    }
 
     TemporaryFolder folder;
     ViewerState state;
@@ -99,11 +111,12 @@ TEST_F(ViewerTest, FilesThatCannotBeShownSayWhy) {
         boxes.expect(missing ? " not found." : nullptr);
     }
     const std::string tail = "\r\nIt does not work. \r\nDLL error:";
-    const std::pair<int, const char*> failures[] = {{-2005530516, "Error: -2005530516 . The method call is invalid."},
-                                                    {-2005532292, "Error: -2005532292 . Direct3D does not have enough display memory."},
-                                                    {-2005530518, "Error: -2005530518 . The queried technique is not supported by this device."},
-                                                    {-2005529767, "Error: -2005529767 . The data is invalid."},
-                                                    {57, ""}};
+    const std::pair<int, const char*> failures[] = {
+        {-2005530516, "Error: -2005530516 . The method call is invalid."},
+        {-2005532292, "Error: -2005532292 . Direct3D does not have enough display memory."},
+        {-2005530518, "Error: -2005530518 . The queried technique is not supported by this device."},
+        {-2005529767, "Error: -2005529767 . The data is invalid."},
+        {57, ""}};
     for (const auto& [number, text] : failures) {
         surface.record.nextLoadFails = number;
         viewer.showTexture(stage("DXT1", 8, 8, 32));
@@ -112,9 +125,10 @@ TEST_F(ViewerTest, FilesThatCannotBeShownSayWhy) {
         EXPECT_EQ(box, (ShownBox{box.text, "loadTextureFile Error", BoxIcon::Critical}));
         EXPECT_TRUE(number == 57 ? box.text.empty() : box.text.starts_with(text + tail)) << box.text;
     }
-    const std::tuple<const char*, std::uint32_t, std::size_t, const char*> files[] = {{"DXT1", 8, 31, "-2005529767 . The data is invalid."},
-                                                                                      {"DXT3", 8, 64, "-2005529767 . The data is invalid."},
-                                                                                      {"DXT1", 20000, 64, "-2005530518 . The queried technique"}};
+    const std::tuple<const char*, std::uint32_t, std::size_t, const char*> files[] = {
+        {"DXT1", 8, 31, "-2005529767 . The data is invalid."},
+        {"DXT3", 8, 64, "-2005529767 . The data is invalid."},
+        {"DXT1", 20000, 64, "-2005530518 . The queried technique"}};
     for (const auto& [fourCC, width, size, reason] : files) {
         viewer.showTexture(stage(fourCC, width, 8, size));
         boxes.expect(reason);
@@ -140,17 +154,22 @@ TEST_F(ViewerTest, DrawsOnlyWhatIsNew) {
     EXPECT_EQ(row(frames[0].texture, frames[1].quad[3].x), "0, 8");
     EXPECT_NE(frames[6].texture, frames[5].texture);
     const std::pair<std::uint32_t, Blend> expected[] = {
-        {0xFF102030, frames[0].blend},    {0xFF102030, Blend::None},        {0xFF102030, Blend::Mask},       {0xFF102030, Blend::InverseBoth},
-        {0xFFFFFFFF, Blend::InverseBoth}, {0xFF000000, Blend::InverseBoth}, {0xFF000000, Blend::InverseBoth}};
-    for (std::size_t i = 0; i < 7; ++i) { EXPECT_EQ((std::pair{frames[i].clearColor, frames[i].blend}), expected[i]) << i; }
+        {0xFF102030, frames[0].blend},    {0xFF102030, Blend::None},        {0xFF102030, Blend::Mask},
+        {0xFF102030, Blend::InverseBoth}, {0xFFFFFFFF, Blend::InverseBoth}, {0xFF000000, Blend::InverseBoth},
+        {0xFF000000, Blend::InverseBoth}};
+    for (std::size_t i = 0; i < 7; ++i) {
+        EXPECT_EQ((std::pair{frames[i].clearColor, frames[i].blend}), expected[i]) << i;
+    }
     EXPECT_EQ(row(pump.pending, state.Running), "7, false");
 }
 
 TEST_F(ViewerTest, AFailedFrameEndsTheLoopAndLeavesItsFlag) {
-    for (const auto& [number, reason] : {std::pair{-2005530516, " . The method call is invalid."}, std::pair{-2005530520, " . Unknown error."}}) {
+    for (const auto& [number, reason] : {std::pair{-2005530516, " . The method call is invalid."},
+                                         std::pair{-2005530520, " . Unknown error."}}) {
         surface.record.nextFrameFails = number;
         viewer.startRendering();
-        boxes.expect(("Error: " + std::to_string(number) + reason + "\r\nIt does not work. \r\nDLL error:").c_str());
+        boxes.expect(
+            ("Error: " + std::to_string(number) + reason + "\r\nIt does not work. \r\nDLL error:").c_str());
         EXPECT_TRUE(state.Running);
     }
 }
@@ -160,7 +179,8 @@ TEST_F(ViewerTest, WithoutADeviceTheLoopReportsAndTriesAgain) {
     viewer.startRendering();
     auto shown = boxes.take();
     ASSERT_EQ(shown.size(), 2U);
-    EXPECT_EQ(shown[0], (ShownBox{"An error occurred while creating Direct3D.", "ERROR!", BoxIcon::Exclamation}));
+    EXPECT_EQ(shown[0],
+              (ShownBox{"An error occurred while creating Direct3D.", "ERROR!", BoxIcon::Exclamation}));
     EXPECT_EQ(shown[1].title, "Render Error");
     EXPECT_NE(shown[1].text.find(" . Unknown error."), std::string::npos);
     EXPECT_FALSE(state.d3dCreated);
@@ -186,4 +206,5 @@ TEST_F(ViewerTest, StoppingAndStartingInsideTheLoopGoesOnInIt) {
     EXPECT_EQ(surface.record.frames.size(), 2U);
 }
 
-}} // namespace pelrath::test
+} // namespace
+} // namespace pelrath::test
