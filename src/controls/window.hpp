@@ -42,8 +42,11 @@ public:
         setBox({before.left, before.top, width, height});
         if (box() != before) resize.emit();
     }
+    /// Between load() and its end.
+    [[nodiscard]] bool isLoaded() const { return isLoaded_; }
     /// As before it was ever shown.
     void load() {
+        isLoaded_ = true;
         isUnloaded_ = false;
         setVisible(true);
     }
@@ -53,6 +56,7 @@ public:
             const ScopedFlag unloading{unloading_}; // a message of the last reactions is no way back in
             queryUnload.emit();
         }
+        isLoaded_ = false;
         isUnloaded_ = true;
         setVisible(false);
         unloaded.emit();
@@ -61,6 +65,7 @@ public:
 private:
     std::uint32_t handle_ = 0;
     bool minimized_ = false;
+    bool isLoaded_ = false;
     bool isUnloaded_ = false;
     bool unloading_ = false;
     double frameWidth_ = 0;

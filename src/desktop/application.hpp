@@ -3,6 +3,7 @@
 #include "desktop/disclaimer_dialog.hpp"
 #include "desktop/folder_choice_dialog.hpp"
 #include "desktop/main_window.hpp"
+#include "desktop/mnemonics.hpp"
 #include "desktop/qt_busy_sign.hpp"
 #include "desktop/qt_file_associations.hpp"
 #include "desktop/qt_folder_picker.hpp"
@@ -28,6 +29,7 @@ public:
 
     Session session;
     QtScreen screen;
+    Mnemonics mnemonics; // before the gate, which is asked first
     Refresh refresh;
     QtMessageBoxes boxes;
     QtFileOpenDialog fileOpen;

@@ -113,7 +113,7 @@ void Binder::bind(CommandButton& button, QPushButton& view, QChar mnemonic) {
     attach(button, view,
            [&button, &view, mnemonic] { view.setText(captionText(button.caption(), mnemonic)); });
     QObject::connect(&view, &QPushButton::clicked, &view,
-                     [this, &button] { refresh_.deliver([&button] { button.press(); }); });
+                     [this, &button, &view] { refresh_.operate(view, [&button] { button.press(); }); });
 }
 
 void Binder::bind(CheckBox& box, QCheckBox& view, QChar mnemonic) {
@@ -125,8 +125,8 @@ void Binder::bind(CheckBox& box, QCheckBox& view, QChar mnemonic) {
                            : box.checked()                 ? Qt::Checked
                                                            : Qt::Unchecked);
     });
-    QObject::connect(&view, &QCheckBox::clicked, &view, [this, &box](bool checked) {
-        refresh_.deliver([&box, checked] { box.setChecked(checked); });
+    QObject::connect(&view, &QCheckBox::clicked, &view, [this, &box, &view](bool checked) {
+        refresh_.act(view, [&box, checked] { box.setChecked(checked); });
     });
 }
 
@@ -143,8 +143,8 @@ void Binder::bind(OptionButton& option, QRadioButton& view, QButtonGroup& group,
             button->setFocusPolicy(entry ? Qt::StrongFocus : Qt::ClickFocus);
         }
     });
-    QObject::connect(&view, &QRadioButton::toggled, &view, [this, &option](bool checked) {
-        if (checked) refresh_.deliver([&option] { option.select(); });
+    QObject::connect(&view, &QRadioButton::toggled, &view, [this, &option, &view](bool checked) {
+        if (checked) refresh_.act(view, [&option] { option.select(); });
     });
 }
 
@@ -178,16 +178,18 @@ void Binder::bind(TextBox& box, QLineEdit& view) {
                  if (!box.locked()) binding.push();
              })};
     QObject::connect(&view, &QLineEdit::textChanged, &view,
-                     [this, &box, selection] { refresh_.deliver([&] { selection(box, true); }); });
+                     [this, &box, &view, selection] { refresh_.act(view, [&] { selection(box, true); }); });
     if (auto* keys = dynamic_cast<KeyLineEdit*>(&view)) {
         keys->follow(
-            [this, &box, selection](KeyDown& key) {
-                refresh_.deliver([&] {
+            [this, &box, &view, selection](KeyDown& key) {
+                refresh_.act(view, [&] {
                     selection(box, false);
                     box.keyDown.emit(key);
                 });
             },
-            [this, &box](char32_t key) { refresh_.deliver([&box, key] { box.keyPress.emit(key); }); });
+            [this, &box, &view](char32_t key) {
+                refresh_.act(view, [&box, key] { box.keyPress.emit(key); });
+            });
     }
 }
 
@@ -210,8 +212,9 @@ void Binder::bind(ScrollBar& bar, QScrollBar& view) {
         view.setPageStep(bar.largeChange());
         view.setValue(bar.value());
     });
-    QObject::connect(&view, &QScrollBar::valueChanged, &view,
-                     [this, &bar](int value) { refresh_.deliver([&bar, value] { bar.setValue(value); }); });
+    QObject::connect(&view, &QScrollBar::valueChanged, &view, [this, &bar, &view](int value) {
+        refresh_.act(view, [&bar, value] { bar.setValue(value); });
+    });
 }
 
 void Binder::bind(DropDownList& list, QComboBox& view) {
@@ -230,8 +233,9 @@ void Binder::bind(DropDownList& list, QComboBox& view) {
         }
         view.setCurrentIndex(list.selectedRow());
     });
-    QObject::connect(&view, &QComboBox::activated, &view,
-                     [this, &list](int row) { refresh_.deliver([&list, row] { list.select(row); }); });
+    QObject::connect(&view, &QComboBox::activated, &view, [this, &list, &view](int row) {
+        refresh_.act(view, [&list, row] { list.select(row); });
+    });
 }
 
 void Binder::bind(Frame& frame, QGroupBox& view) {
@@ -256,10 +260,11 @@ void Binder::bind(Timer& timer, QObject& owner) {
     follow();
     new Kept{clock, timer.changed.connect(follow)};
     QObject::connect(clock, &QTimer::timeout, clock, [this, &timer, clock] {
-        if (refresh_.waitingInside()) {
-            clock->start(waitPause); // the tick is still due
-        } else {
+        // What a tick starts, as the render loop, must not go on inside a dialog or an operation.
+        if (refresh_.gate().isIdle()) {
             refresh_.deliver([&timer] { timer.tick.emit(); });
+        } else {
+            clock->start(waitPause); // the tick is still due
         }
     });
 }

@@ -28,7 +28,7 @@ bool CheckListModel::setData(const QModelIndex& index, const QVariant& value, in
     if (!index.isValid() || role != Qt::CheckStateRole) return false;
     const int row = index.row();
     const bool checked = value.toInt() == Qt::Checked;
-    refresh_.deliver([this, row, checked] { list_.setChecked(row, checked); });
+    refresh_.act(view_, [this, row, checked] { list_.setChecked(row, checked); });
     return true;
 }
 
@@ -43,7 +43,7 @@ CheckListView::CheckListView(QWidget* parent) : QListView(parent) {
 void CheckListView::bindTo(CheckListBox& list, Binder& binder) {
     list_ = &list;
     refresh_ = &binder.refresh();
-    lines_ = new CheckListModel{list, *refresh_, this};
+    lines_ = new CheckListModel{list, *refresh_, *this};
     setModel(lines_);
     binder.attach(list, *this, [this] {
         const ScopedFlag pushing{pushing_};
@@ -56,7 +56,7 @@ void CheckListView::currentChanged(const QModelIndex& current, const QModelIndex
     QListView::currentChanged(current, previous);
     if (pushing_ || list_ == nullptr) return;
     const int row = current.row();
-    refresh_->deliver([this, row] { list_->setCurrentRow(row); });
+    refresh_->act(*this, [this, row] { list_->setCurrentRow(row); });
 }
 
 void CheckListView::initViewItemOption(QStyleOptionViewItem* option) const {

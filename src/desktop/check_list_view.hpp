@@ -11,8 +11,8 @@ namespace pelrath::desktop {
 /// The lines and check marks of a list as they are when sync() is called; holds none of them itself.
 class CheckListModel : public LinesModel {
 public:
-    CheckListModel(CheckListBox& list, Refresh& refresh, QObject* parent)
-        : LinesModel(parent), list_(list), refresh_(refresh) {}
+    CheckListModel(CheckListBox& list, Refresh& refresh, QWidget& view)
+        : LinesModel(&view), list_(list), refresh_(refresh), view_(view) {}
 
     void sync();
 
@@ -24,6 +24,7 @@ public:
 private:
     CheckListBox& list_;
     Refresh& refresh_;
+    const QWidget& view_;
 };
 
 /// Shows a list with check marks: a click anywhere on a line and the space bar turn its mark over.

@@ -107,11 +107,12 @@ std::vector<ListBox::Run> ListBoxView::chosenRuns() const {
 void ListBoxView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QListView::selectionChanged(selected, deselected);
     if (pushing_ || refresh_ == nullptr) return;
-    refresh_->deliver([this] {
+    const bool admitted = refresh_->act(*this, [this] {
         const std::uint64_t own = list_->selections() + 1;
         list_->choose(chosenRuns());
         if (list_->selections() == own) selections_ = own; // shown already, unless a reaction chose anew
     });
+    if (!admitted) selections_ = noneShown;
 }
 
 QItemSelectionModel::SelectionFlags ListBoxView::selectionCommand(const QModelIndex& index,
@@ -122,7 +123,7 @@ QItemSelectionModel::SelectionFlags ListBoxView::selectionCommand(const QModelIn
 }
 
 void ListBoxView::deliver(const Signal<>& event) {
-    refresh_->deliver([&event] { event.emit(); });
+    refresh_->act(*this, [&event] { event.emit(); });
 }
 
 void ListBoxView::mousePressEvent(QMouseEvent* event) {

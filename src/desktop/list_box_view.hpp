@@ -66,7 +66,8 @@ private:
     ListBoxModel* lines_ = nullptr;
     Refresh* refresh_ = nullptr;
     QScrollBar* sideways_ = nullptr;
-    std::uint64_t selections_ = 0;
+    static constexpr std::uint64_t noneShown = ~std::uint64_t{0};
+    std::uint64_t selections_ = 0; ///< which of the list's is shown
     bool pushing_ = false;
 };
 

@@ -11,7 +11,6 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QDialog>
 #include <QFrame>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -244,10 +243,7 @@ void MainWindow::followWindow() {
 
 void MainWindow::end() {
     hide();
-    // The close may come from inside a dialog's own loop, which must find its end too.
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (auto* dialog = qobject_cast<QDialog*>(window)) dialog->done(QDialog::Rejected);
-    }
+    binder_.refresh().gate().shut();
     QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
@@ -323,7 +319,19 @@ void MainWindow::adoptPlace() {
     model_.window.moveTo(screen.twips(frameGeometry().left()), screen.twips(frameGeometry().top()));
 }
 
+// Dialogs that are open are given up first, innermost first, and an operation comes to its end: what runs
+// further up the stack never finds the window gone.
 void MainWindow::closeEvent(QCloseEvent* event) {
+    Gate& gate = binder_.refresh().gate();
+    if (model_.window.isUnloaded()) return;
+    if (!gate.isIdle()) {
+        event->ignore();
+        gate.whenQuiet(*this, [this, &gate] {
+            gate.dismissDialog();
+            close();
+        });
+        return;
+    }
     adoptPlace();
     binder_.refresh().deliver([this] { model_.queryUnload(); });
     event->accept();

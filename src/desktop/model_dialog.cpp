@@ -3,8 +3,15 @@
 #include "desktop/placing.hpp"
 
 #include <QApplication>
+#include <QTimer>
 
 namespace pelrath::desktop {
+
+namespace {
+
+constexpr int readingTime = 2500; // milliseconds
+
+} // namespace
 
 ModelDialog::ModelDialog(Window& model, Binder& binder) : model_(model), binder_(binder) {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -21,9 +28,9 @@ void ModelDialog::run() {
     move(onScreen(place));
     activate();
     setWindowTitle(toQString(model_.caption()));
-    const Refresh::Wait inside{binder_.refresh()};
+    const Gate::Turn turn{binder_.refresh().gate(), this};
     if (!model_.isUnloaded()) exec();
-    if (!model_.isUnloaded()) reject(); // the program's end ends what is open in it
+    if (!model_.isUnloaded()) binder_.refresh().deliver([this] { model_.unload(); }); // given up
     setParent(nullptr, windowFlags());
 }
 
@@ -56,7 +63,16 @@ void ModelDialog::moveEvent(QMoveEvent* event) {
 }
 
 void ModelDialog::reject() {
-    binder_.refresh().deliver([this] { model_.unload(); });
+    Refresh& refresh = binder_.refresh();
+    if (refresh.act(*this, [this] { model_.unload(); }) || closing_) return;
+    // An operation runs. Its end is waited for, and then what it says is to be seen.
+    closing_ = true;
+    refresh.gate().whenQuiet(*this, [this] {
+        QTimer::singleShot(readingTime, this, [this] {
+            closing_ = false;
+            if (isVisible()) reject();
+        });
+    });
 }
 
 } // namespace pelrath::desktop

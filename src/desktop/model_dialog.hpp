@@ -18,7 +18,8 @@ public:
     /// What the model does when it becomes the program's active window.
     void activate();
 
-    /// Closing it by its frame unloads the model.
+    /// Closing it by its frame unloads the model; during an operation of its own, a while after that has
+    /// ended.
     void reject() override;
 
 protected:
@@ -31,6 +32,7 @@ private:
     Window& model_;
     Binder& binder_;
     Connections connections_;
+    bool closing_ = false; ///< by its frame, during an operation
 };
 
 } // namespace pelrath::desktop

@@ -45,8 +45,7 @@ void QtBusySign::show(const std::string& what, std::uint64_t done, std::uint64_t
     bar_->setRange(0, total == 0 ? 0 : static_cast<int>(steps));
     bar_->setValue(
         total == 0 ? 0 : static_cast<int>(static_cast<double>(done) / static_cast<double>(total) * steps));
-    const Refresh::Wait inside{refresh_};
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QCoreApplication::processEvents(); // the gate drops what the user does
 }
 
 void QtBusySign::clear() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "desktop/refresh.hpp"
 #include "platform/busy_sign.hpp"
 
 #include <QFrame>
@@ -11,19 +10,16 @@ class QProgressBar;
 
 namespace pelrath::desktop {
 
-/// A panel with a progress bar over the active window. While it is up the window is painted and answers the
-/// window manager, and what the user does waits.
+/// A panel with a progress bar over the active window, for the time of a reaction. While it is up the window
+/// is painted and answers the window manager; what the user does is dropped.
 class QtBusySign : public BusySign {
 public:
-    explicit QtBusySign(Refresh& refresh) : refresh_(refresh) {}
-
     void show(const std::string& what, std::uint64_t done, std::uint64_t total) override;
     void clear() override;
 
 private:
     void open();
 
-    Refresh& refresh_;
     QPointer<QFrame> panel_;
     QLabel* text_ = nullptr;
     QProgressBar* bar_ = nullptr;

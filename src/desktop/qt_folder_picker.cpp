@@ -7,10 +7,10 @@
 namespace pelrath::desktop {
 
 FolderPicker::Choice QtFolderPicker::choose(const Request& request, Listener& listener) {
-    const Refresh::Wait inside{refresh_};
     QWidget* active = QApplication::activeModalWidget();
     QWidget* owner = active != nullptr || request.owner == 0 ? active : QWidget::find(request.owner);
     FolderPickerDialog dialog{request, listener, refresh_, owner};
+    const Gate::Turn turn{refresh_.gate(), &dialog};
     return dialog.run();
 }
 

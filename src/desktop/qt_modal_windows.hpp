@@ -3,6 +3,7 @@
 #include "controls/modal_windows.hpp"
 #include "desktop/model_dialog.hpp"
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <vector>
@@ -15,6 +16,7 @@ public:
     void add(Window& model, ModelDialog& dialog) { dialogs_[&model] = &dialog; }
     void showModal(Window& window) override {
         ModelDialog* const dialog = dialogs_.at(&window);
+        if (std::find(open_.begin(), open_.end(), dialog) != open_.end()) return; // it would own itself
         open_.push_back(dialog);
         dialog->run();
         open_.pop_back();

@@ -30,7 +30,6 @@ QMessageBox::Icon iconOf(BoxIcon icon) {
 
 BoxAnswer QtMessageBoxes::show(const std::string& text, const std::string& title, BoxIcon icon,
                                BoxButtons buttons) {
-    const Refresh::Wait inside{refresh_};
     QMessageBox box{QApplication::activeWindow()};
     box.setTextFormat(Qt::PlainText); // paths and names are shown as they are
     box.setText(toQString(text).replace("\r\n", "\n"));
@@ -40,21 +39,21 @@ BoxAnswer QtMessageBoxes::show(const std::string& text, const std::string& title
     box.setStandardButtons(buttons == BoxButtons::Ok ? QMessageBox::Ok
                                                      : QMessageBox::Ok | QMessageBox::Cancel);
     box.setDefaultButton(QMessageBox::Ok);
+    const Gate::Turn turn{refresh_.gate(), &box};
     return box.exec() == QMessageBox::Ok || buttons == BoxButtons::Ok ? BoxAnswer::Ok : BoxAnswer::Cancel;
 }
 
 std::optional<std::string> QtFileOpenDialog::choose(const Request& request) {
-    const Refresh::Wait inside{refresh_};
-    const QString chosen =
-        QFileDialog::getOpenFileName(QApplication::activeWindow(), toQString(request.title),
-                                     toQString(request.folder), toQString(request.filter));
-    if (chosen.isEmpty()) return std::nullopt;
-    return toUtf8(chosen);
+    QFileDialog dialog{QApplication::activeWindow(), toQString(request.title), toQString(request.folder),
+                       toQString(request.filter)};
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    const Gate::Turn turn{refresh_.gate(), &dialog};
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return toUtf8(dialog.selectedFiles().constFirst());
 }
 
 void QtEventPump::processPending() {
     if (sinceLast_.elapsed() < pumpPause) return;
-    const Refresh::Wait inside{refresh_};
     refresh_.flush();
     QCoreApplication::processEvents();
     sinceLast_.start();
@@ -62,6 +61,7 @@ void QtEventPump::processPending() {
 
 void QtEventPump::waitForEvents() {
     refresh_.flush();
+    const Gate::Turn turn{refresh_.gate(), nullptr};
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     sinceLast_.start();
 }

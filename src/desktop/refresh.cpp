@@ -1,6 +1,7 @@
 #include "desktop/refresh.hpp"
 
 #include <QMetaObject>
+#include <QWidget>
 
 #include <exception>
 #include <utility>
@@ -25,7 +26,27 @@ void Refresh::flush() {
     }
 }
 
+bool Refresh::act(const QWidget& view, const std::function<void()>& reaction) {
+    if (gate_.admits(view)) {
+        deliver(reaction);
+        return true;
+    }
+    for (Binding* binding : view.window()->findChildren<Binding*>()) {
+        later(*binding);
+    }
+    return false;
+}
+
+bool Refresh::operate(const QWidget& view, const std::function<void()>& command) {
+    return act(view, [this, &command] {
+        command();
+        flush();
+        gate_.dropWaiting();
+    });
+}
+
 void Refresh::deliver(const std::function<void()>& reaction) {
+    const Gate::Reaction reacting{gate_};
     try {
         reaction();
     } catch (const std::exception& failure) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "desktop/gate.hpp"
+
 #include <QObject>
 #include <QPointer>
 
@@ -10,6 +12,7 @@ namespace pelrath::desktop {
 
 /// Keeps one widget looking like its control; owned by the widget.
 class Binding : public QObject {
+    Q_OBJECT
 public:
     Binding(QObject* view, std::function<void()> push) : QObject(view), push_(std::move(push)) {}
 
@@ -36,28 +39,21 @@ public:
     void later(Binding& binding);
     void flush();
 
-    /// Runs the reactions to an event of the user's and shows what they changed.
+    /// Runs the reactions to what the user did to `view` and shows what they changed. False, and nothing has
+    /// run, where the gate does not admit it; the widgets of that window then become again what their
+    /// controls are.
+    bool act(const QWidget& view, const std::function<void()>& reaction);
+    /// The same for a command, which may take its time: what the user does meanwhile is dropped.
+    bool operate(const QWidget& view, const std::function<void()>& command);
+    /// Runs the reactions to something else than the user's doing, and shows what they changed.
     void deliver(const std::function<void()>& reaction);
 
-    /// True while a reaction waits for something inside it: a message box, a dialog, the events during a
-    /// read. What would not return before long, as the render loop, must not be started then.
-    [[nodiscard]] bool waitingInside() const { return waits_ > 0; }
-
-    class Wait {
-    public:
-        explicit Wait(Refresh& refresh) : refresh_(refresh) { ++refresh_.waits_; }
-        ~Wait() { --refresh_.waits_; }
-        Wait(const Wait&) = delete;
-        Wait& operator=(const Wait&) = delete;
-
-    private:
-        Refresh& refresh_;
-    };
+    [[nodiscard]] Gate& gate() { return gate_; }
 
 private:
     std::vector<QPointer<Binding>> waiting_;
-    int waits_ = 0;
     Report report_;
+    Gate gate_;
 };
 
 } // namespace pelrath::desktop

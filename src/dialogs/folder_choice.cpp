@@ -26,6 +26,7 @@ FolderChoice::FolderChoice(const Texts& texts, std::string& folder, const Window
 }
 
 void FolderChoice::show() {
+    if (window.isLoaded()) return;
     Form_Load();
     services_.windows.showModal(window);
 }

@@ -32,7 +32,7 @@ public:
     FolderChoice(const Texts& texts, std::string& folder, const Window& over, const Services& services);
 
     /// Loads the dialog anew and returns when it has been closed. `folder` is then as a browse or OK left it;
-    /// whether it exists is the caller's to look at.
+    /// whether it exists is the caller's to look at. Does nothing while it is open already.
     void show();
 
     Window window;

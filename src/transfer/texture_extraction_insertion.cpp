@@ -33,6 +33,7 @@ TextureExtractionInsertion::TextureExtractionInsertion(Session& session, const T
 }
 
 void TextureExtractionInsertion::show(const Window& owner) {
+    if (window.isLoaded()) return;
     window.load();
     setUp_.clearChoices();
     layout_.centreOn(owner);

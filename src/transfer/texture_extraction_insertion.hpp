@@ -42,7 +42,7 @@ public:
     TextureExtractionInsertion(Session& session, const TransferServices& services);
 
     /// Opens it over `owner` for the chosen texture and returns when it has been closed. The session's
-    /// texture must be one of its archive.
+    /// texture must be one of its archive. Does nothing while it is open already.
     void show(const Window& owner);
 
 private:

@@ -15,9 +15,7 @@ struct RealUser : testing::Test {
     void runFor(
         const std::function<void()>& program, const std::function<void()>& end = [] {}) {
         user.onGivingUp = [end] {
-            while (QWidget* open = QApplication::activeModalWidget()) {
-                open->close();
-            }
+            if (QWidget* open = QApplication::activeModalWidget()) open->close();
             end();
         };
         user.start();

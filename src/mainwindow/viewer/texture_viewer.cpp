@@ -135,35 +135,30 @@ FramePicture TextureViewer::pictureNow() {
             quad_};
 }
 
-bool TextureViewer::drawFrame() {
+void TextureViewer::drawFrame() {
     if (!device_) throw RuntimeError{noObject, "Render", "There is no rendering device."};
     const FramePicture picture = pictureNow();
     // The same picture again would cost a frame and change nothing; whatever changes it is an event.
-    if (picture == shown_ || !device_->readyForFrame()) return false;
+    if (picture == shown_ || !device_->readyForFrame()) return;
     device_->drawFrame(picture);
     shown_ = picture;
-    return true;
 }
 
 void TextureViewer::Render() {
     if (looping_) return; // a loop further up the stack goes on as long as Running is set
     const ScopedFlag looping{looping_};
     while (world_.state.Running) {
-        bool drawn = false;
         errno = 0;
         try {
-            drawn = drawFrame();
+            drawFrame();
         } catch (const RuntimeError& error) {
             const int systemError = errno;
             world_.boxes.critical(deviceMessage(error, renderReason(error.number()), systemError),
                                   "Render Error");
             return;
         }
-        if (drawn) {
-            world_.pump.processPending();
-        } else {
-            world_.pump.waitForEvents();
-        }
+        // Nothing but an event changes the picture, or makes the device ready for the next one.
+        world_.pump.waitForEvents();
     }
 }
 

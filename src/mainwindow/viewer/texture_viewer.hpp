@@ -47,8 +47,8 @@ private:
     void showStatus(const std::string& caption);
 
     void Render();
-    /// False when the viewport shows the picture already, or cannot take another yet.
-    bool drawFrame();
+    /// Nothing when the viewport shows the picture already, or cannot take another yet.
+    void drawFrame();
     [[nodiscard]] FramePicture pictureNow();
 
     ViewerSurroundings world_;

@@ -1,0 +1,177 @@
+#include "desktop/real_window.hpp"
+
+#include <array>
+#include <csignal>
+#include <filesystem>
+
+namespace pelrath::test {
+namespace {
+
+/// Does something once, as soon as the sign of a long piece of work is painted: in the middle of an
+/// operation.
+class WhenBusy : public QObject {
+public:
+    explicit WhenBusy(std::function<void()> act) : act_(std::move(act)) { qApp->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        const bool painted = event->type() == QEvent::Paint && object->objectName() == "busySign";
+        if (const auto act = painted ? std::exchange(act_, nullptr) : nullptr) act();
+        return false;
+    }
+
+private:
+    std::function<void()> act_;
+};
+
+struct Gate : RealWindow {
+    void openDialog(const char* button) {
+        user.then([this, button] {
+            click(list("Output0"), 2);
+            widget<QLineEdit>("Text8").setText(QString::fromStdString(folder.path()));
+            widget<QPushButton>(button).click();
+        });
+        untilDialog<desktop::TransferDialog>();
+    }
+    /// Lets the toolkit's own timers, a late click's among them, run out.
+    tour::UserScript& afterAWhile() {
+        return user.until("some time", [turns = 0]() mutable { return ++turns > 10; });
+    }
+};
+
+TEST_F(Gate, BehindADialogNothingReactsAndNothingLooksAsIfItHad) {
+    openArchive();
+    openDialog("cmdExtract");
+    user.then([this] {
+        widget<QPushButton>("cmdInsert").animateClick(); // comes a tenth of a second later
+        widget<QPushButton>("cmdReadCDDS").click();
+        widget<QCheckBox>("chkGraphicDisplay").click();
+        widget<QRadioButton>("backViewportColor4").click();
+        widget<QScrollBar>("HScroll0").setValue(9);
+        widget<QLineEdit>("incrementalSearchText").setText("first");
+        click(list("Output0"), 1);
+    });
+    afterAWhile().then([this] {
+        EXPECT_EQ(row(program.session.mode == DialogMode::Extraction, program.session.selectedTexture),
+                  "true, 2");
+        EXPECT_EQ(row(widget<QCheckBox>("chkGraphicDisplay").isChecked(),
+                      widget<QRadioButton>("backViewportColor0").isChecked(),
+                      widget<QScrollBar>("HScroll0").value(), chosenRow("Output0"),
+                      widget<QLineEdit>("incrementalSearchText").text().toStdString()),
+                  "true, true, 0, 2, abd.bmp");
+        EXPECT_EQ(row(program.main.chkGraphicDisplay.checked(), program.main.HScroll[0].value()), "true, 0");
+        dialog<QDialog>()->close();
+    });
+    user.until("its end", [] { return dialog<QDialog>() == nullptr; });
+    run();
+}
+
+TEST_F(Gate, WhatIsPressedDuringACommandIsNotDoneAfterIt) {
+    openArchive();
+    openDialog("cmdExtract");
+    user.then([] {
+        auto& action = in<QPushButton>("cmdExtractInsert");
+        QCoreApplication::postEvent(&action, new QKeyEvent{QEvent::KeyPress, Qt::Key_Return, {}});
+        action.click();
+    });
+    afterAWhile().then([this] {
+        EXPECT_TRUE(program.main.transfer.ExtractSummary.text().ends_with("written\r\n1 file(s) extracted."));
+        dialog<QDialog>()->close();
+    });
+    user.until("its end", [] { return dialog<QDialog>() == nullptr; });
+    run();
+}
+
+TEST_F(Gate, AMnemonicActsAtOnceAndNotAgain) {
+    untilLoop().then([this] {
+        QTest::keyClick(&program.window, Qt::Key_B, Qt::AltModifier);
+        press(*QApplication::focusWidget(), Qt::Key_Right);
+        EXPECT_EQ(program.session.viewer.viewPortColor, 1);
+        QTest::keyClick(&program.window, Qt::Key_D, Qt::AltModifier);
+        EXPECT_FALSE(program.main.chkGraphicDisplay.checked());
+    });
+    afterAWhile().then([this] {
+        EXPECT_EQ(row(program.session.viewer.viewPortColor, program.main.chkGraphicDisplay.checked()),
+                  "1, false");
+    });
+    run();
+}
+
+/// What is asked to close during an operation: the dialog, which then shows what was done, or the program.
+struct ClosedMeanwhile : Gate, testing::WithParamInterface<const char*> {};
+
+TEST_P(ClosedMeanwhile, AnOperationGoesOnUndisturbedToItsEnd) {
+    std::filesystem::resize_file(archive, std::uintmax_t{64} << 20); // so that the copy has a sign
+    const std::string data = "8 bytes.";
+    (void)folder.write("abd-4x4.dds", std::string(128, 'h') + data);
+    std::filesystem::create_directory(folder.file("copies"));
+    (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n[Settings]\ncddsbackupfolder=" +
+                                          folder.file("copies") + "\n");
+    const bool wholeProgram = GetParam() == std::string{"Program"};
+    const WhenBusy meanwhile{[this, wholeProgram] {
+        QWidget& action = in<QPushButton>("cmdExtractInsert");
+        QWidget* focus = QApplication::focusWidget();
+        for (const Qt::Key key :
+             {Qt::Key_Return, Qt::Key_Return, Qt::Key_Space, Qt::Key_Tab, Qt::Key_Escape}) {
+            press(action, key);
+        }
+        EXPECT_EQ(QApplication::focusWidget(), focus);
+        wholeProgram ? program.window.close() : dialog<QDialog>()->close();
+    }};
+    openArchive();
+    openDialog("cmdInsert");
+    user.then([this, wholeProgram] {
+        in<QPushButton>("cmdExtractInsert").click();
+        EXPECT_TRUE(program.main.transfer.ExtractSummary.text().ends_with("1 Mipmap(s) inserted.\r\n"));
+        EXPECT_TRUE(wholeProgram || dialog<QDialog>()->isVisible());
+    });
+    user.until("its end", [] { return dialog<QDialog>() == nullptr; });
+    run(!wholeProgram);
+    EXPECT_EQ(folder.names("copies"), std::vector<std::string>{"demo-0.cdds"});
+    EXPECT_NE(folder.read("demo.cdds").find(data), std::string::npos);
+    EXPECT_NE(folder.read("Pelrath.ini").find("MainTop="), std::string::npos);
+}
+
+INSTANTIATE_TEST_SUITE_P(And, ClosedMeanwhile, testing::Values("Dialog", "Program"),
+                         [](const auto& row) { return row.param; });
+
+TEST_F(Gate, WhatWasPressedBeforeTheCloseIsForgotten) {
+    openArchive();
+    user.then([this] {
+        auto& box = widget<QLineEdit>("incrementalSearchText");
+        program.window.close();
+        press(box, Qt::Key_Down);
+        QTest::keyClicks(&box, "abd");
+        click(list("Output0"), 2);
+        EXPECT_EQ(program.session.selectedTexture, 0);
+    });
+    run(false);
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"Pelrath.ini", "demo.cdds"}));
+}
+
+TEST(AskedToEnd, TheProgramClosesAsItsUserWould) {
+    // How it is started, and the signal that it gets.
+    const std::pair<const char*, int> cases[] = {
+        {"exec", SIGTERM},
+        {"exec", SIGINT},
+        {"exec", SIGHUP},
+        {"ulimit -f 0; exec", SIGTERM}, // no file can be written
+    };
+    for (const auto& [start, signal] : cases) {
+        const TemporaryFolder folder;
+        const QString program = QString::fromStdString(folder.file("pelrath"));
+        ASSERT_TRUE(QFile::copy(PELRATH_PROGRAM, program));
+        (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n");
+        QProcess process;
+        process.start("/bin/sh", {"-c", QString{start} + " " + program});
+        EXPECT_FALSE(process.waitForFinished(1500)); // shows its window
+        kill(static_cast<pid_t>(process.processId()), signal);
+        EXPECT_TRUE(process.waitForFinished());
+        EXPECT_EQ(row(process.exitStatus() == QProcess::NormalExit, process.exitCode()), "true, 0") << signal;
+        const bool saved = folder.read("Pelrath.ini").find("MainTop=") != std::string::npos;
+        EXPECT_EQ(saved, start == std::string{"exec"});
+    }
+}
+
+} // namespace
+} // namespace pelrath::test
