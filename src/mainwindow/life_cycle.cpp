@@ -4,6 +4,7 @@
 #include "platform/runtime_error.hpp"
 
 #include <array>
+#include <utility>
 #include <vector>
 
 namespace pelrath {
@@ -30,12 +31,18 @@ void LifeCycle::loadSettings() {
     ApplicationSettings& settings = session_.settings;
     try {
         loadApplicationSettings(settingsBaseName_, settings);
+    } catch (const SettingsUnreadable& unread) {
+        mayBeSaved_ = false;
+        tell("The settings in " + settingsFile() + " cannot be read: " + unread.what() +
+             ".\r\n\r\nThe program runs with its defaults and leaves the file as it is; settings changed "
+             "meanwhile are not kept. Please repair or remove the file, and start the program again.");
     } catch (const SettingsPassEnded& end) {
-        boxes_.exclamation("The setting \"" + end.key() + "\" in " + settingsBaseName_ +
-                               ".ini cannot be used: " + end.what() +
-                               ".\r\n\r\nIt and the settings behind it have their defaults now." +
-                               keepWornSettings(),
-                           "Pelrath - Settings");
+        tellUnusable(end.key(), end.what(), "It and the settings behind it have their defaults now.");
+    }
+    if (settings.viewPortColor < 0 || settings.viewPortColor >= backgroundColors) {
+        const std::string stored = std::to_string(std::exchange(settings.viewPortColor, std::int16_t{0}));
+        tellUnusable("ViewPortColor", stored + " is none of the background colors 0 to 8",
+                     "It has its default now.");
     }
     c_.window.moveTo(settings.mainLeft * screen_.twipsPerPixel(), settings.mainTop * screen_.twipsPerPixel());
     session_.viewer.viewPortWidth = settings.viewPortWidth;
@@ -43,22 +50,33 @@ void LifeCycle::loadSettings() {
     session_.viewer.viewPortColor = settings.viewPortColor;
 }
 
-// The next save puts the defaults in the place of what could not be loaded.
-std::string LifeCycle::keepWornSettings() const {
-    const std::string kept = settingsBaseName_ + ".ini.bak";
+void LifeCycle::tell(const std::string& text) { boxes_.exclamation(text, "Pelrath - Settings"); }
+
+// The next save puts the defaults in the place of what cannot be used.
+void LifeCycle::tellUnusable(const std::string& key, const std::string& reason, const std::string& outcome) {
+    mayBeSaved_ = keepWornSettings();
+    tell("The setting \"" + key + "\" in " + settingsFile() + " cannot be used: " + reason + ".\r\n\r\n" +
+         outcome +
+         (mayBeSaved_ ? " The file as it was is kept as " + settingsFile() + ".bak."
+                      : " The file stays as it is, as no copy of it can be kept: settings changed meanwhile "
+                        "are not kept. Please repair or remove it, and start the program again."));
+}
+
+bool LifeCycle::keepWornSettings() const {
     try {
-        const InputFile worn{settingsBaseName_ + ".ini"};
+        const InputFile worn{settingsFile()};
         std::vector<std::byte> bytes(static_cast<std::size_t>(worn.size()));
         worn.readAt(0, bytes);
         const std::array<Bytes, 1> pieces{Bytes{bytes}};
-        replaceFile(kept, pieces, Durability::Flushed);
-        return " The file as it was is kept as " + kept + ".";
+        replaceFile(settingsFile() + ".bak", pieces, Durability::Flushed);
+        return true;
     } catch (const RuntimeError&) {
-        return {};
+        return false;
     }
 }
 
 void LifeCycle::saveSettings() {
+    if (!mayBeSaved_) return;
     ApplicationSettings& settings = session_.settings;
     settings.mainLeft = c_.window.box().left / screen_.twipsPerPixel();
     settings.mainTop = c_.window.box().top / screen_.twipsPerPixel();
@@ -68,9 +86,8 @@ void LifeCycle::saveSettings() {
     try {
         saveApplicationSettings(settingsBaseName_, settings);
     } catch (const SettingsPassEnded& end) {
-        boxes_.exclamation("The setting \"" + end.key() + "\" cannot be saved: " + end.what() +
-                               ".\r\n\r\nIt and the settings behind it stay as they were.",
-                           "Pelrath - Settings");
+        tell("The setting \"" + end.key() + "\" cannot be saved in " + settingsFile() + ": " + end.what() +
+             ".\r\n\r\nIt and the settings behind it stay as they were.");
     }
 }
 

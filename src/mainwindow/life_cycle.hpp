@@ -44,8 +44,11 @@ public:
 private:
     void Timer1_Timer();
     void loadSettings();
-    /// Says where, behind a blank; nothing when it cannot be kept.
-    [[nodiscard]] std::string keepWornSettings() const;
+    void tell(const std::string& text);
+    void tellUnusable(const std::string& key, const std::string& reason, const std::string& outcome);
+    /// Beside it, under a name of its own; false when it cannot be kept.
+    [[nodiscard]] bool keepWornSettings() const;
+    [[nodiscard]] std::string settingsFile() const { return settingsBaseName_ + ".ini"; }
     void saveSettings();
     /// False when the program must end.
     bool passFirstRunGate();
@@ -57,6 +60,7 @@ private:
     Session& session_;
     Parts parts_;
     std::string settingsBaseName_;
+    bool mayBeSaved_ = true; ///< nothing that the load could not take is lost by it
     Connection connection_;
 };
 

@@ -22,6 +22,7 @@ constexpr std::array<Background, 9> backgrounds{{{0x000000, 0xFF000000},
                                                  {0xFF0000, 0xFF0000FF},
                                                  {0xFF00FF, 0xFFFF00FF},
                                                  {0xFFFFFF, 0xFFFFFFFF}}};
+static_assert(backgrounds.size() == backgroundColors);
 
 } // namespace
 

@@ -68,13 +68,29 @@ void loadApplicationSettings(const std::string& settingsBaseName, ApplicationSet
     settings = {};
     CSetting store;
     store.Init(settingsBaseName, CSetting::IniMode);
+    try {
+        store.beginPass();
+    } catch (const RuntimeError& error) {
+        throw SettingsUnreadable{error.description()};
+    }
     eachKey(settings, Load{store});
 }
 
 void saveApplicationSettings(const std::string& settingsBaseName, const ApplicationSettings& settings) {
     CSetting store;
     store.Init(settingsBaseName, CSetting::IniMode);
-    eachKey(settings, Save{store});
+    try {
+        store.beginPass();
+    } catch (const RuntimeError&) {
+        return; // what nobody has read is not written over
+    }
+    try {
+        eachKey(settings, Save{store});
+    } catch (const SettingsPassEnded&) {
+        store.endPass();
+        throw;
+    }
+    store.endPass();
 }
 
 } // namespace pelrath

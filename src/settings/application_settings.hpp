@@ -7,6 +7,9 @@
 
 namespace pelrath {
 
+/// How many background colours the viewport has.
+inline constexpr std::int16_t backgroundColors = 9;
+
 /// What the program keeps between two runs.
 struct ApplicationSettings {
     double mainTop = 0;  ///< the main window's place, in pixels, rounded to 16 bits when stored
@@ -15,7 +18,7 @@ struct ApplicationSettings {
     std::string firstTimeDone = "False"; ///< "True", exactly, once the disclaimer was accepted
     std::int32_t viewPortWidth = 512;    ///< pixels
     std::int32_t viewPortHeight = 512;   ///< pixels
-    std::int16_t viewPortColor = 0;
+    std::int16_t viewPortColor = 0;      ///< below backgroundColors
     std::string bazarTempFolder;
     std::string cddsBackupFolder;
 };
@@ -31,11 +34,17 @@ private:
     std::string key_;
 };
 
-/// Reads every key, in order, from the profile file whose path without ".ini" is `settingsBaseName`. Missing
-/// ones give their defaults.
+/// The settings file is there and cannot be read: nothing of it is known.
+class SettingsUnreadable : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Reads every key, in order and in one reading, from the profile file whose path without ".ini" is
+/// `settingsBaseName`. Missing ones give their defaults.
 void loadApplicationSettings(const std::string& settingsBaseName, ApplicationSettings& settings);
 
-/// Writes every key, in the same order.
+/// Writes every key, in the same order, all at once. A file that cannot be read or written stays as it is.
 void saveApplicationSettings(const std::string& settingsBaseName, const ApplicationSettings& settings);
 
 } // namespace pelrath

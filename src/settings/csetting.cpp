@@ -1,7 +1,6 @@
 #include "settings/csetting.hpp"
 
 #include "platform/files.hpp"
-#include "platform/profile_file.hpp"
 #include "platform/program_folder.hpp"
 #include "platform/runtime_error.hpp"
 #include "platform/text.hpp"
@@ -9,6 +8,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace pelrath {
@@ -31,6 +31,13 @@ auto guarded(std::int32_t number, const char* source, const char* what, const Op
 
 constexpr const char* readingFailed = "Error reading Setting ";
 constexpr const char* writingFailed = "Error writing Setting ";
+
+void writeSilently(const std::function<void()>& write) {
+    try {
+        write();
+    } catch (const RuntimeError&) { // the file is as it was
+    }
+}
 
 // 0 for a text that is no number.
 std::int16_t numberIn(const std::string& text) {
@@ -64,13 +71,19 @@ void CSetting::initialise() {
     if (appName_.empty()) Init();
 }
 
+template <class Read>
+auto CSetting::reading(const Read& read) const {
+    return pass_ ? read(*pass_) : read(Profile{iniFileName_});
+}
+
 std::string CSetting::GetSettingStr(const std::string& Section, const std::string& KeyName,
                                     const std::string& DefaultValue) {
     return guarded(ReadFailed, "CSetting.GetSettingStr", readingFailed, [&] {
         initialise();
         if (saveMode_ == RegistryMode) return readRegistry(appName_, Section, KeyName).value_or(DefaultValue);
-        const std::string value =
-            readProfileString(iniFileName_, Section, KeyName, longestIniValue).value_or(DefaultValue);
+        const std::string value = reading([&](const Profile& profile) {
+                                      return profile.text(Section, KeyName, longestIniValue);
+                                  }).value_or(DefaultValue);
         const std::string_view shown = trimBlanks(firstCharacters(value, longestIniValue));
         return std::string{shown.substr(0, shown.find('\0'))};
     });
@@ -80,18 +93,35 @@ std::int16_t CSetting::GetSettingInt(const std::string& Section, const std::stri
                                      std::int16_t DefaultValue) {
     return guarded(ReadFailed, "CSetting.GetSettingInt", readingFailed, [&] {
         initialise();
-        if (saveMode_ != RegistryMode)
-            return narrowed(readProfileInt(iniFileName_, Section, KeyName, DefaultValue));
+        if (saveMode_ != RegistryMode) {
+            return narrowed(reading(
+                [&](const Profile& profile) { return profile.number(Section, KeyName, DefaultValue); }));
+        }
         return numberIn(readRegistry(appName_, Section, KeyName).value_or(std::to_string(DefaultValue)));
     });
 }
 
-void CSetting::save(const std::string& section, const std::string& key, const std::string& value) const {
+void CSetting::save(const std::string& section, const std::string& key, const std::string& value) {
     if (saveMode_ == RegistryMode) {
         writeRegistry(appName_, section, key, value);
+    } else if (pass_) {
+        pass_->put(section, key, value);
     } else {
-        writeProfileString(iniFileName_, section, key, value);
+        writeSilently([&] {
+            Profile once{iniFileName_};
+            once.put(section, key, value);
+            once.write();
+        });
     }
+}
+
+void CSetting::beginPass() {
+    guarded(ReadFailed, "CSetting.beginPass", readingFailed, [this] { pass_.emplace(iniFileName_); });
+}
+
+void CSetting::endPass() {
+    if (pass_) writeSilently([this] { pass_->write(); });
+    pass_.reset();
 }
 
 void CSetting::SaveSettingStr(const std::string& Section, const std::string& KeyName,

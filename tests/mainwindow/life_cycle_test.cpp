@@ -95,22 +95,42 @@ TEST_F(LifeCycleTest, StartTakesOverWhatIsStored) {
               "20, -30000, 256, /some/folder");
 }
 
-TEST_F(LifeCycleTest, AWornFileNeverKeepsItFromStarting) {
-    // The file, and what is complained of; null: nothing.
-    const std::tuple<const char*, const char*> cases[] = {
-        {"[Settings]\nViewPortColor=12\nMainTop=abc\n[Setup]\nfirsttimedone=True\n", nullptr},
-        {"[Setup]\nfirsttimedone=True\nextractionfolder=/no/such/folder\n", nullptr},
-        {"[Setup]\nfirsttimedone=True\n[Settings]\nViewPortColor=70000\n", "\"ViewPortColor\""},
-        {"[Setup]\nfirsttimedone=True\n[Settings]\nMainTop=99999\n", "\"MainTop\""},
-        {"\x01\xFF\xFE[[[]]=\n===\n[Setup]\nfirsttimedone=True", nullptr}};
-    for (const auto& [ini, complaint] : cases) {
+TEST_F(LifeCycleTest, AWornFileNeverKeepsItFromStartingNorIsItLost) {
+    const std::string done = "[Setup]\nfirsttimedone=True\n", longest(std::size_t{1} << 20, ';');
+    struct Case {
+        std::string ini;
+        const char* complaint; // null: none
+        const char* folder;    // where a folder stands instead of a file
+        bool saved;            // by the close
+    } const cases[] = {
+        {"[Settings]\nMainTop=abc\n" + done, nullptr, "none", true},
+        {done + "extractionfolder=/no/such/folder\n", nullptr, "none", true},
+        {done + "[Settings]\nViewPortColor=70000\n", "\"ViewPortColor\"", "none", true},
+        {done + "[Settings]\nViewPortColor=9\nbazartempfolder=/b\n", "9 is none of", "none", true},
+        {done + "[Settings]\nViewPortColor=-1\n", "stays as it is", "Pelrath.ini.bak", false},
+        {done + "[Settings]\nMainTop=99999\n", "\"MainTop\"", "none", true},
+        {"\x01\xFF\xFE[[[]]=\n===\n[Setup]\nfirsttimedone=True", nullptr, "none", true},
+        {done + longest, "cannot be read: Error reading Setting (6, ", "none", false},
+        {"", "cannot be read: Error reading Setting (75, ", "Pelrath.ini", false},
+    };
+    for (const auto& [ini, complaint, inTheWay, saved] : cases) {
         MainHarness fresh;
         (void)fresh.folder.write("Pelrath.ini", ini);
+        std::filesystem::remove(fresh.folder.file(inTheWay));
+        std::filesystem::create_directory(fresh.folder.file(inTheWay));
         fresh.windows.answer = [&] { fresh.main.disclaimer.Command1[0].press(); };
         fresh.start();
         fresh.boxes.expect(complaint);
-        EXPECT_EQ(fresh.folder.read("Pelrath.ini.bak"), complaint == nullptr ? "" : ini);
         EXPECT_TRUE(!fresh.main.window.isUnloaded() && fresh.main.SplashFrame.visible());
+        const bool folderBehind = ini.find("=/b\n") != std::string::npos;
+        EXPECT_EQ(row(fresh.session.settings.viewPortColor, fresh.session.settings.bazarTempFolder),
+                  folderBehind ? "0, /b" : "0, ");
+        fresh.session.exportImportFolder = "/out";
+        fresh.main.queryUnload();
+        const std::string after = fresh.folder.read("Pelrath.ini");
+        EXPECT_EQ(after.find("extractionfolder=/out") != std::string::npos, saved) << complaint;
+        EXPECT_TRUE(saved || after == ini) << complaint;
+        EXPECT_EQ(fresh.folder.read("Pelrath.ini.bak"), saved && complaint != nullptr ? ini : "");
     }
 }
 

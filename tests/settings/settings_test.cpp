@@ -72,16 +72,17 @@ TEST(ProfileFiles, WritingLeavesEverythingElse) {
     EXPECT_EQ(folder.read("a.ini"), "[New]\nnumber=-5\n");
     (void)folder.write(
         "a.ini",
-        "\xEF\xBB\xBF; mine\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nfirst=1\r\n; note\r\n\r\n[Last]\r\nend=1");
+        "\xEF\xBB\xBF; mine \xE9\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nfirst=1\r\n; note\r\n\r\n[Last]\r\nend=\xFF\x80");
     setting.SaveSettingStr("SETUP", "FIRST", "two words");
     setting.SaveSettingStr("Setup", "added", "x=y");
     setting.SaveSettingStr("last", "more", "\u00E9");
     setting.SaveSettingStr("last", "more", "two\n[lines]"); // which the file cannot hold
     EXPECT_EQ(
         folder.read("a.ini"),
-        "\xEF\xBB\xBF; mine\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nFIRST=two words\r\n; note\r\nadded=x=y\r\n"
-        "\r\n[Last]\r\nend=1\r\nmore=\u00E9\r\n");
+        "\xEF\xBB\xBF; mine \xE9\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nFIRST=two words\r\n; note\r\n"
+        "added=x=y\r\n\r\n[Last]\r\nend=\xFF\x80\r\nmore=\u00E9\r\n");
     EXPECT_EQ(setting.GetSettingStr("Setup", "added", ""), "x=y");
+    EXPECT_EQ(setting.GetSettingStr("Last", "end", ""), "\xFF\x80");
     EXPECT_EQ(folder.names(), std::vector<std::string>{"a.ini"});
 }
 
@@ -96,6 +97,38 @@ TEST(ProfileFiles, AFailedWriteIsSilentAndLeavesTheFileWhole) {
     setting.Init(folder.file("missing/a"), CSetting::IniMode);
     setting.SaveSettingStr("s", "k", "v");
     EXPECT_EQ(setting.GetSettingStr("s", "k", "default"), "default");
+}
+
+TEST(ProfileFiles, WhatIsThereAndCannotBeReadIsNeitherMissingNorWrittenOver) {
+    const TemporaryFolder folder;
+    CSetting setting = iniSetting(folder);
+    const auto failure = [&](const auto& get) { return failureOf([&] { (void)get(); }); };
+    const std::string large = "[s]\nk=v\n;" + std::string(std::size_t{1} << 20, 'x');
+    (void)folder.write("a.ini", large);
+    for (const char* reason : {"(6, Overflow (", "(75, Path/File access error ("}) {
+        const RuntimeError error = failure([&] { return setting.GetSettingStr("s", "k", ""); });
+        EXPECT_EQ(row(error.number(), error.source()), "-2147220989, CSetting.GetSettingStr");
+        EXPECT_TRUE(error.description().starts_with(std::string{"Error reading Setting "} + reason));
+        EXPECT_EQ(failure([&] { return setting.GetSettingInt("s", "k", 1); }).number(), error.number());
+        setting.SaveSettingStr("s", "k", "w");
+        EXPECT_TRUE(folder.read("a.ini") == (reason[1] == '6' ? large : ""));
+        std::filesystem::remove(folder.file("a.ini"));
+        std::filesystem::create_directory(folder.file("a.ini"));
+    }
+}
+
+TEST(ProfileFiles, APassIsOfOneReadingAndWritesAllAtOnce) {
+    const TemporaryFolder folder;
+    CSetting setting = iniSetting(folder);
+    (void)folder.write("a.ini", "[s]\na=1\nb=1\n");
+    setting.beginPass();
+    EXPECT_EQ(setting.GetSettingInt("s", "a", 0), 1);
+    (void)folder.write("a.ini", "[s]\na=2\nb=2\n");
+    EXPECT_EQ(setting.GetSettingStr("s", "b", ""), "1");
+    setting.SaveSettingInt("s", "a", 3);
+    EXPECT_EQ(folder.read("a.ini"), "[s]\na=2\nb=2\n");
+    setting.endPass();
+    EXPECT_EQ(folder.read("a.ini"), "[s]\na=3\nb=1\n");
 }
 
 // The folder is read once a process: all of it in one test.

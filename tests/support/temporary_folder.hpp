@@ -34,7 +34,9 @@ public:
         out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         return file(name);
     }
+    /// Nothing where there is no file.
     [[nodiscard]] std::string read(const std::string& name) const {
+        if (!std::filesystem::is_regular_file(file(name))) return {};
         std::ifstream in{file(name), std::ios::binary};
         return {std::istreambuf_iterator<char>{in}, {}};
     }
