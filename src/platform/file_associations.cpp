@@ -3,9 +3,15 @@
 #include "platform/files.hpp"
 #include "platform/runtime_error.hpp"
 
-#include <gio/gio.h>
+#include <gio/gdesktopappinfo.h>
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <fstream>
 #include <memory>
+
+#include <unistd.h>
 
 namespace pelrath {
 
@@ -32,11 +38,8 @@ Object<GAppInfo> programFor(const std::string& file) {
     return Object<GAppInfo>{g_app_info_get_default_for_type(type.get(), FALSE)};
 }
 
-} // namespace
-
-std::string DesktopAssociations::executableFor(const std::string& file) {
-    const Object<GAppInfo> program = programFor(file);
-    const char* command = program ? g_app_info_get_commandline(program.get()) : nullptr;
+std::string executableOf(GAppInfo* program) {
+    const char* command = g_app_info_get_commandline(program);
     char** split = nullptr;
     if (command == nullptr || g_shell_parse_argv(command, nullptr, &split, nullptr) == FALSE) return {};
     const std::unique_ptr<char*, Free> words{split};
@@ -44,10 +47,57 @@ std::string DesktopAssociations::executableFor(const std::string& file) {
     return path ? path.get() : "";
 }
 
+bool isStartedByMessage(GAppInfo* program) {
+    return g_desktop_app_info_get_boolean(G_DESKTOP_APP_INFO(program), "DBusActivatable") != FALSE;
+}
+
+// Empty for a program that is none.
+std::string interpreterOf(const std::string& program) {
+    std::array<char, 256> start{}; // as far as the system looks
+    std::ifstream{program, std::ios::binary}.read(start.data(), start.size() - 1);
+    std::string_view line{start.data()};
+    if (!line.starts_with("#!")) return {};
+    line = line.substr(2, line.find('\n') - 2);
+    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    return std::string{line.substr(0, line.find_first_of(" \t"))};
+}
+
+RuntimeError notStarted(ErrorNumber number, const std::string& file, const std::string& reason) {
+    return {static_cast<int>(number), "launchEditor",
+            "The image editor cannot be started: " + reason +
+                ".\r\n\r\nPlease choose another program for such files in the settings of your desktop, or "
+                "open " +
+                file + " by hand."};
+}
+
+// Programs are started through a helper, which nobody hears fail.
+void requireExecutable(const std::string& program, const std::string& file) {
+    const auto require = [&](const std::string& executed, const std::string& whose) {
+        if (::access(executed.c_str(), X_OK) == 0) return;
+        const ErrorNumber number = errorNumberOf(errno);
+        throw notStarted(number, file, whose + executed + " cannot be executed");
+    };
+    require(program, "");
+    const std::string interpreter = interpreterOf(program);
+    if (!interpreter.empty()) require(interpreter, program + " cannot be run, as its interpreter ");
+}
+
+} // namespace
+
+std::string DesktopAssociations::executableFor(const std::string& file) {
+    const Object<GAppInfo> program = programFor(file);
+    if (!program) return {};
+    std::string executable = executableOf(program.get());
+    if (!executable.empty() || !isStartedByMessage(program.get())) return executable;
+    const char* entry = g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(program.get()));
+    return entry == nullptr ? "" : entry;
+}
+
 // Through its desktop entry, as a sandboxed program has no other way to be started.
 void DesktopAssociations::open(const std::string& file) {
     const Object<GAppInfo> program = programFor(file);
-    if (!program) throw makeError(ErrorNumber::FileNotFound, "launchEditor", file);
+    if (!program) throw notStarted(ErrorNumber::FileNotFound, file, "there is none any more");
+    if (!isStartedByMessage(program.get())) requireExecutable(executableOf(program.get()), file);
     const Object<GFile> argument{g_file_new_for_path(file.c_str())};
     const std::unique_ptr<GList, decltype(&g_list_free)> arguments{g_list_append(nullptr, argument.get()),
                                                                    &g_list_free};
@@ -58,7 +108,7 @@ void DesktopAssociations::open(const std::string& file) {
     GError* error = nullptr;
     if (g_app_info_launch(program.get(), arguments.get(), context.get(), &error) != FALSE) return;
     const std::unique_ptr<GError, Free> failure{error};
-    throw makeError(ErrorNumber::FileNotFound, "launchEditor", failure->message);
+    throw notStarted(ErrorNumber::FileNotFound, file, failure->message);
 }
 
 } // namespace pelrath

@@ -9,12 +9,13 @@ class FileAssociations {
 public:
     virtual ~FileAssociations() = default;
 
-    /// Path of the executable that opens files of the kind of this existing file, which its extension tells;
-    /// empty when none does.
+    /// Path of the executable that opens files of the kind of this existing file, which its extension tells,
+    /// or of the desktop entry of a program that has none and is started by message; empty when there is no
+    /// program.
     [[nodiscard]] virtual std::string executableFor(const std::string& file) = 0;
 
     /// Starts the program for `file` with its path as the one argument, without waiting for it and without
-    /// handing the focus to it. Fails when it does not start.
+    /// handing the focus to it. Fails when it cannot be started, with a description that says what to do.
     virtual void open(const std::string& file) = 0;
 };
 

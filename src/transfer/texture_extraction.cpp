@@ -48,8 +48,13 @@ void TextureExtraction::beginSummary() {
 
 void TextureExtraction::finishSummary() {
     summary_ += std::to_string(count_) + " file(s) extracted.";
-    const std::string ofLaunch = c_.ExtractSummary.text(); // that no editor was found
-    c_.ExtractSummary.setText(summary_ + ofLaunch);
+    c_.ExtractSummary.setText(summary_);
+}
+
+void TextureExtraction::launchEditor() {
+    if (!c_.chkLaunchEditor.checked()) return;
+    if (!fileExists(editorPath_)) editorPath_.clear();
+    attempt(boxes_, failureWords, [this] { editor_.launchEditor(editorPath_); });
 }
 
 void TextureExtraction::extractToDdsFiles() {
@@ -62,9 +67,7 @@ void TextureExtraction::extractToDdsFiles() {
         }
     });
     finishSummary();
-    if (done && c_.chkLaunchEditor.checked()) {
-        attempt(boxes_, failureWords, [this] { editor_.launchEditor(editorPath_); });
-    }
+    if (done) launchEditor();
 }
 
 void TextureExtraction::writeChain() {
@@ -85,14 +88,16 @@ void TextureExtraction::writeLevels() {
             return true;
         });
     }
-    if (state_.mipmapOperation == External) {
-        editorPath_ = buildImageFileName(session_, 0, ImageFileKind::Dds);
-    }
+    if (state_.mipmapOperation != External) return;
+    const std::string largest = buildImageFileName(session_, 0, ImageFileKind::Dds);
+    if (fileExists(largest)) editorPath_ = largest;
 }
 
 void TextureExtraction::extractToImages(ImageFileKind kind) {
     beginSummary();
-    if (attempt(boxes_, failureWords, [this, kind] { writeImage(kind); })) finishSummary();
+    if (!attempt(boxes_, failureWords, [this, kind] { writeImage(kind); })) return;
+    finishSummary();
+    if (count_ > 0) launchEditor();
 }
 
 void TextureExtraction::writeImage(ImageFileKind kind) {
@@ -127,7 +132,6 @@ void TextureExtraction::writeImage(ImageFileKind kind) {
         if (saved) image.remove();
         return saved;
     });
-    if (count_ > 0 && c_.chkLaunchEditor.checked()) editor_.launchEditor(editorPath_);
 }
 
 } // namespace pelrath

@@ -24,7 +24,7 @@ struct TransferImaging {
 
 /// Writes levels of the chosen texture to files in the Export/Import folder and says in the summary box what
 /// was written. What fails is told in a message; then no partial file is left and an existing one is as it
-/// was.
+/// was. An editor is started behind the summary; where that fails the files stay, and it is told as well.
 class TextureExtraction {
 public:
     struct Controls {
@@ -52,6 +52,8 @@ private:
     void extractFile(const std::string& path, const std::function<bool()>& write);
     void beginSummary();
     void finishSummary();
+    /// For what was extracted, if that is wanted and there is such a file.
+    void launchEditor();
 
     Controls c_;
     MessageBoxes& boxes_;

@@ -2,8 +2,7 @@
 
 #include "platform/files.hpp"
 #include "support/temporary_folder.hpp"
-
-#include <gtest/gtest.h>
+#include "support/values.hpp"
 
 #include <chrono>
 #include <thread>
@@ -17,18 +16,27 @@ struct Associations : testing::Test {
         for (const char* made : {"data/mime", "data/applications", "config", "a folder"}) {
             std::filesystem::create_directories(folder.file(made));
         }
-        (void)folder.write("data/mime/globs2", "50:image/x-paint-pot:*.pot\n50:image/x-left-alone:*.alone\n");
-        (void)folder.write(
-            "data/applications/brush.desktop",
-            "[Desktop Entry]\nType=Application\nName=Brush\nMimeType=image/x-paint-pot;\nExec=\"" +
-                folder.file("brush") + "\" --new %f\n");
-        (void)folder.write("config/mimeapps.list",
-                           "[Default Applications]\nimage/x-paint-pot=brush.desktop\n");
+        (void)folder.write("data/mime/globs2", "50:image/x-pot:*.pot\n50:image/x-left-alone:*.alone\n"
+                                               "50:image/x-lost:*.lost\n50:image/x-bus:*.bus\n");
+        (void)folder.write("config/mimeapps.list", "[Default Applications]\n");
+        associate("pot", "Exec=\"" + folder.file("brush") + "\" --new %f\n");
+        associate("lost", "Exec=\"" + folder.file("orphan") + "\" %f\n");
+        associate("bus", "DBusActivatable=true\n");
         (void)folder.write("brush", "#!/bin/sh\nprintf '%s|' \"$@\" \"$DESKTOP_STARTUP_ID\" > \"$0.said\"\n");
-        std::filesystem::permissions(folder.file("brush"), std::filesystem::perms::owner_all);
+        (void)folder.write("orphan", "#! " + folder.file("gone") + " -x\n");
+        for (const char* program : {"brush", "orphan"}) {
+            std::filesystem::permissions(folder.file(program), std::filesystem::perms::owner_all);
+        }
         setenv("XDG_DATA_HOME", folder.file("data").c_str(), 1);
         setenv("XDG_DATA_DIRS", folder.file("none").c_str(), 1);
         setenv("XDG_CONFIG_HOME", folder.file("config").c_str(), 1);
+    }
+    void associate(const std::string& kind, const std::string& start) const {
+        (void)folder.write("data/applications/" + kind + ".desktop",
+                           "[Desktop Entry]\nType=Application\nName=Any\nMimeType=image/x-" + kind + ";\n" +
+                               start);
+        (void)folder.write("config/mimeapps.list", folder.read("config/mimeapps.list") + "image/x-" + kind +
+                                                       "=" + kind + ".desktop\n");
     }
     static std::string children() {
         std::string found;
@@ -47,6 +55,13 @@ TEST_F(Associations, AProgramIsFoundByTheNameAloneAndGetsThePathAsOneArgument) {
     EXPECT_EQ(associations.executableFor(folder.write("empty.pot", "")), folder.file("brush"));
     EXPECT_EQ(associations.executableFor(folder.write("empty.alone", "")), "");
     EXPECT_EQ(associations.executableFor(folder.write("empty", "")), "");
+    EXPECT_EQ(associations.executableFor(folder.write("empty.bus", "")),
+              folder.file("data/applications/bus.desktop"));
+    const RuntimeError failure = failureOf([&] { associations.open(folder.file("picture.lost")); });
+    EXPECT_EQ(failure.number(), 53);
+    EXPECT_NE(failure.description().find("its interpreter " + folder.file("gone") + " cannot be executed"),
+              std::string::npos)
+        << failure.description();
     const std::string picture = folder.write("a folder/caf\u00E9 \"x\" $y.pot", "no picture");
     associations.open(picture);
     for (int patience = 500; folder.read("brush.said").empty() && patience > 0; --patience) {

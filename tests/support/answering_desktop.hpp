@@ -44,8 +44,12 @@ public:
         probe = file;
         return executable;
     }
-    void open(const std::string& file) override { opened.push_back(file); }
+    void open(const std::string& file) override {
+        if (broken) throw makeError(ErrorNumber::PermissionDenied, "open", "broken");
+        opened.push_back(file);
+    }
     std::string executable;
+    bool broken = false; ///< it does not start
     std::string probe;
     std::vector<std::string> opened;
 };

@@ -64,6 +64,15 @@ TEST_F(Extraction, HandsTheFileToTheEditor) {
     EXPECT_EQ(launch("2!"), "a b-2x2.dds;, out/a b-2x2.dds not overwritten.|0 file(s) extracted.");
     EXPECT_EQ(launch("on1!"), "a b-4x4.bmp;, out/a b-4x4.bmp written|1 file(s) extracted.");
     EXPECT_EQ(launch("N!"), ", 0 file(s) extracted.|No executable found for ");
+    std::filesystem::remove(folder.file("out/a b-8x8.dds"));
+    EXPECT_EQ(launch("xN1!"), "a b-4x4.dds;, out/a b-4x4.dds not overwritten.|0 file(s) extracted.");
+    EXPECT_EQ(launch("xN!"), ", 0 file(s) extracted.|No executable found for ");
+    associations.broken = true;
+    for (const char* kind : {"d", "n"}) {
+        const Connection summary = dialog.ExtractSummary.change.connect([&] { boxes.expect(nullptr); });
+        EXPECT_EQ(launch(std::string{kind} + "No3!").find("a b-1x1"), std::size_t{6});
+        boxes.expect("ImageSave Error : 70 Permission denied (broken)");
+    }
     EXPECT_EQ(associations.probe.rfind(std::filesystem::temp_directory_path().string() + "/~", 0), 0U);
 }
 
