@@ -30,6 +30,18 @@ constexpr std::array rows{
     Row{ErrorNumber::PathNotFound, "Path not found", {ENOTDIR, ENODEV, ENXIO}},
 };
 
+// What the number's sentence alone would leave to be guessed.
+std::string_view adviceOn(int systemError) {
+    switch (systemError) {
+    case ENAMETOOLONG:
+        return ": a name in it, or the whole, is too long; please choose a folder with a shorter path";
+    case ELOOP:
+        return ": its links lead round in a circle; please choose another folder";
+    default:
+        return {};
+    }
+}
+
 } // namespace
 
 std::string_view errorDescription(ErrorNumber number) {
@@ -55,7 +67,7 @@ RuntimeError makeError(ErrorNumber number, std::string_view source, std::string_
 }
 
 RuntimeError makeSystemError(int systemError, std::string_view source, std::string_view detail) {
-    return makeError(errorNumberOf(systemError), source, detail);
+    return makeError(errorNumberOf(systemError), source, std::string{detail}.append(adviceOn(systemError)));
 }
 
 } // namespace pelrath

@@ -30,18 +30,17 @@ void BazarTempCopy::store(std::int16_t textureIndex, const std::string& sourcePa
     requireNotTheArchive(destination);
     summary += destination;
     if (!mayReplace(destination, name)) return;
-    summary += " overwritten\r\n";
     imaging_.options.buildMipmaps = false;
-    (void)imaging_.facade.saveImage(imaging_.options.imageType, destination, true);
+    const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, destination, true);
     imaging_.images.check("saveImage");
     image.remove();
-    summary += " 1 file(s) copied.\r\n";
+    summary += saved ? " overwritten\r\n 1 file(s) copied.\r\n" : " not written.\r\n";
 }
 
 void BazarTempCopy::requireNotTheArchive(const std::string& destination) const {
     if (!sameFile(destination, session_.archivePath)) return;
     throw makeError(ErrorNumber::PathFileAccess, "StoreCopyInBazarTemp",
-                    destination + " is the open archive");
+                    destination + " is the open archive; please choose another Bazar Temp folder");
 }
 
 bool BazarTempCopy::chooseType(std::int16_t textureIndex) {

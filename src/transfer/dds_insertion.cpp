@@ -123,10 +123,11 @@ DdsInsertion::Source DdsInsertion::hold(LevelWriter& writer, std::int16_t level)
 void DdsInsertion::createFromLargest() {
     images_.performSimpleImageInsertion(ImageFileKind::Dds);
     // Its summary starts anew, and would hide the safe copy's name and what became of the attribute. That no
-    // copy was made it says by itself.
-    const std::size_t from =
-        state_.safeCopyDone ? 0 : summary_.find(lineBreak) + std::string{lineBreak}.size();
-    summary_ = summary_.substr(from) + c_.ExtractSummary.text();
+    // copy was made it says as well.
+    const std::string ofCopy = summary_.substr(0, summary_.find(lineBreak) + std::string{lineBreak}.size());
+    std::string nested = c_.ExtractSummary.text();
+    if (nested.starts_with(ofCopy)) nested.erase(0, ofCopy.size());
+    summary_ += nested;
     showSummary();
 }
 

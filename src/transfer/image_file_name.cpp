@@ -39,7 +39,10 @@ bool hasSecondControlSet(std::string_view name) {
 const std::string& checkedFileName(const std::string& name) {
     const bool special = name.empty() || name == "." || name == "..";
     if (special || std::any_of(name.begin(), name.end(), neverInAFileName) || hasSecondControlSet(name)) {
-        throw makeError(ErrorNumber::BadFileName, "buildImageFileName", name);
+        throw RuntimeError{static_cast<int>(ErrorNumber::BadFileName), "buildImageFileName",
+                           "The texture's name \"" + name + "\" cannot be the name of a file" +
+                               (special ? "" : ", as it holds a separator or a control character") +
+                               ". Please choose another texture."};
     }
     return name;
 }

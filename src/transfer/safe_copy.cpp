@@ -85,7 +85,7 @@ std::string SafeCopy::copyArchive() const {
     }
     throw makeError(ErrorNumber::FileExists, "makeSafeCopy",
                     "all numbers up to " + std::to_string(lastNumber) + " are taken in " +
-                        session_.settings.cddsBackupFolder);
+                        session_.settings.cddsBackupFolder + "; please choose another folder for them");
 }
 
 std::string SafeCopy::noCopyLine() const {
