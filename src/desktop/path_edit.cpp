@@ -33,10 +33,7 @@ void PathEdit::setBase(const QString& folder) {
     listed_.reset();
 }
 
-QString PathEdit::meaningOf(const QString& typed) {
-    const bool atHome = typed == "~" || typed.startsWith("~/");
-    return atHome ? homeFolder() + typed.mid(1) : typed;
-}
+QString PathEdit::meaningOf(const QString& typed) { return toQString(meaningOfPath(toUtf8(typed))); }
 
 void PathEdit::lookUp() {
     const QString folder = text().left(text().lastIndexOf('/') + 1);

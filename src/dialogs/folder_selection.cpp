@@ -1,5 +1,7 @@
 #include "dialogs/folder_selection.hpp"
 
+#include "platform/full_path.hpp"
+
 namespace pelrath {
 
 std::string FolderSelection::SelectFolder(const std::string& title, const std::string& initdir) {
@@ -8,7 +10,7 @@ std::string FolderSelection::SelectFolder(const std::string& title, const std::s
     browser->hwndOwner = owner_.handle();
     browser->title = title;
     browser->ValidateEditBox = true;
-    browser->InitialDir = initdir;
+    browser->InitialDir = fullPath(initdir).path;
     browser->FileSystemOnly = true;
     browser->StatusText = true;
     browser->EditBox = true;

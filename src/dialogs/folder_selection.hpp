@@ -15,8 +15,8 @@ public:
     FolderSelection(FolderPicker& picker, const Window& owner) : picker_(picker), owner_(owner) {}
 
     /// The chosen folder's path, empty when the user chose none. `title` is the instruction over the tree,
-    /// `initdir` the folder selected at first (empty: none). Raises what cBrowseForFolder raises for an
-    /// `initdir` without a full path.
+    /// `initdir` the folder selected at first: none where it is empty, or has no full path, as when it is
+    /// too long.
     [[nodiscard]] std::string SelectFolder(const std::string& title, const std::string& initdir);
 
 private:

@@ -1,6 +1,7 @@
 #include "mainwindow/hand_off.hpp"
 
 #include "platform/files.hpp"
+#include "platform/full_path.hpp"
 
 namespace pelrath {
 
@@ -17,25 +18,37 @@ void HandOff::start(DialogMode mode) {
 }
 
 void HandOff::checkAndOpenDialog() {
-    const std::string folder = c_.Text8.text();
-    if (folder.empty()) {
+    if (c_.Text8.text().empty()) {
         boxes_.exclamation("Texture Path not selected. Please select a valid folder",
                            "Pelrath - Folder not selected");
         return;
     }
+    // Stored as it was typed, it would be another folder when the program is started elsewhere.
+    const std::string folder = pathFromRoot(c_.Text8.text());
     if (!folderExists(folder)) {
         boxes_.exclamation("Texture Path not found. Please select a valid folder",
                            "Pelrath - Folder not found");
         return;
     }
     session_.exportImportFolder = folder;
-    // A name may be left from a texture that is no longer chosen.
-    if (session_.selectedBaseName.empty() || session_.selectedTexture < 0) {
+    if (textureIsChosen()) dialog_.show(c_.window);
+}
+
+bool HandOff::textureIsChosen() {
+    const auto& textures = session_.archive.textures;
+    const auto texture = static_cast<std::size_t>(session_.selectedTexture);
+    const bool chosen = session_.selectedTexture >= 0 && texture < textures.size();
+    if (chosen && !session_.selectedBaseName.empty()) return true;
+    if (chosen) {
+        boxes_.exclamation("The texture \"" + textures[texture].name +
+                               "\" has no name in front of its extension, so that no image file can be named "
+                               "after it.\r\n\r\nPlease select another texture and try again.",
+                           "Pelrath - Texture without a name");
+    } else {
         boxes_.exclamation("No Texture File Name selected. Please select one and try again.",
                            "Pelrath - Texture not selected");
-        return;
     }
-    dialog_.show(c_.window);
+    return false;
 }
 
 } // namespace pelrath

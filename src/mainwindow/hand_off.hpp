@@ -25,6 +25,8 @@ public:
 private:
     void start(DialogMode mode);
     void checkAndOpenDialog();
+    /// False for none, and for one that no file can be named after; that has been told.
+    bool textureIsChosen();
 
     Controls c_;
     MessageBoxes& boxes_;

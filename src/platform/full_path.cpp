@@ -1,5 +1,6 @@
 #include "platform/full_path.hpp"
 
+#include "platform/special_folders.hpp"
 #include "platform/text.hpp"
 
 #include <cerrno>
@@ -45,6 +46,19 @@ FullPath fullPath(const std::string& path) {
     const std::string current = std::filesystem::current_path(failure).string();
     if (failure) return {{}, failure.value()};
     return fullPath(path, current);
+}
+
+std::string meaningOfPath(const std::string& typed) {
+    const bool atHome = typed == "~" || typed.starts_with("~/");
+    return atHome ? specialFolderPath(special_folder::home) + typed.substr(1) : typed;
+}
+
+std::string pathFromRoot(const std::string& typed) {
+    std::string path = meaningOfPath(typed);
+    if (path.starts_with('/')) return path;
+    std::error_code failure;
+    const std::string current = std::filesystem::current_path(failure).string();
+    return failure ? std::string{} : resolved(current + "/" + path);
 }
 
 std::string systemMessage(int systemError) {

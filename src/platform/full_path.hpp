@@ -21,6 +21,14 @@ struct FullPath {
 /// The same, seen from `folder`, which is a full path itself.
 [[nodiscard]] FullPath fullPath(const std::string& path, const std::string& folder);
 
+/// The path that a typed one means: a "~" that is its first part is the home folder.
+[[nodiscard]] std::string meaningOfPath(const std::string& typed);
+
+/// The path from the root that a typed one means, of any length: one from the root as it stands, any other
+/// seen from the home folder or the current one and resolved as above. Empty where there is no current
+/// folder.
+[[nodiscard]] std::string pathFromRoot(const std::string& typed);
+
 /// The system's own words for one of its error codes, at most 256 characters.
 [[nodiscard]] std::string systemMessage(int systemError);
 

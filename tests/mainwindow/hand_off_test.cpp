@@ -35,11 +35,20 @@ TEST_F(HandOff, OpensTheDialogOnceAllIsChosen) {
     EXPECT_EQ(pressed(wanted, main.cmdExtract), "1, Texture Extraction, " + wanted);
     EXPECT_EQ(pressed(wanted, main.cmdInsert), "1, Texture Insertion, " + wanted);
     choose(1);
-    pressed(wanted, main.cmdExtract);
+    const std::string before = std::filesystem::current_path();
+    for (const auto& [typed, meant] :
+         {std::pair{"out", wanted}, {"./out/../out", wanted}, {"~", std::string{std::getenv("HOME")}}}) {
+        std::filesystem::current_path(folder.path());
+        EXPECT_EQ(pressed(typed, main.cmdExtract), "1, Texture Extraction, " + meant);
+    }
+    std::filesystem::current_path(before);
     EXPECT_EQ(main.transfer.Text1.text(), "roof.bmp");
     main.Output[TexturePane].setSelected(1, false);
     EXPECT_EQ(pressed(wanted, main.cmdExtract), "0, , " + wanted);
     boxes.expect(noTexture);
+    open(archiveOf({".bmp"}));
+    EXPECT_EQ(pressed(wanted, main.cmdInsert), "0, , " + wanted);
+    boxes.expect("The texture \".bmp\" has no name in front of its extension");
 }
 
 TEST_F(HandOff, BrowsingSetsTheFolder) {
@@ -47,11 +56,13 @@ TEST_F(HandOff, BrowsingSetsTheFolder) {
     main.window.setHandle(7);
     session.exportImportFolder = "/kept";
     main.Text8.setText("/typed meanwhile");
+    const std::string tooLong = "/" + std::string(260, 'x');
     // What the picker answers, the folder in use, and what the box shows.
-    const std::array<const char*, 3> cases[] = {
-        {"", "/kept", "/typed meanwhile"}, {"/new", "/new", "/new"}, {"", "/new", "/new"}};
+    const std::array<std::string, 3> cases[] = {
+        {"", "/kept", "/typed meanwhile"}, {"/new", "/new", "/new"}, {"", tooLong, "/new"}};
     for (const auto& [chosen, inUse, shown] : cases) {
-        const std::string before = session.exportImportFolder;
+        if (inUse == tooLong) session.exportImportFolder = tooLong; // and so not in the tree
+        const std::string before = inUse == tooLong ? "" : session.exportImportFolder;
         folderPicker.user = [chosen = chosen] { return FolderPicker::Choice{"name", chosen}; };
         main.cmdGetExtractInsertFolder.press();
         EXPECT_EQ(row(folderPicker.asked.title, folderPicker.asked.initialFolder),
