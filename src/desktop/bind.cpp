@@ -63,6 +63,12 @@ void fitText(QWidget& view) {
     }
 }
 
+void describe(QWidget& view, const QString& whole) {
+    view.setToolTip(whole.isEmpty() ? ""
+                                    : "<span>" + whole.toHtmlEscaped() + "</span>"); // or it would be markup
+    view.setAccessibleDescription(whole);
+}
+
 } // namespace
 
 void Binder::pushEnabled(QWidget& view, bool enabled) {
@@ -148,13 +154,14 @@ void Binder::bind(OptionButton& option, QRadioButton& view, QButtonGroup& group,
     });
 }
 
-void Binder::bind(TextBox& box, QLineEdit& view) {
-    Binding& binding = attach(box, view, [&box, &view] {
+void Binder::bind(TextBox& box, QLineEdit& view, SeenEnd seen) {
+    Binding& binding = attach(box, view, [&box, &view, seen] {
         view.setReadOnly(box.locked());
         const QString text = toQString(box.text());
         if (view.text() != text) view.setText(text);
+        if (seen == SeenEnd::Last) describe(view, text);
         if (box.locked()) {
-            view.setCursorPosition(0); // the beginning of a text too long to show whole
+            view.setCursorPosition(seen == SeenEnd::Last ? static_cast<int>(text.size()) : 0);
             return;
         }
         const int start = unitsOfCharacters(text, box.selectionStart());

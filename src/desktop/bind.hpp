@@ -29,6 +29,9 @@ namespace pelrath::desktop {
 
 class BorderedBox;
 
+/// Which end of a text that cannot be typed into is seen where its place is too narrow for the whole.
+enum class SeenEnd { First, Last };
+
 /// Binds controls to widgets, each kind by one function: the control's whole state is pushed once, then
 /// again after every notice of its; what the user does to the widget reaches the control. A bound widget
 /// must not outlive its control.
@@ -40,7 +43,8 @@ public:
     void bind(CommandButton& button, QPushButton& view, QChar mnemonic = {});
     void bind(CheckBox& box, QCheckBox& view, QChar mnemonic = {});
     void bind(OptionButton& option, QRadioButton& view, QButtonGroup& group, QChar mnemonic = {});
-    void bind(TextBox& box, QLineEdit& view);
+    /// Of a text that shows its last end, a path, the whole is the tool tip and what a screen reader adds.
+    void bind(TextBox& box, QLineEdit& view, SeenEnd end = SeenEnd::First);
     void bind(TextBox& box, QPlainTextEdit& view);
     void bind(ScrollBar& bar, QScrollBar& view);
     void bind(DropDownList& list, QComboBox& view);

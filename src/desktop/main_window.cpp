@@ -76,7 +76,9 @@ void MainWindow::buildArchiveFrame() {
     QFrame& frame = make<QFrame>("Frame1", *this);
     binder_.bind(model_.Frame1, frame);
     QLabel& path = label(model_.Label1, "Label1", frame, 'C');
-    path.setBuddy(&shownText(model_.Text1, "Text1", frame));
+    QLineEdit& pathBox = make<QLineEdit>("Text1", frame);
+    binder_.bind(model_.Text1, pathBox, SeenEnd::Last);
+    path.setBuddy(&pathBox);
     QPushButton& browse = make<QPushButton>("Command1", frame);
     browse.setToolTip("Choose a CDDS file (Ctrl+O)");
     binder_.bind(model_.Command1, browse);
