@@ -95,8 +95,17 @@ void TransferDialog::buildDestinations() {
     binder_.bind(model_.chkDestination[ToArchive], make<QCheckBox>("chkDestination0", box), 'T');
     binder_.bind(model_.chkSaveCdds, make<QCheckBox>("chkSaveCdds", box), 'v');
     binder_.bind(model_.txtCDDSBackupFolder, make<QLineEdit>("txtCDDSBackupFolder", box));
+    browse(model_.cmdGetCDDSBackupFolder, "cmdGetCDDSBackupFolder", box);
     binder_.bind(model_.chkDestination[ToBazarTemp], make<QCheckBox>("chkDestination1", box), 'Z');
     binder_.bind(model_.txtbazarTempFolder, make<QLineEdit>("txtbazarTempFolder", box));
+    browse(model_.cmdGetBazarTempFolder, "cmdGetBazarTempFolder", box);
+}
+
+void TransferDialog::browse(CommandButton& model, const QString& name, QWidget& parent) {
+    QPushButton& view = make<QPushButton>(name, parent);
+    view.setToolTip(toQString(model.accessibleName()));
+    view.setAutoDefault(false);
+    binder_.bind(model, view);
 }
 
 void TransferDialog::buildBelow() {

@@ -33,6 +33,7 @@ private:
         return *view;
     }
     QGroupBox& frame(Frame& model, const QString& name);
+    void browse(CommandButton& model, const QString& name, QWidget& parent);
 
     TransferControls& model_;
     QPushButton* action_ = nullptr;

@@ -10,6 +10,7 @@ SetUp::SetUp(TransferControls& controls, TransferState& state, const Session& se
 
 void SetUp::clearChoices() {
     state_ = {};
+    c_.setPlaceholders();
     c_.List1.clear();
     for (OptionButton& kind : c_.optOutFileType) {
         kind.deselect();

@@ -3,6 +3,7 @@
 namespace pelrath {
 
 TransferControls::TransferControls() {
+    setPlaceholders();
     Label1.setCaption("Texture Name : ");
     Text1.setAccessibleName("Texture name");
     optOutFileType[DdsFileType].setCaption("DDS");
@@ -27,8 +28,13 @@ TransferControls::TransferControls() {
     chkDestination[ToArchive].setCaption("Insert Texture in CDDS file");
     chkSaveCdds.setCaption("Save CDDS file before insertion");
     txtCDDSBackupFolder.setAccessibleName("CDDS safe copy folder");
+    cmdGetCDDSBackupFolder.setAccessibleName("Choose the CDDS safe copy folder");
     chkDestination[ToBazarTemp].setCaption("Copy in Bazar Temptextures Directory");
     txtbazarTempFolder.setAccessibleName("Bazar Temp folder");
+    cmdGetBazarTempFolder.setAccessibleName("Choose the Bazar Temp folder");
+    for (CommandButton* browse : {&cmdGetCDDSBackupFolder, &cmdGetBazarTempFolder}) {
+        browse->setCaption("...");
+    }
     lblWarningTgaInsert.setCaption(
         "WARNING: Inserting TGA in CDDS can render the mipmap(s) unmodifiable with "
         "the nVidia plugin.Make a Safe Copy of the CDDS file.");
@@ -39,6 +45,13 @@ TransferControls::TransferControls() {
     for (TextBox* shown : {&Text1, &txtCDDSBackupFolder, &txtbazarTempFolder, &ExtractSummary}) {
         shown->setLocked(true);
     }
+}
+
+void TransferControls::setPlaceholders() {
+    FileFormat.setCaption("<file format>");
+    optOutFileType[NativeFileType].setCaption("<bmp/tga>");
+    Mipmaps.setCaption("<mipmaps operation>");
+    cmdExtractInsert.setCaption("<mode>");
 }
 
 } // namespace pelrath

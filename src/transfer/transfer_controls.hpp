@@ -38,6 +38,8 @@ struct TransferState {
 /// places are given by TransferLayout.
 struct TransferControls {
     TransferControls();
+    /// Puts in the captions that stand for what the texture and the mode decide.
+    void setPlaceholders();
 
     Window window;
 
@@ -68,7 +70,9 @@ struct TransferControls {
     std::array<CheckBox, 2> chkDestination;
     CheckBox chkSaveCdds;
     TextBox txtCDDSBackupFolder;
+    CommandButton cmdGetCDDSBackupFolder; // "..." beside it
     TextBox txtbazarTempFolder;
+    CommandButton cmdGetBazarTempFolder; // "..." beside it
     Label lblWarningTgaInsert;
 
     CommandButton cmdExtractInsert;

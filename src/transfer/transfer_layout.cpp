@@ -22,6 +22,7 @@ constexpr double leftWidth = 5880; // of the stacked frames
 constexpr double optionWidth = 1380;
 constexpr double framesTop = 630;
 constexpr double buttonWidth = 1500;
+constexpr double browseWidth = 390;        // of "..."
 constexpr double leastFramesHeight = 3450; // shows the levels of a texture of 512 pixels at once
 constexpr double warningHeight = 480;
 
@@ -114,9 +115,15 @@ void TransferLayout::placeDestinations() {
     };
     c_.chkDestination[ToArchive].setBox(line(inset, 0, lineHeight));
     c_.chkSaveCdds.setBox(line(inset + indent, 1, lineHeight));
-    c_.txtCDDSBackupFolder.setBox(line(inset + 2 * indent, 2, boxHeight));
+    placeFolder(c_.txtCDDSBackupFolder, c_.cmdGetCDDSBackupFolder, line(inset + 2 * indent, 2, boxHeight));
     c_.chkDestination[ToBazarTemp].setBox(line(inset, 3, lineHeight));
-    c_.txtbazarTempFolder.setBox(line(inset + indent, 4, boxHeight));
+    placeFolder(c_.txtbazarTempFolder, c_.cmdGetBazarTempFolder, line(inset + indent, 4, boxHeight));
+}
+
+void TransferLayout::placeFolder(TextBox& folder, CommandButton& browse, Box line) {
+    line.width -= browseWidth + gap / 2;
+    folder.setBox(line);
+    browse.setBox({line.left + line.width + gap / 2, line.top, browseWidth, line.height});
 }
 
 void TransferLayout::placeResolutions() {

@@ -23,6 +23,7 @@ private:
     void placeMipmaps();
     void placeExtractOptions();
     void placeDestinations();
+    static void placeFolder(TextBox& folder, CommandButton& browse, Box line);
     void placeResolutions();
     void placeBelow();
     [[nodiscard]] double width() const { return c_.window.box().width; }

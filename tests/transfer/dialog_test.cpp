@@ -135,7 +135,27 @@ TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
     EXPECT_EQ(visit(folder.file("gone"), folder.path()),
               "1, true, true, " + folder.path() + ", dds SE(X)C #. bazar");
     EXPECT_EQ(visit(folder.path(), ""), "0, true, true, " + folder.path() + ", dds SE(X)C #. bazar");
+    // The button beside it asks at once, and only while the folder counts.
+    chooseSafeCopyFolder = [&] { session.settings.cddsBackupFolder = "/safe"; };
+    show(in, [&] {
+        dialog.chkDestination[1].setChecked(true);
+        chooseBazarTempFolder = [&] {
+            target = target.empty() ? "/new" : "";
+            dialog.window.activated.emit();
+        };
+        dialog.cmdGetBazarTempFolder.press();
+        EXPECT_EQ(row(dialog.chkDestination[1].checked(), dialog.txtbazarTempFolder.text()), "false, ");
+        dialog.cmdGetBazarTempFolder.press();
+        dialog.cmdGetCDDSBackupFolder.press();
+        click("n");
+        EXPECT_FALSE(dialog.cmdGetBazarTempFolder.enabled());
+        click("dx1");
+        EXPECT_EQ(row(dialog.txtbazarTempFolder.text(), dialog.txtCDDSBackupFolder.text(), state()),
+                  "/new, /safe, dds SE(X)C #. bazar");
+        EXPECT_TRUE(dialog.cmdGetBazarTempFolder.enabled());
+    });
     target.clear();
+    asked = 0;
     show(in, [&] {
         EXPECT_EQ(row(asked, dialog.chkDestination[1].checked()), "0, false"); // the reset asked nothing
         dialog.chkDestination[0].setChecked(false);
