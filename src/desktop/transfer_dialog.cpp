@@ -104,7 +104,6 @@ void TransferDialog::buildDestinations() {
 void TransferDialog::browse(CommandButton& model, const QString& name, QWidget& parent) {
     QPushButton& view = make<QPushButton>(name, parent);
     view.setToolTip(toQString(model.accessibleName()));
-    view.setAutoDefault(false);
     binder_.bind(model, view);
 }
 

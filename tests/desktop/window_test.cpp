@@ -15,6 +15,9 @@ TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
                           widget<QLineEdit>("Text4").text().toStdString()),
                       "Pelrath V1.0-1,     204 ");
             EXPECT_EQ(box.text(), "first.bmp");
+            const auto& path = widget<QLineEdit>("Text1");
+            EXPECT_EQ(row(path.cursorPosition(), path.accessibleDescription().toStdString()),
+                      row(archive.size(), archive)); // so that its end is seen
             EXPECT_EQ(pixelAt(63, 31), QColor(255, 0, 0));
             EXPECT_EQ(pixelAt(64, 31), QColor(0, 0, 0)); // the clear colour beside the quad
             QTest::mouseClick(&box, Qt::LeftButton);     // selects what is there

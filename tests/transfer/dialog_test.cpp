@@ -109,6 +109,24 @@ TEST_F(Dialog, ShowsTheTextureAndWhatTheModeNeeds) {
     });
 }
 
+TEST(DialogWithoutLibrary, HasItsDesignCaptionsWhateverWasShownBefore) {
+    static bool fails = false;
+    LibraryFunctions library = imageLibrary();
+    library.ilGetError = [] { return fails ? 0x0505U : imageLibrary().ilGetError(); };
+    TransferHarness h{library};
+    h.open({CddsType::TypeCdds, {chainOf("wall.bmp", "DXT1", 4, 4)}});
+    h.show(out, [] {});
+    fails = true;
+    h.show(in, [&] {
+        EXPECT_EQ(row(h.dialog.FileFormat.caption(), h.dialog.optOutFileType[0].caption(),
+                      h.dialog.Mipmaps.caption(), h.dialog.cmdExtractInsert.caption()),
+                  "<file format>, <bmp/tga>, <mipmaps operation>, <mode>");
+        EXPECT_TRUE(h.boxes.take().at(0).text.starts_with("ilInit Error Number: "));
+    });
+    fails = false;
+    h.boxes.take();
+}
+
 TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
     open({CddsType::TypeCdds, {chainOf("wall.bmp", "DXT1", 2, 2)}});
     std::string& target = session.settings.bazarTempFolder;
