@@ -1,8 +1,9 @@
 #include "desktop/application.hpp"
 
+#include "desktop/artwork.hpp"
 #include "platform/program_folder.hpp"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QSurfaceFormat>
 
 namespace pelrath::desktop {
@@ -15,6 +16,7 @@ Application::Application()
       transfer(main.transfer, binder),
       bazarTempFolder(main.frmGetBazarTempFolder, "frmGetBazarTempFolder", binder),
       cddsBackupFolder(main.frmGetCDDSBackupFolder, "frmGetCDDSBackupFolder", binder) {
+    QApplication::setWindowIcon(programIcon()); // of message boxes before the first window, too
     session.programFolder = programFolder();
     windows.add(main.disclaimer.window, disclaimer);
     windows.add(main.transfer.window, transfer);

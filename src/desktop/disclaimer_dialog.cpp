@@ -13,7 +13,6 @@ namespace pelrath::desktop {
 
 DisclaimerDialog::DisclaimerDialog(Disclaimer& model, Binder& binder) : ModelDialog(model.window, binder) {
     setObjectName("Disclaimer");
-    setWindowIcon(programIcon());
     const auto make = [this](auto* view, const char* name) {
         view->setParent(this);
         view->setObjectName(name);

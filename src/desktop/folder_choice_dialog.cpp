@@ -1,7 +1,5 @@
 #include "desktop/folder_choice_dialog.hpp"
 
-#include "desktop/artwork.hpp"
-
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,7 +9,6 @@ namespace pelrath::desktop {
 FolderChoiceDialog::FolderChoiceDialog(FolderChoice& model, const QString& name, Binder& binder)
     : ModelDialog(model.window, binder) {
     setObjectName(name);
-    setWindowIcon(programIcon());
     const auto make = [this](auto* view, const char* viewName) {
         view->setParent(this);
         view->setObjectName(viewName);

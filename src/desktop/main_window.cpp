@@ -49,7 +49,6 @@ QColor swatchColor(std::uint32_t blueGreenRed) {
 MainWindow::MainWindow(Main& model, Binder& binder, QtViewportSurface& surface)
     : model_(model), binder_(binder) {
     setObjectName("Main");
-    setWindowIcon(programIcon());
     model_.window.setFrame(frameWidth, frameHeight);
     buildArchiveFrame();
     buildViewFrame();

@@ -1,6 +1,5 @@
 #include "desktop/transfer_dialog.hpp"
 
-#include "desktop/artwork.hpp"
 #include "desktop/bordered_box.hpp"
 #include "desktop/check_list_view.hpp"
 
@@ -22,7 +21,6 @@ namespace pelrath::desktop {
 TransferDialog::TransferDialog(TransferControls& model, Binder& binder)
     : ModelDialog(model.window, binder), model_(model), binder_(binder) {
     setObjectName("TextureExtractionInsertion");
-    setWindowIcon(programIcon());
     buildTexture();
     buildFileKind();
     buildMipmaps();

@@ -92,6 +92,7 @@ TEST_F(RealWindow, TheLoopStopsAndStartsButNotInsideAMessageBox) {
 TEST_F(RealWindow, TheFirstRunAsks) {
     (void)folder.write("Pelrath.ini", "");
     untilDialog<QDialog>().then([] {
+        EXPECT_FALSE(QMessageBox{}.windowIcon().isNull()); // of what is shown before the window
         EXPECT_EQ(in<QPushButton>("Command10").text(), "I &accept");
         in<QRadioButton>("Option10").click();
         EXPECT_EQ(in<QPushButton>("Command11").text(), "Je &refuse");
