@@ -324,7 +324,6 @@ int main(int argc, char* argv[]) {
     desktop::Application::prepareGraphics();
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication qt{argc, argv};
-    pelrath::desktop::fitFontToLayout();
     const QString pictures = QDir{argv[2]}.absolutePath();
     QDir::setCurrent(argv[1]); // where the file-open dialog starts
     return Tour{QDir::currentPath(), pictures}.take();

@@ -9,7 +9,6 @@ int main(int argc, char* argv[]) {
     pelrath::desktop::Application::prepareGraphics();
     QApplication qt{argc, argv};
     QApplication::setApplicationName("pelrath");
-    pelrath::desktop::fitFontToLayout();
     pelrath::desktop::Application program;
     QSocketNotifier asked{ends.handle(), QSocketNotifier::Read};
     QObject::connect(&asked, &QSocketNotifier::activated, &program.window, [&] {

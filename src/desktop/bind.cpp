@@ -2,6 +2,7 @@
 
 #include "desktop/bordered_box.hpp"
 #include "desktop/key_line_edit.hpp"
+#include "desktop/window_font.hpp"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -17,8 +18,6 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTimer>
-
-#include <array>
 
 namespace pelrath::desktop {
 
@@ -42,26 +41,6 @@ QString captionText(const std::string& caption, QChar mnemonic) {
 }
 
 constexpr int waitPause = 50; // milliseconds
-
-// Fonts differ in width from desktop to desktop, the places of the controls do not: where a text would be
-// cut it is set narrower, then smaller.
-void fitText(QWidget& view) {
-    struct Cut {
-        double size;
-        int stretch;
-    };
-    constexpr std::array<Cut, 4> cuts{{{1, 100}, {1, 90}, {0.9, 80}, {0.75, 80}}};
-    const QFont usual = QApplication::font(&view);
-    const bool bold = view.font().bold();
-    for (const Cut& cut : cuts) {
-        QFont font = usual;
-        font.setBold(bold);
-        font.setPointSizeF(usual.pointSizeF() * cut.size);
-        font.setStretch(cut.stretch);
-        view.setFont(font);
-        if (view.sizeHint().width() <= view.width()) return;
-    }
-}
 
 void describe(QWidget& view, const QString& whole) {
     view.setToolTip(whole.isEmpty() ? ""
@@ -91,6 +70,8 @@ void Binder::pushCommon(const Control& control, QWidget& view) {
     if (!control.accessibleName().empty()) view.setAccessibleName(toQString(control.accessibleName()));
 }
 
+void Binder::fit(QWidget& view) { WindowFont::of(view, refresh_).fit(view); }
+
 Binding& Binder::attach(Control& control, QWidget& view, std::function<void()> push) {
     auto* binding = new Binding{&view, [this, &control, &view, push = std::move(push)] {
                                     const QSignalBlocker blocked{view};
@@ -107,25 +88,27 @@ Binding& Binder::attach(Control& control, QWidget& view, std::function<void()> p
 }
 
 void Binder::bind(Label& label, QLabel& view, QChar mnemonic) {
-    attach(label, view, [&label, &view, mnemonic] {
+    attach(label, view, [this, &label, &view, mnemonic] {
         view.setText(captionText(label.caption(), mnemonic));
-        fitText(view);
+        fit(view);
         const bool grey = label.textColor() == TextColor::Greyed;
         view.setForegroundRole(grey ? QPalette::PlaceholderText : QPalette::WindowText);
     });
 }
 
 void Binder::bind(CommandButton& button, QPushButton& view, QChar mnemonic) {
-    attach(button, view,
-           [&button, &view, mnemonic] { view.setText(captionText(button.caption(), mnemonic)); });
+    attach(button, view, [this, &button, &view, mnemonic] {
+        view.setText(captionText(button.caption(), mnemonic));
+        fit(view);
+    });
     QObject::connect(&view, &QPushButton::clicked, &view,
                      [this, &button, &view] { refresh_.operate(view, [&button] { button.press(); }); });
 }
 
 void Binder::bind(CheckBox& box, QCheckBox& view, QChar mnemonic) {
-    attach(box, view, [&box, &view, mnemonic] {
+    attach(box, view, [this, &box, &view, mnemonic] {
         view.setText(captionText(box.caption(), mnemonic));
-        fitText(view);
+        fit(view);
         view.setTristate(box.value() == CheckValue::Grey);
         view.setCheckState(box.value() == CheckValue::Grey ? Qt::PartiallyChecked
                            : box.checked()                 ? Qt::Checked
@@ -138,9 +121,9 @@ void Binder::bind(CheckBox& box, QCheckBox& view, QChar mnemonic) {
 
 void Binder::bind(OptionButton& option, QRadioButton& view, QButtonGroup& group, QChar mnemonic) {
     group.addButton(&view);
-    attach(option, view, [&option, &view, &group, mnemonic] {
+    attach(option, view, [this, &option, &view, &group, mnemonic] {
         view.setText(captionText(option.caption(), mnemonic));
-        fitText(view);
+        fit(view);
         group.setExclusive(false); // the model may deselect all
         view.setChecked(option.selected());
         group.setExclusive(true);
@@ -169,6 +152,7 @@ void Binder::bind(TextBox& box, QLineEdit& view, SeenEnd seen) {
         view.setCursorPosition(start);
         if (end > start) view.setSelection(start, end - start);
     });
+    fit(view);
     const auto selection = [&view](TextBox& to, bool edited) {
         const QString text = view.text();
         const qsizetype at = view.hasSelectedText() ? view.selectionStart() : view.cursorPosition();
@@ -246,7 +230,10 @@ void Binder::bind(DropDownList& list, QComboBox& view) {
 }
 
 void Binder::bind(Frame& frame, QGroupBox& view) {
-    attach(frame, view, [&frame, &view] { view.setTitle(captionText(frame.caption(), {})); });
+    attach(frame, view, [this, &frame, &view] {
+        view.setTitle(captionText(frame.caption(), {}));
+        fit(view);
+    });
 }
 
 void Binder::bind(Frame& frame, QFrame& view) {

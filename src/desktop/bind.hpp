@@ -64,6 +64,8 @@ private:
     void pushCommon(const Control& control, QWidget& view);
     /// A widget that is disabled while it has the focus gets it back when it is enabled again.
     void pushEnabled(QWidget& view, bool enabled);
+    /// The window's font is to hold what the view shows.
+    void fit(QWidget& view);
 
     Refresh& refresh_;
     const QtScreen& screen_;

@@ -125,9 +125,9 @@ void MainWindow::buildViewFrame() {
 }
 
 void MainWindow::buildViewport(QtViewportSurface& surface) {
-    label(model_.Label11, "Label11", *this).setAlignment(Qt::AlignCenter);
-    auto& status = *findChild<QLabel*>("Label11");
-    QFont bold = status.font();
+    QLabel& status = label(model_.Label11, "Label11", *this);
+    status.setAlignment(Qt::AlignCenter);
+    QFont bold;
     bold.setBold(true);
     status.setFont(bold);
 
@@ -269,7 +269,6 @@ bool MainWindow::event(QEvent* event) {
     const bool handled = QWidget::event(event);
     // A return from a message box or from another program is no activation: it would show the texture anew.
     if (event->type() == QEvent::WindowActivate && !activated_) activate();
-    if (event->type() == QEvent::ApplicationFontChange) fitFontToLayout(); // the desktop's settings came late
     if (event->type() == QEvent::WinIdChange)
         model_.window.setHandle(static_cast<std::uint32_t>(internalWinId()));
     if (event->type() == QEvent::WindowStateChange) model_.window.setMinimized(isMinimized());

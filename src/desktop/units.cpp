@@ -1,12 +1,12 @@
 #include "desktop/units.hpp"
 
-#include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <algorithm>
 #include <cmath>
 
 namespace pelrath::desktop {
@@ -33,14 +33,6 @@ int unitsOfCharacters(const QString& text, std::size_t characters) {
     return static_cast<int>(i);
 }
 
-void fitFontToLayout() {
-    constexpr double largest = 9.5; // points
-    QFont font = QApplication::font();
-    if (font.pointSizeF() <= largest) return;
-    font.setPointSizeF(largest);
-    QApplication::setFont(font);
-}
-
 namespace {
 
 // A desktop may call a proportional font its fixed-pitch one; columns need a true one.
@@ -52,13 +44,14 @@ QFont listingFont() {
         font.setFixedPitch(true);
     }
     font.setPointSize(9);
+    font.setStretch(QFont::Unstretched); // whatever the window's own is
     return font;
 }
 
 } // namespace
 
 QtScreen::QtScreen()
-    : twipsPerPixel_(1440.0 / QGuiApplication::primaryScreen()->logicalDotsPerInchX()),
+    : twipsPerPixel_(1440.0 / std::max(96.0, QGuiApplication::primaryScreen()->logicalDotsPerInchX())),
       fixedFont_(listingFont()) {}
 
 double QtScreen::left() const { return twips(QGuiApplication::primaryScreen()->geometry().left()); }

@@ -20,11 +20,8 @@ namespace pelrath::desktop {
 [[nodiscard]] std::size_t charactersBefore(const QString& text, qsizetype units);
 [[nodiscard]] int unitsOfCharacters(const QString& text, std::size_t characters);
 
-/// Before any widget is made: a desktop's font larger than the places of the layout hold is made smaller.
-/// What makes everything larger is the screen's resolution or scale.
-void fitFontToLayout();
-
-/// The primary screen's measures, and the fixed-pitch font of the listing.
+/// The primary screen's measures, and the fixed-pitch font of the listing. Lengths come out as at 96 dots an
+/// inch where there are fewer: texts do not shrink as far as places would.
 class QtScreen : public Screen {
 public:
     QtScreen();

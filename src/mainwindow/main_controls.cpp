@@ -64,7 +64,7 @@ void designViewFrame(MainControls& c) {
     for (CommandButton* hidden : {&c.cmdShowTexture, &c.cmdShowMask, &c.cmdShowAlphaChannel}) {
         hidden->setVisible(false);
     }
-    design(c.Label10, {120, 705, 1830, 300}, "Background Color :");
+    design(c.Label10, {120, 705, 1860, 300}, "Background Color :");
     constexpr std::array colorNames{"Black", "Grey", "Red",     "Yellow", "Green",
                                     "Cyan",  "Blue", "Magenta", "White"};
     for (std::size_t i = 0; i < c.backViewportColor.size(); ++i) {
@@ -80,9 +80,9 @@ void designViewport(MainControls& c) {
     c.dynImage.setBorder(1);
     c.dynImage.setAccessibleName("Texture");
     c.frameViewportSize.setBox({90, 9060, 3840, 510});
-    design(c.Label12, {105, 105, 1425, 300}, "Viewport Size :");
-    design(c.viewPortSize[0], {{1545, 105, 1125, 300}, "256 x 256"});
-    design(c.viewPortSize[1], {{2685, 105, 1125, 300}, "512 x 512"});
+    design(c.Label12, {105, 105, 1350, 300}, "Viewport Size :");
+    design(c.viewPortSize[0], {{1470, 105, 1170, 300}, "256 x 256"});
+    design(c.viewPortSize[1], {{2655, 105, 1170, 300}, "512 x 512"});
     c.SplashFrame.setBox({105, 1515, 7680, 7680});
     for (TextBox& text : c.SplashText) {
         text.setLocked(true);
@@ -107,7 +107,7 @@ void designStructure(MainControls& c) {
     design(c.Label8, {8025, 1245, 2400, 255}, "CDDS Header ");
     design(c.Label2, {10350, 1170, 1230, 285}, "CDDS Type :");
     designShown(c.Text3, {11640, 1170, 645, 285}, "CDDS type");
-    design(c.Label3, {12345, 1170, 1305, 285}, "File Number : ");
+    design(c.Label3, {12300, 1170, 1395, 285}, "File Number : ");
     designShown(c.Text4, {13695, 1170, 930, 285}, "File number");
     designShown(c.Text9, {8025, 1515, 5445, 285}, "CDDS header columns");
     c.Text9.setTabStop(false);
@@ -115,12 +115,12 @@ void designStructure(MainControls& c) {
     c.Output[HeaderPane].setAccessibleName("CDDS header");
 
     design(c.Label4, {8040, 2250, 4050, 345}, "Texture File Name and link to Mipmap index array");
-    design(c.Label6, {12165, 2265, 1485, 345}, "Number of records : ");
+    design(c.Label6, {12165, 2265, 1530, 345}, "Number of records : ");
     designShown(c.Text7, {13695, 2220, 930, 285}, "Number of textures");
     designPane(c, TexturePane, {8025, 2595, 6420, 2745}, "Textures");
 
     design(c.Label5, {8070, 5520, 4050, 345}, "Texture Mipmap array and Pointers to Texture Pixels");
-    design(c.Label7, {12165, 5505, 1485, 345}, "Number of records : ");
+    design(c.Label7, {12165, 5505, 1530, 345}, "Number of records : ");
     designShown(c.Text5, {13710, 5460, 930, 285}, "Number of mipmap levels");
     designPane(c, MipmapPane, {8070, 5880, 6405, 2640}, "Mipmap levels");
 }

@@ -12,6 +12,7 @@ constexpr double scrollBarInset = 300; // the bar ends this far before the pane 
 constexpr double outside = 30;         // borders of a pane's title and list lie just outside it
 constexpr double twipsPerStep = 10;    // of a scroll bar
 constexpr double counterGap = 50;
+constexpr double captionGap = 75; // between two captions side by side
 
 std::int16_t rounded(double twips) { return static_cast<std::int16_t>(std::nearbyint(twips)); }
 
@@ -119,6 +120,9 @@ void WindowLayout::placeCaptions() {
     c_.Label5.moveTo(lower.left, lower.top - c_.Label5.box().height);
     for (Label* caption : {&c_.Label8, &c_.Label4}) {
         caption->setLeft(lower.left);
+    }
+    for (Label* title : {&c_.Label4, &c_.Label5}) {
+        title->setWidth(c_.Label6.box().left - captionGap - lower.left); // as far as the count's caption
     }
     for (Control* header :
          {static_cast<Control*>(&c_.Text9), static_cast<Control*>(&c_.Output[HeaderPane])}) {

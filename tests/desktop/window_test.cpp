@@ -128,6 +128,53 @@ TEST_F(RealWindow, APlaceOffEveryScreenIsKeptAndTheWindowReachable) {
     EXPECT_NE(folder.read("Pelrath.ini").find("MainTop=9000\nMainLeft=-9000\n"), std::string::npos);
 }
 
+// What does not fit, or has another font than the first caption.
+std::string misfits(const QWidget& window) {
+    QStringList found;
+    QSet<std::pair<double, int>> fonts;
+    for (const QWidget* view : window.findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<const QLabel*>(view);
+        const auto* button = qobject_cast<const QAbstractButton*>(view);
+        const QString text = label != nullptr    ? label->text()
+                             : button != nullptr ? button->text()
+                                                 : QString{};
+        if (text.isEmpty() || view->width() == 0) continue;
+        fonts.insert({view->font().pointSizeF(), view->font().stretch()});
+        const QRect needed = view->fontMetrics().boundingRect(
+            view->contentsRect(),
+            Qt::TextShowMnemonic | (label != nullptr && label->wordWrap() ? Qt::TextWordWrap : 0), text);
+        const bool marked = button != nullptr && qobject_cast<const QPushButton*>(button) == nullptr;
+        const int mark = marked ? view->style()->pixelMetric(QStyle::PM_IndicatorWidth) : 0;
+        if (needed.width() + mark > view->width() || needed.height() > view->height()) found << text;
+    }
+    if (fonts.size() != 1) found << QString::number(fonts.size()) + " fonts";
+    return found.join('|').toStdString();
+}
+
+TEST_F(RealWindow, EachWindowHasOneFontInWhichItsCaptionsFit) {
+    const QFont usual = QApplication::font();
+    const auto shown = [this] { return program.window.font().pointSizeF(); };
+    untilLoop();
+    // The desktop's font, and the window's: the same where there is room for it.
+    for (const auto& [desktops, least, most] : {std::array{6.0, 6.0, 6.0}, {20, 6.1, 13}, {5.5, 5.5, 5.5}}) {
+        user.then([usual, desktops] {
+            QFont font = usual;
+            font.setPointSizeF(desktops);
+            QApplication::setFont(font);
+        });
+        user.until("the font", [shown, least, most] { return shown() >= least && shown() <= most; })
+            .then([this, desktops] {
+                for (const QWidget* window : std::initializer_list<QWidget*>{
+                         &program.window, &program.transfer, &program.bazarTempFolder, &program.disclaimer})
+                    EXPECT_EQ(misfits(*window), "") << window->objectName().toStdString() << ", " << desktops;
+                EXPECT_EQ(widget<QWidget>("Output0").font().pointSizeF(), 9); // the listing keeps its own
+                EXPECT_EQ(widget<QWidget>("Output0").font().stretch(), 100);
+            });
+    }
+    user.then([usual] { QApplication::setFont(usual); });
+    run();
+}
+
 TEST_F(RealWindow, AWorkingFolderIsAskedForUntilThereIsOne) {
     const auto show = [this](FolderChoice& model) {
         user.then([this, &model] { program.refresh.deliver([&model] { model.show(); }); });

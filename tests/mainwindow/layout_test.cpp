@@ -28,7 +28,7 @@ TEST_F(Layout, EverythingFollowsTheWindow) {
         {main.Output[0], "-30, 290, 11900, 3832.5"}, // no title, no scroll bar
         {main.Text9, "7910, 1515, 11890, 285"},
         {main.Output[2], "7910, 1785, 11890, 240"},
-        {main.Label5, "7910, 7072.5, 4050, 345"},
+        {main.Label5, "7910, 7072.5, 4180, 345"},
         {main.SplashFrame, "105, 1515, 7680, 7710"},
         {main.SplashText[1], "3840, 0, 3840, 1290"},
         {main.SplashPicture, "0, 1290, 7680, 6420"},
