@@ -167,6 +167,12 @@ void MainWindow::buildViewport(QtViewportSurface& surface) {
     }
     SplashArt& art = make<SplashArt>("SplashPicture", splash);
     binder_.attach(model_.SplashPicture, art, [] {});
+    // The viewport is the wider one of the two and would show beside the splash.
+    const auto uncover = [this, &viewport] {
+        viewport.setVisible(model_.dynImage.visible() && !model_.SplashFrame.visible());
+    };
+    binder_.attach(model_.dynImage, viewport, uncover);
+    binder_.attach(model_.SplashFrame, splash, uncover);
 }
 
 void MainWindow::buildStructure() {

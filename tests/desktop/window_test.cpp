@@ -89,7 +89,7 @@ TEST_F(RealWindow, TheLoopStopsAndStartsButNotInsideAMessageBox) {
     EXPECT_FALSE(program.session.viewer.Running);
 }
 
-TEST_F(RealWindow, TheFirstRunAsks) {
+TEST_F(RealWindow, TheFirstRunAsksAndBeginsWithTheSplash) {
     (void)folder.write("Pelrath.ini", "");
     untilDialog<QDialog>().then([] {
         EXPECT_FALSE(QMessageBox{}.windowIcon().isNull()); // of what is shown before the window
@@ -98,7 +98,11 @@ TEST_F(RealWindow, TheFirstRunAsks) {
         EXPECT_EQ(in<QPushButton>("Command11").text(), "Je &refuse");
         in<QPushButton>("Command10").click();
     });
-    untilLoop();
+    untilLoop().then([this] {
+        program.window.resize(program.window.minimumSize());
+        EXPECT_TRUE(widget<QWidget>("SplashFrame").isVisible());
+        EXPECT_FALSE(widget<QWidget>("dynImage").isVisible()); // it would show beside the splash
+    });
     run();
     EXPECT_NE(folder.read("Pelrath.ini").find("firsttimedone=True"), std::string::npos);
 }
