@@ -32,6 +32,9 @@ namespace {
 constexpr double frameWidth = 100;
 constexpr double frameHeight = 350;
 
+// What a window manager may put around the window; known only once it is shown.
+constexpr QSize managersFrame{8, 40}; // pixels
+
 constexpr int activationPatience = 300; // milliseconds
 constexpr int settlingTime = 100;       // milliseconds
 
@@ -304,8 +307,18 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 
 void MainWindow::appear() {
     const QPoint wanted = binder_.screen().pixels(model_.window.box()).topLeft();
-    move(reachable(wanted, width()));
+    const QList<QRect> areas = freeAreas();
+    fitInto(nearestArea(wanted, areas).size() - managersFrame);
+    move(reachable(wanted, width(), areas));
     show();
+}
+
+void MainWindow::fitInto(const QSize& room) {
+    const QtScreen& screen = binder_.screen();
+    const Box& outer = model_.window.box();
+    const double width = std::min(outer.width, screen.twips(room.width()) + frameWidth);
+    const double height = std::min(outer.height, screen.twips(room.height()) + frameHeight);
+    binder_.refresh().deliver([&] { model_.window.setSize(width, height); });
 }
 
 void MainWindow::moveEvent(QMoveEvent* event) {

@@ -16,7 +16,8 @@ class MainWindow : public QWidget {
 public:
     MainWindow(Main& model, Binder& binder, QtViewportSurface& surface);
 
-    /// Shows the window where its model says, or as near as its title bar can be reached.
+    /// Shows the window where its model says, or as near as its title bar can be reached, and no larger than
+    /// the screen.
     void appear();
     /// What the model does when it becomes the program's active window.
     void activate();
@@ -39,6 +40,8 @@ private:
     void pushWindow();
     void end();
     void adoptSize();
+    /// Makes the window no larger than the room, in pixels, as far as its smallest size allows.
+    void fitInto(const QSize& room);
     void adoptPlace();
 
     template <class View>

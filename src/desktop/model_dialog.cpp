@@ -25,7 +25,7 @@ void ModelDialog::run() {
     QRect place = binder_.screen().pixels(model_.box());
     // A model keeps the place that its window has when it is not maximized.
     if (owner != nullptr && owner->isMaximized()) place.moveCenter(owner->frameGeometry().center());
-    move(onScreen(place));
+    move(onScreen(place, freeAreas()));
     activate();
     setWindowTitle(toQString(model_.caption()));
     const Gate::Turn turn{binder_.refresh().gate(), this};

@@ -7,28 +7,34 @@
 
 namespace pelrath::desktop {
 
-QPoint reachable(const QPoint& wanted, int width) {
-    constexpr int hold = 120; // pixels
-    const QPoint grip{wanted.x() + width / 2, wanted.y()};
-    const QScreen* nearest = QGuiApplication::primaryScreen();
-    const auto distance = [&grip](const QScreen* screen) {
-        const QRect area = screen->availableGeometry();
-        const QPoint inside{std::clamp(grip.x(), area.left(), area.right()),
-                            std::clamp(grip.y(), area.top(), area.bottom())};
-        return (grip - inside).manhattanLength();
-    };
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        if (distance(screen) < distance(nearest)) nearest = screen;
+QList<QRect> freeAreas() {
+    QList<QRect> areas;
+    for (const QScreen* screen : QGuiApplication::screens()) { // the primary one stands first
+        areas << screen->availableGeometry();
     }
-    const QRect area = nearest->availableGeometry();
+    return areas;
+}
+
+QRect nearestArea(const QPoint& point, const QList<QRect>& areas) {
+    const auto distance = [&point](const QRect& area) {
+        const QPoint inside{std::clamp(point.x(), area.left(), area.right()),
+                            std::clamp(point.y(), area.top(), area.bottom())};
+        return (point - inside).manhattanLength();
+    };
+    return *std::min_element(areas.begin(), areas.end(), [&distance](const QRect& one, const QRect& other) {
+        return distance(one) < distance(other);
+    });
+}
+
+QPoint reachable(const QPoint& wanted, int width, const QList<QRect>& areas) {
+    constexpr int hold = 120; // pixels
+    const QRect area = nearestArea({wanted.x() + width / 2, wanted.y()}, areas);
     return {std::clamp(wanted.x(), area.left() + hold - width, area.right() - hold),
             std::clamp(wanted.y(), area.top(), area.bottom() - hold)};
 }
 
-QPoint onScreen(const QRect& place) {
-    const QScreen* screen = QGuiApplication::screenAt(place.center());
-    if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-    const QRect area = screen->availableGeometry();
+QPoint onScreen(const QRect& place, const QList<QRect>& areas) {
+    const QRect area = nearestArea(place.center(), areas);
     const auto within = [](int wanted, int first, int room) {
         return std::clamp(wanted, first, first + std::max(room, 0));
     };
