@@ -11,6 +11,15 @@ namespace {
 
 constexpr int readingTime = 2500; // milliseconds
 
+// Around a window that is not shown yet; the model's box has its own middle where the framed dialog has it.
+constexpr QSize usualFrame{2, 24}; // pixels
+
+QRect centred(const QSize& size, const QPoint& middle) {
+    QRect place{{}, size};
+    place.moveCenter(middle);
+    return place;
+}
+
 } // namespace
 
 ModelDialog::ModelDialog(Window& model, Binder& binder) : model_(model), binder_(binder) {
@@ -25,7 +34,8 @@ void ModelDialog::run() {
     QRect place = binder_.screen().pixels(model_.box());
     // A model keeps the place that its window has when it is not maximized.
     if (owner != nullptr && owner->isMaximized()) place.moveCenter(owner->frameGeometry().center());
-    move(onScreen(place, freeAreas()));
+    const QSize frame = owner != nullptr ? owner->frameGeometry().size() - owner->size() : usualFrame;
+    move(onScreen(centred(place.size() + frame, place.center()), freeAreas()));
     activate();
     setWindowTitle(toQString(model_.caption()));
     const Gate::Turn turn{binder_.refresh().gate(), this};
@@ -59,7 +69,8 @@ void ModelDialog::resizeEvent(QResizeEvent* event) {
 void ModelDialog::moveEvent(QMoveEvent* event) {
     QDialog::moveEvent(event);
     const QtScreen& screen = binder_.screen();
-    model_.moveTo(screen.twips(frameGeometry().left()), screen.twips(frameGeometry().top()));
+    const QRect place = centred(size(), frameGeometry().center());
+    model_.moveTo(screen.twips(place.left()), screen.twips(place.top()));
 }
 
 void ModelDialog::reject() {

@@ -91,7 +91,12 @@ TEST_F(RealWindow, TheLoopStopsAndStartsButNotInsideAMessageBox) {
 
 TEST_F(RealWindow, TheFirstRunAsksAndBeginsWithTheSplash) {
     (void)folder.write("Pelrath.ini", "");
-    untilDialog<QDialog>().then([] {
+    untilDialog<QDialog>().until("the middle of the screen", [] {
+        const QPoint middle = QGuiApplication::primaryScreen()->geometry().center();
+        return (dialog<QDialog>()->frameGeometry().center() - middle).manhattanLength() < 6;
+    });
+    user.then([] {
+        EXPECT_EQ(dialog<QDialog>()->childrenRect().center(), dialog<QDialog>()->rect().center());
         EXPECT_FALSE(QMessageBox{}.windowIcon().isNull()); // of what is shown before the window
         EXPECT_EQ(in<QPushButton>("Command10").text(), "I &accept");
         in<QRadioButton>("Option10").click();
