@@ -6,18 +6,18 @@ namespace pelrath {
 
 Disclaimer::Disclaimer(bool& accepted, const Screen& screen, ModalWindows& windows)
     : accepted_(accepted), screen_(screen), windows_(windows) {
-    window.setBox({0, 0, 9900, 6750});
-    Image1.setBox({150, 150, 2700, 6450});
-    Text2.setBox({3000, 150, 6750, 3900});
+    window.setBox({0, 0, 12150, 7050});
+    Image1.setBox({150, 150, 2700, 6750});
+    Text2.setBox({3000, 150, 9000, 4050});
     Text2.setAccessibleName("Letter from the author");
-    Text1.setBox({3000, 4200, 6750, 1800});
+    Text1.setBox({3000, 4350, 9000, 1950});
     Text1.setAccessibleName("What you undertake");
-    Option1[0].setBox({3000, 6150, 1350, 450});
+    Option1[0].setBox({3000, 6450, 1500, 450});
     Option1[0].setCaption("Francais");
-    Option1[1].setBox({4350, 6150, 1350, 450});
+    Option1[1].setBox({4500, 6450, 1500, 450});
     Option1[1].setCaption("English");
-    Command1[0].setBox({5850, 6150, 1875, 450});
-    Command1[1].setBox({7875, 6150, 1875, 450});
+    Command1[0].setBox({8100, 6450, 1875, 450});
+    Command1[1].setBox({10125, 6450, 1875, 450});
     for (TextBox* text : {&Text1, &Text2}) {
         text->setLocked(true);
     }
