@@ -269,7 +269,7 @@ bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overw
     // An earlier save may have left its chain on the image.
     if (options_.imageType == IL_DDS && !options_.buildMipmaps) dropChain(sides, file);
     if (options_.imageType == IL_DDS) refineLevels(file);
-    if (options_.imageType == IL_TGA) declareAlpha(file);
+    if (options_.imageType == IL_TGA) finishTarga(sides, options_.targaFirstRow, file);
     // The library does not see a file that it cannot open.
     if (!overwrite && fileExists(fileName)) throw ImageLibraryError{IL_FILE_ALREADY_EXISTS, "saveImage"};
     const std::array<Bytes, 1> pieces{file};

@@ -44,10 +44,10 @@ public:
     bool setSaveImageOptions(std::int32_t fileType, std::int32_t& imageType, std::string& extension);
 
     /// Converts the bound image as the options say, builds its levels if they want them (each is the whole
-    /// picture, averaged by the box filter), and writes it as
-    /// the options' image type, whatever extension the name has and whatever `imageType` says. The file
-    /// appears whole or not at all; a file that was there stays as it was until then. Blocks of a DDS file
-    /// that the library compressed badly are replaced (see refineBlocks()).
+    /// picture, averaged by the box filter), and writes it as the options' image type, whatever extension the
+    /// name has and whatever `imageType` says. The file appears whole or not at all; a file that was there
+    /// stays as it was until then. Equal pictures give equal files. Blocks of a DDS file that the library
+    /// compressed badly are replaced (see refineBlocks()).
     bool saveImage(std::int32_t imageType, const std::string& fileName, bool overwrite);
 
     /// Switches one of the library's modes.

@@ -8,6 +8,9 @@ namespace pelrath {
 /// The outputs that setSaveImageOptions() knows by index.
 enum class OutputFileType : std::int32_t { Bmp = 0, Tga = 1, Jpg = 2, DdsDxt1 = 3, DdsDxt5 = 4 };
 
+/// Which row of a picture stands first in its file.
+enum class FirstRow { Bottom, Top };
+
 /// How the next save is done. One record serves the whole process; each save uses what was left there last.
 /// Types and formats are the library's numbers.
 struct SaveImageOptions {
@@ -19,6 +22,9 @@ struct SaveImageOptions {
     /// value outside it is found at the save and not cut silently.
     std::int32_t jpgQuality = 0;
     bool buildMipmaps = false; ///< DDS only
+    /// TGA only. The header says which, and most readers heed it, but some show every file from its first row
+    /// on.
+    FirstRow targaFirstRow = FirstRow::Bottom;
 };
 
 } // namespace pelrath

@@ -5,6 +5,7 @@
 #include "imaging/loadable_file.hpp"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 
 namespace pelrath {
@@ -16,14 +17,26 @@ bool isWholeBitmap(Sides sides, const CheckedBytes& file) {
     return file.size() == file.longAt(10) + stride * sides.height;
 }
 
+constexpr std::size_t targaHeader = 18;
+constexpr std::size_t targaFooter = 26;
+constexpr std::string_view targaSignature{"TRUEVISION-XFILE.\0", 18};
+
+std::size_t targaPixelBytes(const CheckedBytes& file) { return (file.byteAt(16) + 7U) / 8U; }
+
 bool isWholeTarga(Sides sides, const CheckedBytes& file) {
-    constexpr std::string_view lastWord = "TRUEVISION-XFILE.";
-    constexpr std::uint64_t footer = 26;
-    const std::uint64_t pixelBytes = (file.byteAt(16) + 7U) / 8U;
-    if (file.size() < 18 + sides.pixels() * pixelBytes + footer) return false;
-    const Bytes end = file.slice(file.size() - footer, footer);
+    // The library leaves out the NUL that closes its footer.
+    const std::string_view lastWord = targaSignature.substr(0, targaSignature.size() - 1);
+    if (file.byteAt(0) != 0 || file.byteAt(1) != 0) return false; // nothing between header and pixels
+    if (file.size() < targaHeader + sides.pixels() * targaPixelBytes(file) + targaFooter) return false;
+    const Bytes end = file.slice(file.size() - targaFooter, targaFooter);
     const auto same = [](std::byte a, char b) { return std::to_integer<char>(a) == b; };
     return std::search(end.begin(), end.end(), lastWord.begin(), lastWord.end(), same) != end.end();
+}
+
+void reverseRows(std::span<std::byte> pixels, std::size_t row) {
+    for (; pixels.size() >= 2 * row; pixels = pixels.subspan(row, pixels.size() - 2 * row)) {
+        std::ranges::swap_ranges(pixels.first(row), pixels.last(row));
+    }
 }
 
 bool isWholeDds(Sides sides, const CheckedBytes& file) {
@@ -63,10 +76,20 @@ void dropChain(Sides sides, std::vector<std::byte>& file) {
     writeLong(file, capabilitiesAt, textureCapability);
 }
 
-void declareAlpha(std::vector<std::byte>& file) {
+void finishTarga(Sides sides, FirstRow firstRow, std::vector<std::byte>& file) {
+    constexpr std::byte topRowFirst{0x20};
     constexpr std::byte eightAlphaBits{8};
-    constexpr std::byte highBits{0xF0};
-    if (file[16] == std::byte{32}) file[17] = (file[17] & highBits) | eightAlphaBits;
+    const bool alpha = file[16] == std::byte{32};
+    const bool reversed = ((file[17] & topRowFirst) != std::byte{0}) != (firstRow == FirstRow::Top);
+    const std::size_t row = std::size_t{sides.width} * targaPixelBytes(CheckedBytes{file});
+    file.resize(targaHeader + row * sides.height);
+    std::fill_n(file.begin() + 3, 9, std::byte{0}); // the palette that there is not, and the origin
+    file[17] =
+        (firstRow == FirstRow::Top ? topRowFirst : std::byte{0}) | (alpha ? eightAlphaBits : std::byte{0});
+    if (reversed) reverseRows(std::span{file}.subspan(targaHeader), row);
+    file.insert(file.end(), targaFooter - targaSignature.size(), std::byte{0}); // neither of its two areas
+    const auto signature = std::as_bytes(std::span{targaSignature});
+    file.insert(file.end(), signature.begin(), signature.end());
 }
 
 } // namespace pelrath

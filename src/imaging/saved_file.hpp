@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/refusal.hpp"
+#include "imaging/save_image_options.hpp"
 #include "platform/files.hpp"
 
 #include <cstddef>
@@ -17,8 +18,9 @@ namespace pelrath {
 /// Leaves level 0 alone in a whole DDS file of a picture of these sides.
 void dropChain(Sides sides, std::vector<std::byte>& file);
 
-/// Makes the header of a whole TGA file claim the alpha that its 32-bit pixels hold: without the claim, a
-/// picture that is clear all over is taken for one without alpha.
-void declareAlpha(std::vector<std::byte>& file);
+/// Rewrites a whole TGA file of a picture of these sides: what the library leaves to chance is cleared, the
+/// rows stand as asked, a valid footer ends it, and the header claims the alpha that 32-bit pixels hold:
+/// without the claim, a picture that is clear all over is taken for one without alpha.
+void finishTarga(Sides sides, FirstRow firstRow, std::vector<std::byte>& file);
 
 } // namespace pelrath

@@ -31,6 +31,7 @@ void BazarTempCopy::store(std::int16_t textureIndex, const std::string& sourcePa
     summary += destination;
     if (!mayReplace(destination, name)) return;
     imaging_.options.buildMipmaps = false;
+    imaging_.options.targaFirstRow = FirstRow::Bottom; // as loose textures are expected
     const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, destination, true);
     imaging_.images.check("saveImage");
     image.remove();

@@ -127,6 +127,7 @@ void TextureExtraction::writeImage(ImageFileKind kind) {
     editorPath_ = buildImageFileName(session_, static_cast<std::int16_t>(level), kind);
     extractFile(editorPath_, [this, &image] {
         imaging_.options.buildMipmaps = false;
+        imaging_.options.targaFirstRow = FirstRow::Top; // upright in every reader
         const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, editorPath_, true);
         imaging_.images.check("saveImage");
         if (saved) image.remove();

@@ -134,10 +134,16 @@ TEST_F(Saving, LeavesNothingBehindWhereItCannotWrite) {
     EXPECT_EQ(folder.read("readonly.bmp"), "before");
 }
 
-TEST_F(Saving, KeepsAPictureThatIsClearAllOver) {
-    ASSERT_TRUE(facade.loadImage(folder.write("clear.tga", bytesOf("000002 9*00 w2 w1 2028 8*00")), image));
-    ASSERT_TRUE(save(OutputFileType::Tga, "saved.tga"));
-    EXPECT_TRUE(pixelsOf(folder.file("saved.tga")) == pixels(".."));
+TEST_F(Saving, WritesTargaFilesOfKnownBytes) {
+    // The alpha is claimed: without that, a picture that is clear all over would be taken for one without.
+    const std::string red = "16*0000FFFF ", blue = "16*FF0000FF ",
+                      end = bytesOf("8*00") + "TRUEVISION-XFILE.";
+    for (const auto& [firstRow, expected] : {std::pair{FirstRow::Top, "2028 " + red + blue},
+                                             std::pair{FirstRow::Bottom, "2008 " + blue + red}}) {
+        options.targaFirstRow = firstRow;
+        ASSERT_TRUE(save(OutputFileType::Tga, "a.tga"));
+        EXPECT_EQ(folder.read("a.tga"), bytesOf("000002 9*00 w4 w8 " + expected) + end + '\0');
+    }
 }
 
 TEST_F(Saving, KeepsTheOldFileWhenTheDiskEndsBeforeTheNewOne) {
