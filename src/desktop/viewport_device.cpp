@@ -35,6 +35,7 @@ public:
         if (widget_) widget_->show(texture, width, height);
     }
     [[nodiscard]] bool ready() const override { return !widget_ || widget_->ready(); }
+    [[nodiscard]] double scale() const override { return widget_ ? widget_->devicePixelRatio() : 1; }
 
 private:
     QOffscreenSurface surface_;

@@ -15,6 +15,7 @@ struct DeviceRecord {
     std::vector<std::string> loaded;
     int created = 0, alive = 0;
     bool creationFails = false, ready = true;
+    double scale = 1;
     std::optional<int> nextLoadFails, nextFrameFails; ///< with this number
 };
 
@@ -31,6 +32,7 @@ public:
     }
     [[nodiscard]] PixelFormat textureFormat() const override { return format_; }
     [[nodiscard]] bool readyForFrame() const override { return record_.ready; }
+    [[nodiscard]] double scale() const override { return record_.scale; }
     void drawFrame(const FramePicture& picture) override {
         fail(record_.nextFrameFails);
         record_.frames.push_back(picture);

@@ -146,18 +146,20 @@ TEST_F(ViewerTest, DrawsOnlyWhatIsNew) {
                   [this] { state.clearColor = 0xFFFFFFFF; },
                   [this] { surface.record.ready = false, state.clearColor = 0xFF000000; },
                   [this] { surface.record.ready = true; },
+                  [this] { surface.record.scale = 1.5; },                  // on another screen
                   [this] { viewer.showTexture(stage("DXT5", 8, 8, 64)); }, // the same sides, another texture
                   [this] { viewer.stopRendering(); }};
     viewer.startRendering();
     const auto& frames = surface.record.frames;
-    ASSERT_EQ(frames.size(), 7U);
+    ASSERT_EQ(frames.size(), 8U);
     EXPECT_EQ(row(frames[0].texture, frames[1].quad[3].x), "0, 8");
-    EXPECT_NE(frames[6].texture, frames[5].texture);
+    EXPECT_EQ(row(frames[5].scale, frames[6].scale), "1, 1.5");
+    EXPECT_NE(frames[7].texture, frames[6].texture);
     const std::pair<std::uint32_t, Blend> expected[] = {
         {0xFF102030, frames[0].blend},    {0xFF102030, Blend::None},        {0xFF102030, Blend::Mask},
         {0xFF102030, Blend::InverseBoth}, {0xFFFFFFFF, Blend::InverseBoth}, {0xFF000000, Blend::InverseBoth},
-        {0xFF000000, Blend::InverseBoth}};
-    for (std::size_t i = 0; i < 7; ++i) {
+        {0xFF000000, Blend::InverseBoth}, {0xFF000000, Blend::InverseBoth}};
+    for (std::size_t i = 0; i < 8; ++i) {
         EXPECT_EQ((std::pair{frames[i].clearColor, frames[i].blend}), expected[i]) << i;
     }
     EXPECT_FALSE(state.Running);

@@ -35,6 +35,7 @@ struct FramePicture {
     Blend blend = Blend::None;
     std::uint64_t texture = 0; ///< counts the textures loaded; 0: none yet
     Quad quad;
+    double scale = 1; ///< pixels of the back buffer to one of those that the quad is given in
     bool operator==(const FramePicture&) const = default;
 };
 
@@ -54,6 +55,9 @@ public:
 
     /// True when a frame may follow the last one: the display has shown that.
     [[nodiscard]] virtual bool readyForFrame() const = 0;
+    /// Pixels of the screen, along each side, to one of those that quads are given in. Changes when the
+    /// viewport comes to another screen.
+    [[nodiscard]] virtual double scale() const = 0;
     /// Clears the back buffer, draws the quad with the current texture (nearest texel of its top level) and
     /// puts the whole back buffer on the whole viewport.
     virtual void drawFrame(const FramePicture& picture) = 0;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 
 #include <epoxy/gl.h>
@@ -122,8 +123,7 @@ GlRenderer::~GlRenderer() {
 
 void GlRenderer::makeBackBuffer() {
     glGenTextures(1, &backTexture_);
-    glBindTexture(GL_TEXTURE_2D, backTexture_);
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, width_, height_, 0, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
+    sizeBackBuffer(1);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 0);
@@ -133,6 +133,19 @@ void GlRenderer::makeBackBuffer() {
     if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE) {
         throw deviceError(DeviceFailure::NotAvailable, "The back buffer cannot be drawn into.");
     }
+}
+
+/// The texture keeps its name, by which the viewport knows it.
+void GlRenderer::sizeBackBuffer(double scale) {
+    const auto width = static_cast<std::int32_t>(std::lround(width_ * scale));
+    const auto height = static_cast<std::int32_t>(std::lround(height_ * scale));
+    if (width == backWidth_ && height == backHeight_) return;
+    backWidth_ = backHeight_ = 0; // unless it succeeds
+    glBindTexture(GL_TEXTURE_2D, backTexture_);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, width, height, 0, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
+    check("make the back buffer");
+    backWidth_ = width;
+    backHeight_ = height;
 }
 
 void GlRenderer::makeProgram() {
@@ -186,21 +199,25 @@ void GlRenderer::loadTexture(const std::string& path) {
 void GlRenderer::drawFrame(const FramePicture& picture) {
     context_->makeCurrent();
     forgetErrors();
+    sizeBackBuffer(picture.scale);
     glBindFramebuffer(GL_FRAMEBUFFER, backBuffer_);
-    glViewport(0, 0, width_, height_);
+    glViewport(0, 0, backWidth_, backHeight_);
     const std::uint32_t clear = picture.clearColor;
     glClearColor(channel(clear, 16), channel(clear, 8), channel(clear, 0), 1.0F); // never see-through
     glClear(GL_COLOR_BUFFER_BIT);
     if (texture_ != 0 && picture.quad[3].x > 0 && picture.quad[3].y > 0) {
+        // What the rounding of the sides leaves of the scale.
+        const float across = static_cast<float>(backWidth_) / static_cast<float>(width_);
+        const float down = static_cast<float>(backHeight_) / static_cast<float>(height_);
         std::array<float, 8> corners{};
         for (std::size_t i = 0; i < picture.quad.size(); ++i) {
-            corners[2 * i] = picture.quad[i].x;
-            corners[2 * i + 1] = picture.quad[i].y;
+            corners[2 * i] = picture.quad[i].x * across;
+            corners[2 * i + 1] = picture.quad[i].y * down;
         }
         glUseProgram(program_);
         glUniform2fv(cornersPlace_, 4, corners.data());
-        glUniform2f(backSizePlace_, static_cast<float>(width_), static_cast<float>(height_));
-        glUniform2f(quadSizePlace_, picture.quad[3].x, picture.quad[3].y);
+        glUniform2f(backSizePlace_, static_cast<float>(backWidth_), static_cast<float>(backHeight_));
+        glUniform2f(quadSizePlace_, corners[6], corners[7]);
         glBindTexture(GL_TEXTURE_2D, texture_);
         glBindVertexArray(vertexArray_);
         setBlend(picture.blend);
@@ -210,15 +227,15 @@ void GlRenderer::drawFrame(const FramePicture& picture) {
         glDisable(GL_BLEND);
     }
     check("draw a frame");
-    context_->present(backTexture_, width_, height_);
+    context_->present(backTexture_, backWidth_, backHeight_);
 }
 
 std::vector<std::byte> GlRenderer::readBackBuffer() {
     context_->makeCurrent();
-    const std::size_t row = static_cast<std::size_t>(width_) * 4;
-    std::vector<std::byte> pixels(row * static_cast<std::size_t>(height_));
+    const std::size_t row = static_cast<std::size_t>(backWidth_) * 4;
+    std::vector<std::byte> pixels(row * static_cast<std::size_t>(backHeight_));
     glBindFramebuffer(GL_FRAMEBUFFER, backBuffer_);
-    glReadPixels(0, 0, width_, height_, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
+    glReadPixels(0, 0, backWidth_, backHeight_, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
     check("read the back buffer");
     for (std::size_t top = 0, bottom = pixels.size() - row; top < bottom; top += row, bottom -= row) {
         std::swap_ranges(&pixels[top], &pixels[top] + row, &pixels[bottom]);

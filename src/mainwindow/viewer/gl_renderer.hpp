@@ -21,12 +21,14 @@ public:
     virtual void present(std::uint32_t texture, std::int32_t width, std::int32_t height) = 0;
     /// True when the last picture presented has been shown.
     [[nodiscard]] virtual bool ready() const = 0;
+    /// As Device has it.
+    [[nodiscard]] virtual double scale() const = 0;
 };
 
 /// Draws with OpenGL into a back buffer of its own. Takes textures as they are compressed in their files.
 class GlRenderer : public Device {
 public:
-    /// Fails where the context lacks what the renderer needs. Sizes are pixels.
+    /// Fails where the context lacks what the renderer needs. Sizes are pixels, of the unscaled back buffer.
     GlRenderer(std::unique_ptr<GlContext> context, std::int32_t width, std::int32_t height);
     ~GlRenderer() override;
     GlRenderer(const GlRenderer&) = delete;
@@ -35,18 +37,23 @@ public:
     void loadTexture(const std::string& path) override;
     [[nodiscard]] PixelFormat textureFormat() const override { return format_; }
     [[nodiscard]] bool readyForFrame() const override { return context_->ready(); }
+    [[nodiscard]] double scale() const override { return context_->scale(); }
     void drawFrame(const FramePicture& picture) override;
 
-    /// The back buffer as it is: width * height pixels of red, green, blue and alpha bytes, top row first.
+    /// The back buffer as it is: the pixels of the last frame's scale, of red, green, blue and alpha bytes,
+    /// top row first.
     [[nodiscard]] std::vector<std::byte> readBackBuffer();
 
 private:
     void makeBackBuffer();
+    void sizeBackBuffer(double scale);
     void makeProgram();
 
     std::unique_ptr<GlContext> context_;
-    std::int32_t width_;
-    std::int32_t height_;
+    const std::int32_t width_;
+    const std::int32_t height_;
+    std::int32_t backWidth_ = 0;
+    std::int32_t backHeight_ = 0;
     PixelFormat format_ = PixelFormat::Dxt1;
     std::uint32_t backTexture_ = 0;
     std::uint32_t backBuffer_ = 0;

@@ -7,7 +7,7 @@
 
 namespace pelrath {
 
-/// A corner in back-buffer pixels, counted from its top left.
+/// A corner in pixels of an unscaled back buffer, counted from its top left.
 struct ScreenVertex {
     float x = 0;
     float y = 0;

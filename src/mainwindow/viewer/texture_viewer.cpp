@@ -131,8 +131,8 @@ FramePicture TextureViewer::pictureNow() {
         world_.state.alphaBlendOn = true;
         break;
     }
-    return {world_.state.clearColor, world_.state.alphaBlendOn ? blend_ : Blend::None, texturesLoaded_,
-            quad_};
+    return {world_.state.clearColor, world_.state.alphaBlendOn ? blend_ : Blend::None, texturesLoaded_, quad_,
+            device_->scale()};
 }
 
 void TextureViewer::drawFrame() {

@@ -18,7 +18,7 @@ struct ViewerState {
     std::int32_t viewPortWidth = 512; ///< pixels, as the height
     std::int32_t viewPortHeight = 512;
     std::int16_t viewPortColor = 0; ///< index of the background colour, 0 to 8
-    /// Pixels of the back buffer that quads are computed for; 0 until the first viewport reset.
+    /// Pixels of the unscaled back buffer, for which quads are computed; 0 until the first viewport reset.
     std::int16_t referenceWidth = 0;
     std::int16_t referenceHeight = 0;
 };

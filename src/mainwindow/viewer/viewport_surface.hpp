@@ -12,7 +12,8 @@ class ViewportSurface {
 public:
     virtual ~ViewportSurface() = default;
 
-    /// A device with a back buffer of width x height pixels. Fails where there is no usable graphics.
+    /// A device with a back buffer of width x height pixels, times its scale. Fails where there is no usable
+    /// graphics.
     [[nodiscard]] virtual std::unique_ptr<Device> createDevice(std::int32_t width, std::int32_t height) = 0;
 };
 
