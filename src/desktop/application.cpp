@@ -33,7 +33,7 @@ void Application::start() {
 }
 
 void Application::prepareGraphics() {
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QtViewportSurface::prepare();
     QSurfaceFormat format;
     format.setVersion(3, 3);
     format.setProfile(QSurfaceFormat::CoreProfile);

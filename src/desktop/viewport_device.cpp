@@ -4,6 +4,7 @@
 
 #include "mainwindow/viewer/gl_renderer.hpp"
 
+#include <QGuiApplication>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
 
@@ -11,11 +12,19 @@ namespace pelrath::desktop {
 
 namespace {
 
+// May have OpenGL, but no windows that show it: a widget that tries to ends the program, and so can the very
+// attempt to make a context.
+constexpr QLatin1StringView offscreen{"offscreen"};
+
+RuntimeError noOpenGl() {
+    return deviceError(DeviceFailure::NotAvailable, "There is no OpenGL that windows can use here.");
+}
+
 class QtGlContext : public GlContext {
 public:
     explicit QtGlContext(QPointer<ViewportWidget> widget) : widget_(std::move(widget)) {
         context_.setShareContext(QOpenGLContext::globalShareContext());
-        if (!context_.create()) throw deviceError(DeviceFailure::NotAvailable, "There is no OpenGL.");
+        if (!context_.create()) throw noOpenGl();
         surface_.setFormat(context_.format());
         surface_.create();
     }
@@ -46,11 +55,17 @@ private:
 } // namespace
 
 bool QtViewportSurface::usable() {
-    QOpenGLContext probe;
-    return probe.create();
+    const QOpenGLContext* const shared = QOpenGLContext::globalShareContext();
+    return shared != nullptr && shared->isValid() && QGuiApplication::platformName() != offscreen;
+}
+
+void QtViewportSurface::prepare() {
+    const bool inWindows = !qEnvironmentVariable("QT_QPA_PLATFORM").startsWith(offscreen);
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, inWindows);
 }
 
 std::unique_ptr<Device> QtViewportSurface::createDevice(std::int32_t width, std::int32_t height) {
+    if (!usable()) throw noOpenGl();
     return std::make_unique<GlRenderer>(std::make_unique<QtGlContext>(widget_), width, height);
 }
 

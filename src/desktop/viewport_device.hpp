@@ -11,7 +11,9 @@ namespace pelrath::desktop {
 /// wants, whatever becomes of the window.
 class QtViewportSurface : public ViewportSurface {
 public:
-    /// False where the system has no OpenGL at all; a widget that needs it must not be made then.
+    /// Before the application is made: sees to it that contexts can share their textures.
+    static void prepare();
+    /// False where there is no OpenGL that widgets can use; one that needs it must not be made then.
     [[nodiscard]] static bool usable();
 
     /// Where pictures go; none before this.
