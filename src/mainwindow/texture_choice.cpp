@@ -42,7 +42,7 @@ void TextureChoice::highlightLevels(std::int16_t texture) {
 }
 
 void TextureChoice::stageAndShow(std::int16_t texture) {
-    const std::string path = joinPath(session_.programFolder, "tmp.dds");
+    const std::string path = place_.pathFor(joinPath(session_.programFolder, "tmp.dds"));
     try {
         dds_.writeDdsLevelFile(path, texture, 0, Durability::Scratch);
     } catch (const RuntimeError& error) {

@@ -5,6 +5,7 @@
 #include "controls/list_box.hpp"
 #include "mainwindow/viewer/texture_viewer.hpp"
 #include "platform/message_boxes.hpp"
+#include "platform/staging_place.hpp"
 #include "session/session.hpp"
 
 #include <array>
@@ -33,6 +34,7 @@ private:
     TextureViewer& viewer_;
     MessageBoxes& boxes_;
     DdsExport dds_;
+    StagingPlace place_;
     Connection connection_;
 };
 

@@ -1,6 +1,7 @@
 #include "transfer/texture_extraction.hpp"
 
 #include "platform/files.hpp"
+#include "platform/staging_place.hpp"
 #include "transfer/failure_report.hpp"
 #include "transfer/image_file_name.hpp"
 
@@ -110,7 +111,8 @@ void TextureExtraction::writeImage(ImageFileKind kind) {
         summary_ = std::string{"No mipmap selected."} + lineBreak;
         return;
     }
-    const std::string staged = joinPath(session_.programFolder, "tmp1.dds");
+    StagingPlace place;
+    const std::string staged = place.pathFor(joinPath(session_.programFolder, "tmp1.dds"));
     dds_.writeDdsLevelFile(staged, session_.selectedTexture, static_cast<std::int16_t>(level),
                            Durability::Scratch);
     LoadedImage image{imaging_.facade, imaging_.images, staged};

@@ -54,6 +54,19 @@ private:
     std::string path_;
 };
 
+/// While it lives, the system's folder for temporary files is another.
+class TemporaryFilesIn {
+public:
+    explicit TemporaryFilesIn(const std::string& folder) : before_(std::filesystem::temp_directory_path()) {
+        std::filesystem::create_directory(folder);
+        setenv("TMPDIR", folder.c_str(), 1);
+    }
+    ~TemporaryFilesIn() { setenv("TMPDIR", before_.c_str(), 1); }
+
+private:
+    std::string before_;
+};
+
 /// While it lives, no file of this process grows past a size: the system refuses the write half-way.
 class FullDisk {
 public:

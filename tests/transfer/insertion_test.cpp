@@ -88,6 +88,17 @@ TEST(Insertion, TakesEveryLevelBackFromItsImage) {
     }
 }
 
+TEST(Insertion, WorksWhereItsWorkingFilesCannotBeInTheProgramFolder) {
+    TransferHarness h{{cdds, {chainOf("wall", "DXT5", 8, 8)}}};
+    const TemporaryFilesIn own{h.folder.file("own")};
+    for (const char* name : {"program/tmp1.dds", "program/tmp2.dds"}) {
+        std::filesystem::create_directory(h.folder.file(name));
+    }
+    EXPECT_EQ(h.extract("n!"), "out/wall-8x8.tga written|1 file(s) extracted.");
+    EXPECT_EQ(h.insert("nkcf0!"), noCopy + "out/wall-8x8.tga|4 mipmaps(s) inserted.");
+    EXPECT_EQ(h.files("own"), "");
+}
+
 TEST(Insertion, CreatesTheChainWithEachFilter) {
     for (const char* kind : {"n", "d"}) {
         for (const char* type : {"DXT1", "DXT5"}) {
