@@ -36,7 +36,9 @@ public:
 
     void makeCurrent() override {
         if (!context_.makeCurrent(&surface_)) {
-            throw deviceError(DeviceFailure::DeviceLost, "The OpenGL context cannot be used.");
+            throw deviceError(
+                DeviceFailure::DeviceLost,
+                "The graphics driver has stopped working. Start the program again to see pictures.");
         }
     }
     void present(std::uint32_t texture, std::int32_t width, std::int32_t height) override {

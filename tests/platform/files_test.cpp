@@ -95,10 +95,15 @@ TEST(StagingPlaces, AreTheUsualOnesWhereAFileCanBePutThere) {
 
 TEST(RuntimeErrors, NumbersAndSentences) {
     const std::pair<int, const char*> cases[] = {
-        {ENOENT, "53, s, File not found (p)"}, {EACCES, "70, s, Permission denied (p)"},
-        {ENOSPC, "61, s, Disk full (p)"},      {ENOTDIR, "76, s, Path not found (p)"},
-        {EIO, "57, s, Device I/O error (p)"},  {EISDIR, "75, s, Path/File access error (p)"},
-        {EOVERFLOW, "6, s, Overflow (p)"},     {EPROTO, "57, s, Device I/O error (p)"},
+        {ENOENT, "53, s, File not found (p)"},
+        {EACCES, "70, s, Permission denied (p)"},
+        {ENOSPC, "61, s, Disk full (p)"},
+        {ENOTDIR, "76, s, Path not found (p)"},
+        {EIO, "57, s, Device I/O error (p)"},
+        {EISDIR, "75, s, Path/File access error (p)"},
+        {ENAMETOOLONG, "52, s, Bad file name or number (p is too long: choose a shorter name or folder)"},
+        {EOVERFLOW, "6, s, Overflow (p)"},
+        {EPROTO, "57, s, Device I/O error (p)"},
         {0, "57, s, Device I/O error (p)"}};
     for (const auto& [system, expected] : cases) {
         const RuntimeError error = makeSystemError(system, "s", "p");

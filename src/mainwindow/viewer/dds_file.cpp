@@ -3,51 +3,87 @@
 #include "mainwindow/viewer/dds_probe.hpp"
 #include "platform/files.hpp"
 
+#include <algorithm>
 #include <cstring>
+#include <new>
 #include <string_view>
 
 namespace pelrath {
 
 namespace {
 
-PixelFormat formatOf(const DdsHead& head) {
+PixelFormat formatOf(const DdsHead& head, const std::string& path) {
     std::array<char, 4> fourCC{};
     std::memcpy(fourCC.data(), &head[84], fourCC.size());
     const std::string_view type{fourCC.data(), fourCC.size()};
     if (type == "DXT1") return PixelFormat::Dxt1;
     if (type == "DXT5") return PixelFormat::Dxt5;
-    throw deviceError(DeviceFailure::InvalidData, "The file's pixel format is neither DXT1 nor DXT5.");
+    throw deviceError(DeviceFailure::InvalidData,
+                      "Its pixels are neither DXT1 nor DXT5, and no others can be shown (" + path + ").");
 }
 
-std::uint32_t sideAt(const DdsHead& head, std::size_t offset, std::uint32_t largestSide) {
-    std::uint32_t side = 0;
+// Archives count sides in signed numbers, and hand them on as they are.
+std::int32_t sideAt(const DdsHead& head, std::size_t offset) {
+    std::int32_t side = 0;
     std::memcpy(&side, &head.at(offset), sizeof side);
-    if (side == 0 || side > largestSide) {
-        throw deviceError(DeviceFailure::NotAvailable, "A side of " + std::to_string(side) +
-                                                           " pixels; possible are 1 to " +
-                                                           std::to_string(largestSide) + ".");
-    }
     return side;
+}
+
+std::string sides(std::int32_t width, std::int32_t height) {
+    return std::to_string(width) + " x " + std::to_string(height) + " pixels";
+}
+
+void requirePossible(std::int32_t width, std::int32_t height, std::uint32_t largestSide,
+                     const std::string& path) {
+    const auto largest = static_cast<std::int32_t>(largestSide);
+    if (width < 1 || height < 1) {
+        throw deviceError(DeviceFailure::InvalidData, "A texture cannot have " + sides(width, height) +
+                                                          "; its archive is damaged there (" + path + ").");
+    }
+    if (width > largest || height > largest) {
+        throw deviceError(DeviceFailure::NotAvailable,
+                          "It has " + sides(width, height) + ", and this computer shows no side above " +
+                              std::to_string(largest) + "; extract it to see it elsewhere (" + path + ").");
+    }
+}
+
+/// What follows the head, but no more than `most` bytes.
+std::vector<std::byte> dataOf(const std::string& path, std::uint64_t most) {
+    const InputFile file{path};
+    const std::uint64_t head = std::tuple_size_v<DdsHead>;
+    std::vector<std::byte> data(
+        static_cast<std::size_t>(std::min(most, file.size() - std::min(head, file.size()))));
+    file.readAt(head, data);
+    return data;
+}
+
+template <typename Work>
+auto read(const std::string& path, Work work) try {
+    return work();
+} catch (const RuntimeError& error) {
+    throw deviceError(DeviceFailure::InvalidData, error.description() + ". Choose the texture again.");
+} catch (const std::bad_alloc&) {
+    throw deviceError(DeviceFailure::OutOfMemory, "There is too little memory to show it (" + path + ").");
 }
 
 } // namespace
 
 DdsPicture readDdsPicture(const std::string& path, std::uint32_t largestSide) {
-    const DdsHead head = readDdsHeader(path);
+    const DdsHead head = read(path, [&] { return readDdsHeader(path); });
     DdsPicture picture;
-    picture.format = formatOf(head);
-    picture.width = sideAt(head, 16, largestSide);
-    picture.height = sideAt(head, 12, largestSide);
+    picture.format = formatOf(head, path);
+    const std::int32_t width = sideAt(head, 16);
+    const std::int32_t height = sideAt(head, 12);
+    requirePossible(width, height, largestSide, path);
+    picture.width = static_cast<std::uint32_t>(width);
+    picture.height = static_cast<std::uint32_t>(height);
     const std::uint64_t blocks = ((picture.width + 3ULL) / 4) * ((picture.height + 3ULL) / 4);
     const std::uint64_t needed = blocks * (picture.format == PixelFormat::Dxt1 ? 8 : 16);
-    const InputFile file{path};
-    if (file.size() < head.size() || file.size() - head.size() < needed) {
-        throw deviceError(DeviceFailure::InvalidData, "The file is too short for " +
-                                                          std::to_string(picture.width) + " x " +
-                                                          std::to_string(picture.height) + " pixels.");
+    picture.blocks = read(path, [&] { return dataOf(path, needed); });
+    if (picture.blocks.size() < needed) {
+        throw deviceError(DeviceFailure::InvalidData, "It holds too little data for " + sides(width, height) +
+                                                          "; its archive is damaged there (" + path + ").");
     }
-    picture.blocks.resize(static_cast<std::size_t>(needed));
-    file.readAt(head.size(), picture.blocks);
     return picture;
 }
 

@@ -17,8 +17,8 @@ struct DdsPicture {
     std::vector<std::byte> blocks; ///< exactly what the sides need: 8 or 16 bytes for each 4 x 4 texels
 };
 
-/// Fails with InvalidData for a file that is no such DDS file or too short for its sides, with NotAvailable
-/// for a side of 0 or above `largestSide`, and as InputFile does.
+/// Fails with InvalidData for a file that cannot be read, is no such DDS file, has a side below 1 or is too
+/// short for its sides, and with NotAvailable for a side above `largestSide`.
 [[nodiscard]] DdsPicture readDdsPicture(const std::string& path, std::uint32_t largestSide);
 
 } // namespace pelrath

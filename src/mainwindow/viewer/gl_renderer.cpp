@@ -100,7 +100,8 @@ void setBlend(Blend blend) {
 GlRenderer::GlRenderer(std::unique_ptr<GlContext> context, std::int32_t width, std::int32_t height)
     : context_(std::move(context)), width_(width), height_(height) {
     context_->makeCurrent();
-    if (epoxy_gl_version() < 33) throw deviceError(DeviceFailure::NotAvailable, "OpenGL 3.3 is missing.");
+    if (epoxy_gl_version() < 33)
+        throw deviceError(DeviceFailure::NotAvailable, "The graphics driver has no OpenGL 3.3.");
     forgetErrors();
     makeBackBuffer();
     makeProgram();
@@ -169,7 +170,8 @@ void GlRenderer::loadTexture(const std::string& path) {
     context_->makeCurrent();
     forgetErrors();
     if (!epoxy_has_gl_extension("GL_EXT_texture_compression_s3tc")) {
-        throw deviceError(DeviceFailure::NotAvailable, "This OpenGL has no DXT textures.");
+        throw deviceError(DeviceFailure::NotAvailable,
+                          "The graphics driver knows no DXT textures; another is needed to see them.");
     }
     GLint largest = 0;
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);

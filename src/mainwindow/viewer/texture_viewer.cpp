@@ -46,8 +46,9 @@ std::string renderReason(int number) {
 bool TextureViewer::createDirect3D() {
     try {
         device_ = world_.surface.createDevice(world_.state.referenceWidth, world_.state.referenceHeight);
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& error) {
         device_.reset();
+        whyNoDevice_ = error.description();
     }
     if (!device_) {
         world_.boxes.exclamation("An error occurred while creating Direct3D.", "ERROR!");
@@ -61,6 +62,10 @@ void TextureViewer::startRendering() {
     if (!world_.state.d3dCreated) createDirect3D();
     world_.state.Running = true;
     Render();
+}
+
+std::string TextureViewer::withoutDevice() const {
+    return "There is no rendering device. " + whyNoDevice_ + " All but the picture works without one.";
 }
 
 void TextureViewer::release() {
@@ -98,7 +103,7 @@ bool TextureViewer::loadTextureFile(const std::string& path) {
     }
     errno = 0;
     try {
-        if (!device_) throw deviceError(DeviceFailure::InvalidCall, "There is no rendering device.");
+        if (!device_) throw deviceError(DeviceFailure::InvalidCall, withoutDevice());
         device_->loadTexture(path);
         ++texturesLoaded_;
         return true;
@@ -136,7 +141,7 @@ FramePicture TextureViewer::pictureNow() {
 }
 
 void TextureViewer::drawFrame() {
-    if (!device_) throw RuntimeError{noObject, "Render", "There is no rendering device."};
+    if (!device_) throw RuntimeError{noObject, "Render", withoutDevice()};
     const FramePicture picture = pictureNow();
     // The same picture again would cost a frame and change nothing; whatever changes it is an event.
     if (picture == shown_ || !device_->readyForFrame()) return;

@@ -46,6 +46,7 @@ private:
     void offerModesOf(PixelFormat format);
     void showStatus(const std::string& caption);
 
+    [[nodiscard]] std::string withoutDevice() const;
     void Render();
     /// Nothing when the viewport shows the picture already, or cannot take another yet.
     void drawFrame();
@@ -53,6 +54,7 @@ private:
 
     ViewerSurroundings world_;
     std::unique_ptr<Device> device_;
+    std::string whyNoDevice_;
     std::uint64_t texturesLoaded_ = 0;
     Blend blend_ = Blend::None;
     Quad quad_{};
