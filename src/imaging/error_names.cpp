@@ -48,6 +48,24 @@ std::string getErrorTypeName(std::int32_t code) {
     return "Error Type not found !";
 }
 
+std::string_view loadAdvice(std::int32_t code) {
+    switch (code) {
+    case 0x0502:
+        return "needs more memory than there is; close other programs or make the picture smaller";
+    case 0x0503:
+        return "is of a form that cannot be read; save it plainly, with 24 or 32 bits a pixel (a DDS file: as "
+               "DXT1 or DXT5)";
+    case 0x0508:
+        return "is not of the kind that its extension says, or is damaged; save it anew";
+    case 0x0511:
+        return "has sides that cannot be; possible are 1 to 16384 pixels, and 134217728 pixels in all";
+    case 0x0512:
+        return "ends too early; copy or save it anew";
+    default:
+        return "is damaged or cannot be read; save it anew";
+    }
+}
+
 std::string libraryFailureText(std::string_view prefix, std::int32_t code) {
     return std::string{prefix} + std::to_string(code) + " -> " + getErrorTypeName(code);
 }

@@ -19,7 +19,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <new>
 #include <optional>
 #include <utility>
@@ -32,6 +31,7 @@ struct ImageLibraryFacade::FailureWords {
     const char* ofLibrary;
     const char* ofOthers;
     bool traced;
+    std::string consequence; ///< a sentence without its full stop
 };
 
 namespace {
@@ -80,15 +80,15 @@ std::vector<std::byte> bytesOf(const std::string& fileName) {
     std::optional<InputFile> file;
     try {
         file.emplace(fileName);
-    } catch (const RuntimeError&) {
-        refuse(Refusal::CannotOpen);
+    } catch (const RuntimeError& error) {
+        throw ImageLibraryError{IL_COULD_NOT_OPEN_FILE, "loadImage", error.description()};
     }
     if (file->size() > mostBytes) refuse(Refusal::ImpossibleSides);
     std::vector<std::byte> bytes(static_cast<std::size_t>(file->size()));
     try {
         file->readAt(0, bytes);
-    } catch (const RuntimeError&) {
-        refuse(Refusal::Truncated);
+    } catch (const RuntimeError& error) {
+        throw ImageLibraryError{IL_FILE_READ_ERROR, "loadImage", error.description()};
     }
     return bytes;
 }
@@ -105,15 +105,8 @@ void replacePixels(const Pixels& source, ScaleFilter filter, const Pixels& targe
     if (alike && !source.values.empty() && !target.values.empty()) resample(source, filter, target);
 }
 
-/// A replaced file need not be opened for writing, so that what would have stopped that is looked at here.
-bool mayBeWritten(const std::string& fileName) {
-    const std::string folder{parentFolder(fileName)};
-    if (!folderExists(folder.empty() ? "." : folder) || folderExists(fileName)) return false;
-    std::error_code none;
-    const std::filesystem::file_status old = std::filesystem::status(fileName, none);
-    const bool readOnly =
-        (old.permissions() & std::filesystem::perms::owner_write) == std::filesystem::perms::none;
-    return !std::filesystem::exists(old) || (std::filesystem::is_regular_file(old) && !readOnly);
+void requireFree(const std::string& fileName, bool overwrite) {
+    if (!overwrite && fileExists(fileName)) throw ImageLibraryError{IL_FILE_ALREADY_EXISTS, "saveImage"};
 }
 
 } // namespace
@@ -154,11 +147,16 @@ bool ImageLibraryFacade::loadImage(const std::string& fileName, std::uint32_t& i
     library_.ilBindImage(imageId);
     check();
     const std::optional<FileKind> kind = kindOf(fileName);
-    if (!kind) throw ImageLibraryError{images_.readErrorCode(), "loadImage"};
+    if (!kind) {
+        throw ImageLibraryError{images_.readErrorCode(), "loadImage",
+                                fileName + " must end in .dds, .bmp, .tga or .jpg to be read"};
+    }
     loadChecked(loadableFile(*kind, fileName), fileName);
     return true;
 } catch (const ImageLibraryError& error) {
-    report("ilLoadImage Error Number: ", error.code());
+    const std::string reason =
+        error.reason().empty() ? fileName + " " + std::string{loadAdvice(error.code())} : error.reason();
+    report("ilLoadImage Error Number: ", error.code(), reason);
     return false;
 }
 
@@ -191,7 +189,7 @@ void ImageLibraryFacade::putExactPixels(const LoadableFile& file) {
 
 bool ImageLibraryFacade::setSaveImageOptions(std::int32_t fileType, std::int32_t& imageType,
                                              std::string& extension) {
-    return attempt({"setSaveImageOptions Error Number: ", "setSaveImageOptions Error : ", false}, [&] {
+    return attempt({"setSaveImageOptions Error Number: ", "setSaveImageOptions Error : ", false, ""}, [&] {
         if (fileType < 0 || fileType >= static_cast<std::int32_t>(outputs.size())) return true;
         const Output& output = outputs[static_cast<std::size_t>(fileType)];
         imageType = output.imageType;
@@ -209,7 +207,7 @@ bool ImageLibraryFacade::setSaveImageOptions(std::int32_t fileType, std::int32_t
 
 bool ImageLibraryFacade::saveImage([[maybe_unused]] std::int32_t imageType, const std::string& fileName,
                                    bool overwrite) {
-    return attempt({"ilSave Error Number: ", "ImageSave Error : ", true}, [&] {
+    return attempt({"ilSave Error Number: ", "ImageSave Error : ", true, fileName + " was not written"}, [&] {
         prepareBoundImage(overwrite);
         if (!writeBoundImage(fileName, overwrite)) return false;
         trace_.traceMessage("ilSave done sucessfully.");
@@ -249,12 +247,9 @@ bool ImageLibraryFacade::buildChain() {
 
 bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overwrite) {
     const Sides sides = boundSides();
-    const bool writable = mayBeWritten(fileName);
-    // The library looks whether the name is there by opening it, which a pipe would never let it.
-    if (!writable && fileExists(fileName) && !std::filesystem::is_regular_file(fileName)) {
-        throw ImageLibraryError{IL_COULD_NOT_OPEN_FILE, "saveImage"};
-    }
-    WritingToMemory writing{writable};
+    // Before the library looks for itself: it opens the file for that, which a pipe would never let it.
+    requireFree(fileName, overwrite);
+    WritingToMemory writing;
     const bool saved = librarySaves(fileName);
     bindWholeImage();
     const std::int32_t code = images_.readErrorCode();
@@ -270,8 +265,7 @@ bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overw
     if (options_.imageType == IL_DDS && !options_.buildMipmaps) dropChain(sides, file);
     if (options_.imageType == IL_DDS) refineLevels(file);
     if (options_.imageType == IL_TGA) finishTarga(sides, options_.targaFirstRow, file);
-    // The library does not see a file that it cannot open.
-    if (!overwrite && fileExists(fileName)) throw ImageLibraryError{IL_FILE_ALREADY_EXISTS, "saveImage"};
+    requireFree(fileName, overwrite); // it may have come meanwhile
     const std::array<Bytes, 1> pieces{file};
     replaceFile(fileName, pieces, Durability::Flushed);
     return true;
@@ -341,11 +335,12 @@ bool ImageLibraryFacade::convertImage(std::uint16_t format, std::int32_t dataTyp
 }
 
 bool ImageLibraryFacade::scaleImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex) {
-    return attempt({"ilScaleImage Error Number: ", "ImageSave Error : ", true}, [&] {
-        scaleBoundImage(width, height, filterIndex);
-        trace_.traceMessage("Image scaled to :" + std::to_string(width) + "x" + std::to_string(height));
-        return true;
-    });
+    return attempt(
+        {"ilScaleImage Error Number: ", "ImageSave Error : ", true, "The picture keeps its size"}, [&] {
+            scaleBoundImage(width, height, filterIndex);
+            trace_.traceMessage("Image scaled to :" + std::to_string(width) + "x" + std::to_string(height));
+            return true;
+        });
 }
 
 void ImageLibraryFacade::scaleBoundImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex) {
@@ -358,7 +353,10 @@ void ImageLibraryFacade::scaleBoundImage(std::int32_t width, std::int32_t height
     trace_.traceMessage("Scale Filter set to : ");
     // The library takes 0 for 1, and does not survive sides that it cannot hold.
     if (!possibleSides(std::max(width, 1), std::max(height, 1)) || width < 0 || height < 0) {
-        throw ImageLibraryError{IL_BAD_DIMENSIONS, "scaleImage"};
+        throw ImageLibraryError{IL_BAD_DIMENSIONS, "scaleImage",
+                                "A picture cannot have " + std::to_string(width) + " x " +
+                                    std::to_string(height) +
+                                    " pixels; possible are sides of 1 to 16384, and 134217728 pixels in all"};
     }
     const Pixels before = boundPixels(library_);
     const Sides sides{static_cast<std::uint32_t>(std::max(width, 1)),
@@ -402,7 +400,8 @@ bool ImageLibraryFacade::attempt(const FailureWords& words, Work work) {
     try {
         return work();
     } catch (const ImageLibraryError& error) {
-        const std::string text = report(words.ofLibrary, error.code());
+        const std::string text = report(words.ofLibrary, error.code(),
+                                        error.reason().empty() ? words.consequence : error.reason());
         if (words.traced) trace_.traceMessage(text);
         return false;
     } catch (const RuntimeError& error) {
@@ -412,11 +411,11 @@ bool ImageLibraryFacade::attempt(const FailureWords& words, Work work) {
     }
 }
 
-/// Shows the failure's text and answers it.
-std::string ImageLibraryFacade::report(const char* prefix, std::int32_t code) {
+/// Shows the failure's text, with the reason in a line of its own, and answers the text.
+std::string ImageLibraryFacade::report(const char* prefix, std::int32_t code, const std::string& reason) {
     lastErrorCode_ = code;
     std::string text = libraryFailureText(prefix, code);
-    boxes_.critical(text, programTitle);
+    boxes_.critical(reason.empty() ? text : text + "\r\n\r\n" + reason + ".", programTitle);
     return text;
 }
 

@@ -20,8 +20,9 @@ struct Pixels;
 
 /// The layer through which pictures are loaded, converted, scaled and saved. Its operations work on the
 /// image that is bound in the library, whose images, error stack and settings are the process's own: one
-/// thread, one operation at a time. An operation that fails says so in a critical message box and answers
-/// false, unless said otherwise here.
+/// thread, one operation at a time. An operation that fails says so in a critical message box, with the
+/// library's code and, in a paragraph of its own, what is wrong with which file, and answers false, unless
+/// said otherwise here.
 class ImageLibraryFacade {
 public:
     ImageLibraryFacade(MessageBoxes& boxes, SaveImageOptions& options,
@@ -73,7 +74,7 @@ private:
     bool attempt(const FailureWords& words, Work work);
 
     void check() { images_.check("ImageLibraryFacade"); }
-    std::string report(const char* prefix, std::int32_t code);
+    std::string report(const char* prefix, std::int32_t code, const std::string& reason = {});
     void discardErrors();
     [[nodiscard]] Sides boundSides() const;
 

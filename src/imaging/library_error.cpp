@@ -6,8 +6,8 @@
 
 namespace pelrath {
 
-ImageLibraryError::ImageLibraryError(std::int32_t code, std::string source)
+ImageLibraryError::ImageLibraryError(std::int32_t code, std::string source, std::string reason)
     : RuntimeError(IMAGE_LIBRARY_ERROR, std::move(source), libraryFailureText("Image library error ", code)),
-      code_(code) {}
+      code_(code), reason_(std::move(reason)) {}
 
 } // namespace pelrath

@@ -19,13 +19,11 @@ struct MemoryFile {
     Bytes reading;
     std::vector<std::byte> written;
     bool inUse = false;
-    bool mayBeOpened = false;
     bool outOfMemory = false;
     std::size_t at = 0;
 
-    void take(bool openable) {
+    void take() {
         if (std::exchange(inUse, true)) throw makeError(ErrorNumber::InvalidCall, "MemoryFile");
-        mayBeOpened = openable;
         outOfMemory = false;
         at = 0;
     }
@@ -43,7 +41,7 @@ MemoryFile& fileOf(ILHANDLE handle) { return *static_cast<MemoryFile*>(handle); 
 
 ILHANDLE open(MemoryFile& file) {
     file.at = 0;
-    return file.mayBeOpened ? &file : nullptr;
+    return &file;
 }
 ILHANDLE openForReading(ILconst_string) { return open(readFile); }
 ILHANDLE openForWriting(ILconst_string) {
@@ -108,7 +106,7 @@ ILint seekWriting(ILHANDLE handle, ILint offset, ILint from) {
 } // namespace
 
 ReadingFromMemory::ReadingFromMemory(Bytes bytes) {
-    readFile.take(true);
+    readFile.take();
     readFile.reading = bytes;
     ::ilSetRead(openForReading, close, atEnd, readByte, read, seekReading, tell);
 }
@@ -118,8 +116,8 @@ ReadingFromMemory::~ReadingFromMemory() {
     readFile.release();
 }
 
-WritingToMemory::WritingToMemory(bool mayBeWritten) {
-    writtenFile.take(mayBeWritten);
+WritingToMemory::WritingToMemory() {
+    writtenFile.take();
     ::ilSetWrite(openForWriting, close, writeByte, seekWriting, tell, write);
 }
 

@@ -25,8 +25,7 @@ public:
 /// procedure call".
 class WritingToMemory {
 public:
-    /// `mayBeWritten` false lets every opening fail, as it does for a file that cannot be written.
-    explicit WritingToMemory(bool mayBeWritten);
+    WritingToMemory();
     ~WritingToMemory();
     WritingToMemory(const WritingToMemory&) = delete;
     WritingToMemory& operator=(const WritingToMemory&) = delete;

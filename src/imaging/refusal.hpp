@@ -11,7 +11,6 @@ enum class Refusal : std::int32_t {
     KindNotSupported = 0x0503,
     ImpossibleValue = 0x0507,
     NotThisKind = 0x0508,
-    CannotOpen = 0x050A,
     ImpossibleSides = 0x0511,
     Truncated = 0x0512,
 };

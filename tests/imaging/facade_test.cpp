@@ -106,7 +106,7 @@ TEST_F(Facade, ScalesToTheSidesAskedFor) {
     for (const auto& [width, height, trace] : cases) {
         EXPECT_EQ(facade.scaleImage(width, height, 2), trace != refused) << width;
         expectLines({"Scale Filter set to : ", trace});
-        if (trace == refused) expectBox(refused);
+        if (trace == refused) expectBox(refused, row(width) + " x " + row(height));
     }
     ASSERT_TRUE(chooseOutput(OutputFileType::Bmp));
     ASSERT_TRUE(facade.saveImage(options.imageType, folder.file("scaled.bmp"), true));

@@ -74,9 +74,15 @@ struct LibraryTest : testing::Test {
         return pixels;
     }
 
-    void expectBox(const std::string& text) {
-        EXPECT_EQ(boxes.take(),
-                  (std::vector<ShownBox>{{text, "Pelrath", BoxIcon::Critical, BoxButtons::Ok}}));
+    /// One box with this text, and the words in what stands below it.
+    void expectBox(const std::string& text, const std::string& words = "") {
+        std::vector<ShownBox> shown = boxes.take();
+        ASSERT_EQ(shown.size(), 1U);
+        const std::string whole = shown[0].text + "\r\n\r\n";
+        const std::size_t end = whole.find("\r\n\r\n");
+        shown[0].text.resize(end);
+        EXPECT_EQ(shown[0], (ShownBox{text, "Pelrath", BoxIcon::Critical, BoxButtons::Ok}));
+        EXPECT_NE(whole.substr(end).find(words), std::string::npos) << whole;
     }
 
     /// The trace since the last call.

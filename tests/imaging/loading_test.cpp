@@ -14,11 +14,14 @@ struct Loading : LibraryTest {
         ASSERT_EQ(std::system(line.c_str()), 0) << command;
     }
 
-    void expectRefused(const std::string& path, const std::string& code) {
+    /// With these words before the path.
+    void expectRefused(const std::string& path, const std::string& code, const std::string& words = "") {
         std::uint32_t image = 0;
         EXPECT_FALSE(facade.loadImage(path, image));
         EXPECT_NE(image, 0U);
-        boxes.expect(("ilLoadImage Error Number: " + code + " -> IL_").c_str());
+        const ShownBox box = boxes.take().at(0);
+        EXPECT_TRUE(box.text.starts_with("ilLoadImage Error Number: " + code + " -> IL_")) << box;
+        EXPECT_NE(box.text.find("\r\n\r\n" + words + path), std::string::npos) << box;
         EXPECT_EQ(images.readErrorCode(), 0);
         images.remove(image);
     }
@@ -96,7 +99,7 @@ TEST_F(Loading, ReadsWhatEditorsWrite) {
 }
 
 TEST_F(Loading, NeedsAFileWithAKnownExtension) {
-    expectRefused(folder.file("missing.tga"), "1290");
+    expectRefused(folder.file("missing.tga"), "1290", "File not found (");
     expectRefused(folder.write("picture.jpeg", "anything"), "0");
     expectRefused(folder.write("noextension", "anything"), "0");
     run("convert -size 8x8 xc:white white.jpg && mv white.jpg white.JpG");

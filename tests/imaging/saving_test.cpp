@@ -124,12 +124,17 @@ TEST_F(Saving, LeavesNothingBehindWhereItCannotWrite) {
     std::filesystem::create_directory(folder.file("folder.bmp"));
     std::filesystem::permissions(folder.write("readonly.bmp", "before"), std::filesystem::perms::owner_read);
     ASSERT_EQ(mkfifo(folder.file("pipe.bmp").c_str(), 0600), 0);
-    for (const std::string name : {"gone/a.bmp", "folder.bmp", "pipe.bmp", "readonly.bmp"}) {
-        // Without leave to overwrite, the library would open the pipe to see whether it is there, and wait.
-        EXPECT_FALSE(save(OutputFileType::Bmp, name, name != "pipe.bmp")) << name;
-        expectBox("ilSave Error Number: 1290 -> IL_COULD_NOT_OPEN_FILE ");
+    for (const auto& [name, reason] : {std::pair<std::string, std::string>{"gone/a.bmp", "76 Path not found"},
+                                       {"folder.bmp", "75 Path/File access error"},
+                                       {"pipe.bmp", "75 Path/File access error"},
+                                       {"readonly.bmp", "70 Permission denied"}}) {
+        EXPECT_FALSE(save(OutputFileType::Bmp, name)) << name;
+        expectBox("ImageSave Error : " + reason + " (" + folder.file(name) + ")");
         EXPECT_EQ(images.readErrorCode(), 0);
     }
+    // The library would open the pipe to see whether it is there, and wait.
+    EXPECT_FALSE(save(OutputFileType::Bmp, "pipe.bmp", false));
+    expectBox("ilSave Error Number: 1292 -> IL_FILE_ALREADY_EXISTS ", folder.file("pipe.bmp"));
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"folder.bmp", "pipe.bmp", "readonly.bmp"}));
     EXPECT_EQ(folder.read("readonly.bmp"), "before");
 }
@@ -165,7 +170,7 @@ TEST_F(Saving, ChecksTheQualityBeforeTheLibraryDoes) {
     }
     options.jpgQuality = 90;
     EXPECT_TRUE(save(OutputFileType::Jpg, "a.jpg"));
-    const WritingToMemory other{true};
+    const WritingToMemory other;
     EXPECT_FALSE(save(OutputFileType::Jpg, "a.jpg"));
     expectBox("ImageSave Error : 5 Invalid procedure call");
 }
