@@ -97,11 +97,17 @@ void setBlend(Blend blend) {
 
 } // namespace
 
-GlRenderer::GlRenderer(std::unique_ptr<GlContext> context, std::int32_t width, std::int32_t height)
-    : context_(std::move(context)), width_(width), height_(height) {
+GlRenderer::GlRenderer(std::unique_ptr<GlContext> context, Sides sides)
+    : context_(std::move(context)), width_(sides.width), height_(sides.height) {
     context_->makeCurrent();
     if (epoxy_gl_version() < 33)
         throw deviceError(DeviceFailure::NotAvailable, "The graphics driver has no OpenGL 3.3.");
+}
+
+// From the first line on there is a renderer: what fails here leaves none of its objects to the contexts that
+// share them.
+GlRenderer::GlRenderer(std::unique_ptr<GlContext> context, std::int32_t width, std::int32_t height)
+    : GlRenderer(std::move(context), Sides{width, height}) {
     forgetErrors();
     makeBackBuffer();
     makeProgram();

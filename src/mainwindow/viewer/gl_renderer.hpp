@@ -45,6 +45,11 @@ public:
     [[nodiscard]] std::vector<std::byte> readBackBuffer();
 
 private:
+    struct Sides {
+        std::int32_t width;
+        std::int32_t height;
+    };
+    GlRenderer(std::unique_ptr<GlContext> context, Sides sides);
     void makeBackBuffer();
     void sizeBackBuffer(double scale);
     void makeProgram();
