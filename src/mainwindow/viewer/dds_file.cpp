@@ -37,8 +37,10 @@ void requirePossible(std::int32_t width, std::int32_t height, std::uint32_t larg
                      const std::string& path) {
     const auto largest = static_cast<std::int32_t>(largestSide);
     if (width < 1 || height < 1) {
-        throw deviceError(DeviceFailure::InvalidData, "A texture cannot have " + sides(width, height) +
-                                                          "; its archive is damaged there (" + path + ").");
+        throw deviceError(DeviceFailure::InvalidData,
+                          "A texture cannot have " + sides(width, height) +
+                              ": the archive is damaged there, and another copy of it may help (" + path +
+                              ").");
     }
     if (width > largest || height > largest) {
         throw deviceError(DeviceFailure::NotAvailable,
@@ -81,8 +83,10 @@ DdsPicture readDdsPicture(const std::string& path, std::uint32_t largestSide) {
     const std::uint64_t needed = blocks * (picture.format == PixelFormat::Dxt1 ? 8 : 16);
     picture.blocks = read(path, [&] { return dataOf(path, needed); });
     if (picture.blocks.size() < needed) {
-        throw deviceError(DeviceFailure::InvalidData, "It holds too little data for " + sides(width, height) +
-                                                          "; its archive is damaged there (" + path + ").");
+        throw deviceError(DeviceFailure::InvalidData,
+                          "It holds too little data for " + sides(width, height) +
+                              ": the archive is damaged there, and another copy of it may help (" + path +
+                              ").");
     }
     return picture;
 }
