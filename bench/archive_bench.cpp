@@ -72,7 +72,7 @@ void openAndList(benchmark::State& state) {
         ListBox textures;
         ListBox names;
         ListBox mipmaps{ListBox::Choice::Several};
-        const ArchiveContents contents = readArchive(path);
+        const ArchiveContents contents = readArchive(InputFile{path});
         if (const auto* t = std::get_if<Tables0C>(&contents))
             list(*t, makeCatalogue(*t), textures, names, mipmaps);
         if (const auto* t = std::get_if<TablesCdds>(&contents))

@@ -1,3 +1,4 @@
+#include "large_archive.hpp"
 #include "working_user.hpp"
 
 #include "platform/files.hpp"
@@ -19,45 +20,38 @@ namespace {
 
 constexpr std::int32_t side = 2048;
 constexpr double pixels = double{side} * side;
+constexpr int levelCount = 12;
 
 struct Workbench {
-    Workbench() {
+    explicit Workbench(bool dxt5 = false) {
         std::string pattern = std::filesystem::temp_directory_path() / "pelrath-bench-XXXXXX";
         folder = mkdtemp(pattern.data());
         session.programFolder = session.exportImportFolder = folder;
         session.archivePath = folder + "/levels";
         session.selectedBaseName = "big";
-        std::int32_t size = 0;
-        for (const char* type : {"DXT1", "DXT5"}) {
-            size = addTexture(type, size);
-        }
-        std::minstd_rand random;
-        std::string bytes(static_cast<std::size_t>(size), '\0');
-        std::generate(bytes.begin(), bytes.end(), [&random] { return static_cast<char>(random()); });
-        std::ofstream{session.archivePath, std::ios::binary} << bytes;
+        session.selectedTexture = 0;
+        LargeArchive{true, 1, levelCount, side, 1, Tables::Together, dxt5}.write(session.archivePath);
+        session.archive = makeCatalogue(readArchive(InputFile{session.archivePath}));
+        fillLevels();
+        session.archiveFile = ArchiveFile{InputFile{session.archivePath}};
     }
     Workbench(const Workbench&) = delete;
     Workbench& operator=(const Workbench&) = delete;
     ~Workbench() { std::filesystem::remove_all(folder); }
 
-    std::int32_t addTexture(const char* type, std::int32_t at) {
-        TextureRecord& texture = session.archive.textures.emplace_back();
-        texture.name = "big.tga";
-        texture.fourCC = type;
-        for (std::int32_t width = side; width > 0; width /= 2) {
-            const std::int32_t blocks = (width + 3) / 4;
-            const std::int32_t size = blocks * blocks * (texture.fourCC == "DXT1" ? 8 : 16);
-            texture.mipmaps.push_back({type, at, size, width, width});
-            at += size;
+    void fillLevels() const {
+        std::fstream file{session.archivePath, std::ios::binary | std::ios::in | std::ios::out};
+        std::minstd_rand random;
+        for (const MipmapRecord& level : session.archive.textures[0].mipmaps) {
+            std::string bytes(static_cast<std::size_t>(level.dataSize), '\0');
+            std::generate(bytes.begin(), bytes.end(), [&random] { return static_cast<char>(random()); });
+            file.seekp(level.dataOffset);
+            file << bytes;
         }
-        texture.mipmapCount = static_cast<std::int32_t>(texture.mipmaps.size());
-        return at;
     }
 
-    void extract(benchmark::State& state, std::int16_t texture, FileTypeOption kind,
-                 MipmapOperation operation) {
+    void extract(benchmark::State& state, FileTypeOption kind, MipmapOperation operation) {
         session.mode = DialogMode::Extraction;
-        session.selectedTexture = texture;
         user.work = [&] {
             dialog.optOutFileType[kind].select();
             if (kind == DdsFileType) dialog.optMipmaps[operation].select();
@@ -80,17 +74,16 @@ struct Workbench {
     TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}}};
 };
 
-void ddsLevel(benchmark::State& state) { Workbench{}.extract(state, 0, DdsFileType, Single); }
-void ddsChain(benchmark::State& state) { Workbench{}.extract(state, 0, DdsFileType, Embedded); }
-void bmp(benchmark::State& state) { Workbench{}.extract(state, 0, NativeFileType, Single); }
-void tga(benchmark::State& state) { Workbench{}.extract(state, 1, NativeFileType, Single); }
+void ddsLevel(benchmark::State& state) { Workbench{}.extract(state, DdsFileType, Single); }
+void ddsChain(benchmark::State& state) { Workbench{}.extract(state, DdsFileType, Embedded); }
+void bmp(benchmark::State& state) { Workbench{}.extract(state, NativeFileType, Single); }
+void tga(benchmark::State& state) { Workbench{true}.extract(state, NativeFileType, Single); }
 
 // The bytes of the chain as a process of its own copies them, left to the system or brought to the disk.
 void copyOfTheChain(benchmark::State& state, const std::string& behind) {
     Workbench bench;
     const std::string from = bench.folder + "/big-2048x2048.dds";
-    bench.session.selectedTexture = 0;
-    const DdsExport dds{bench.session.archive, bench.session.archivePath};
+    const DdsExport dds{bench.session.archive, bench.session.archivePath, bench.session.archiveFile};
     dds.writeDdsChainFile(from, 0);
     const std::string copy = "'" + from + ".copy'";
     const std::string line =

@@ -40,8 +40,9 @@ struct Workplace {
         session.programFolder = session.exportImportFolder = folder;
         session.archivePath = folder + "/a.cdds";
         LargeArchive{true, 1, levelCount, side}.write(session.archivePath);
-        session.archive = makeCatalogue(std::get<TablesCdds>(readArchive(session.archivePath)));
-        session.archiveFile = {session.archivePath, std::filesystem::file_size(session.archivePath)};
+        const InputFile archive{session.archivePath};
+        session.archiveFile = ArchiveFile{archive};
+        session.archive = makeCatalogue(readArchive(archive));
         session.selectedTexture = 0;
         session.selectedBaseName = "photo";
         use.start();
@@ -168,7 +169,8 @@ void write(benchmark::State& state) {
     place.chooseDds();
     DdsBuilder{place.imaging, place.folder}.buildWithLibraryChain(place.folder + "/built.dds");
     for (auto _ : state) {
-        LevelWriter writer{place.session};
+        HeldArchive archive{place.session};
+        LevelWriter writer{archive};
         if (writer.writeMipmapLevels(place.folder + "/built.dds", 0, true, LevelWriter::everyLevel) !=
             levelCount)
             std::exit(1);
@@ -203,7 +205,8 @@ void safeCopy(benchmark::State& state) {
     const BigFile file{state.range(0)};
     const std::string name = file.folder + "/big-0.cdds";
     for (auto _ : state) {
-        FileCopy copy{file.path, file.folder, [](std::uint64_t /*done*/, std::uint64_t /*total*/) {}};
+        FileCopy copy{InputFile{file.path}, file.folder,
+                      [](std::uint64_t /*done*/, std::uint64_t /*total*/) {}};
         if (!copy.takeName(name)) std::exit(1);
         state.PauseTiming();
         std::filesystem::remove(name);

@@ -17,8 +17,8 @@ namespace pelrath::bench {
 /// Where a texture's tables stand: all of them together, or each in front of its own texture's data.
 enum class Tables { Together, Scattered };
 
-/// An archive of `textures` textures with a chain of `levels` levels each, level 0 of side x side texels in
-/// DXT1. The levels of textures beyond the first `own` ones share one texture's data.
+/// An archive of `textures` textures with a chain of `levels` levels each, level 0 of side x side texels. The
+/// levels of textures beyond the first `own` ones share one texture's data.
 struct LargeArchive {
     bool cdds;
     int textures;
@@ -26,6 +26,7 @@ struct LargeArchive {
     int side = 256;
     int own = 1;
     Tables tables = Tables::Together;
+    bool dxt5 = false; ///< DXT1 otherwise
 
     void write(const std::string& path) const {
         std::vector<char> bytes(static_cast<std::size_t>(entryAt(textures)));
@@ -61,7 +62,7 @@ private:
     [[nodiscard]] std::int32_t levelSide(int level) const { return std::max(1, side >> level); }
     [[nodiscard]] std::int32_t levelSize(int level) const {
         const std::int32_t blocks = (levelSide(level) + 3) / 4;
-        return blocks * blocks * 8;
+        return blocks * blocks * (dxt5 ? 16 : 8);
     }
     [[nodiscard]] std::int64_t chainSize() const {
         std::int64_t sum = 0;
@@ -80,7 +81,7 @@ private:
         const std::int64_t sizes = cdds ? table : entry + 32;
         put(sizes, std::int32_t{side});
         put(sizes + 4, std::int32_t{side});
-        put(sizes + 8, std::array{'D', 'X', 'T', '1'});
+        put(sizes + 8, std::array{'D', 'X', 'T', dxt5 ? '5' : '1'});
         if (cdds) {
             put(entry + 32, static_cast<std::int32_t>(table - entry - 32));
             put(table + 16, std::int32_t{levels});

@@ -30,9 +30,9 @@ private:
 };
 
 template <class Tables>
-void use(const Tables& tables, const std::string& path, std::size_t size) {
+void use(const Tables& tables, const ArchiveFile& file, std::size_t size) {
     const CddsArchive archive = makeCatalogue(tables);
-    const DdsExport dds{archive, path};
+    const DdsExport dds{archive, file.path(), file};
     std::string line;
     (void)listing::headerLine(tables.header);
     for (std::size_t i = 0; i < archive.textures.size(); ++i) {
@@ -60,9 +60,11 @@ void use(const Tables& tables, const std::string& path, std::size_t size) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const MemoryFile file{data, size};
     try {
-        const ArchiveContents contents = readArchive(file.path());
-        if (const auto* tables = std::get_if<Tables0C>(&contents)) use(*tables, file.path(), size);
-        if (const auto* tables = std::get_if<TablesCdds>(&contents)) use(*tables, file.path(), size);
+        const InputFile opened{file.path()};
+        const ArchiveFile known{opened};
+        const ArchiveContents contents = readArchive(opened);
+        if (const auto* tables = std::get_if<Tables0C>(&contents)) use(*tables, known, size);
+        if (const auto* tables = std::get_if<TablesCdds>(&contents)) use(*tables, known, size);
     } catch (const DamagedArchive&) {
     }
     return 0;

@@ -79,7 +79,7 @@ public:
 private:
     unsigned below(unsigned limit) { return static_cast<unsigned>(random_() % limit); }
     void reset() {
-        (void)h_.folder.write("a.cdds", before_);
+        h_.rewrite(before_);
         for (const std::string& name : h_.folder.names("copies")) {
             std::filesystem::remove(h_.folder.file("copies/" + name));
         }

@@ -37,55 +37,45 @@ void put(DdsHeader& header, Position at, std::int32_t value) {
     std::memcpy(&header[at], &value, sizeof value);
 }
 
-template <class Container>
-const auto& element(const Container& container, std::int16_t index, std::string_view what) {
-    if (index < 0 || static_cast<std::size_t>(index) >= container.size()) {
-        throw makeError(ErrorNumber::SubscriptOutOfRange, "DdsExport", what);
-    }
-    return container[static_cast<std::size_t>(index)];
+[[noreturn]] void fail(ErrorNumber number, const std::string& text) {
+    throw RuntimeError{static_cast<int>(number), "DdsExport", text};
 }
 
-// Fails for a level whose bytes cannot all be there.
-void requireData(const InputFile& archive, const MipmapRecord& level) {
-    if (level.dataSize <= 0) {
-        throw makeError(ErrorNumber::InvalidCall, "DdsExport",
-                        "the level of " + std::to_string(level.width) + " x " + std::to_string(level.height) +
-                            " has no data in the archive");
-    }
-    const auto offset = static_cast<std::uint64_t>(level.dataOffset);
-    const auto size = static_cast<std::uint64_t>(level.dataSize);
-    if (offset > archive.size() || size > archive.size() - offset) {
-        throw makeError(ErrorNumber::InputPastEnd, "DdsExport",
-                        archive.path() + " has become shorter since it was read");
-    }
+bool isIndex(std::int16_t index, std::size_t count) {
+    return index >= 0 && static_cast<std::size_t>(index) < count;
 }
 
 void readLevel(const InputFile& archive, const MipmapRecord& level, std::vector<std::byte>& data) {
-    requireData(archive, level);
     data.resize(static_cast<std::size_t>(level.dataSize));
     archive.readAt(static_cast<std::uint64_t>(level.dataOffset), data);
-}
-
-// Before anything is written: all levels are there, and together no more than one file holds. Levels that
-// share their bytes can add up to far more than the archive itself.
-void requireChain(const InputFile& archive, const std::vector<MipmapRecord>& levels) {
-    std::int64_t sum = 0;
-    for (const MipmapRecord& level : levels) {
-        requireData(archive, level);
-        sum += level.dataSize;
-    }
-    if (sum > largestFileData)
-        throw makeError(ErrorNumber::Overflow, "DdsExport", "too many bytes for one file");
 }
 
 } // namespace
 
 const TextureRecord& DdsExport::texture(std::int16_t index) const {
-    return element(archive_.textures, index, "there is no such texture");
+    if (!isIndex(index, archive_.textures.size())) {
+        fail(ErrorNumber::SubscriptOutOfRange, "texture " + std::to_string(index + 1) +
+                                                   " is not among those read from " + archivePath_ +
+                                                   ". Please read the archive again");
+    }
+    return archive_.textures[static_cast<std::size_t>(index)];
 }
 
 const MipmapRecord& DdsExport::level(std::int16_t textureIndex, std::int16_t index) const {
-    return element(texture(textureIndex).mipmaps, index, "the texture has no level " + std::to_string(index));
+    const TextureRecord& owner = texture(textureIndex);
+    if (!isIndex(index, owner.mipmaps.size())) {
+        fail(ErrorNumber::SubscriptOutOfRange, "the texture \"" + owner.name + "\" has no level " +
+                                                   std::to_string(index) + " in " + archivePath_ +
+                                                   ". Please choose another");
+    }
+    return owner.mipmaps[static_cast<std::size_t>(index)];
+}
+
+void DdsExport::requireData(const MipmapRecord& level) const {
+    if (level.dataSize > 0) return;
+    fail(ErrorNumber::InvalidCall, "the level of " + std::to_string(level.width) + " x " +
+                                       std::to_string(level.height) + " has no data in " + archivePath_ +
+                                       ". Please choose another");
 }
 
 DdsHeader DdsExport::buildDdsHeader(std::int16_t textureIndex, std::int16_t levelIndex) const {
@@ -107,9 +97,9 @@ DdsHeader DdsExport::buildDdsHeader(std::int16_t textureIndex, std::int16_t leve
 
 std::vector<std::byte> DdsExport::readLevelData(std::int16_t textureIndex, std::int16_t levelIndex) const {
     const MipmapRecord& record = level(textureIndex, levelIndex);
-    const InputFile archive{archivePath_};
+    requireData(record);
     std::vector<std::byte> data;
-    readLevel(archive, record, data);
+    readLevel(openArchive(), record, data);
     return data;
 }
 
@@ -126,9 +116,18 @@ void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureI
     put(header, FlagsAt, chainFlags);
     put(header, MipmapCountAt, texture(textureIndex).mipmapCount);
     put(header, CapabilitiesAt, chainCapabilities);
-    const InputFile archive{archivePath_};
     const std::vector<MipmapRecord>& levels = texture(textureIndex).mipmaps;
-    requireChain(archive, levels);
+    // Levels that share their bytes can add up to far more than the archive itself.
+    std::int64_t sum = 0;
+    for (const MipmapRecord& record : levels) {
+        requireData(record);
+        sum += record.dataSize;
+    }
+    if (sum > largestFileData) {
+        fail(ErrorNumber::Overflow, "all levels of the texture \"" + texture(textureIndex).name +
+                                        "\" are more than one file can hold. Please take single levels");
+    }
+    const InputFile archive = openArchive();
     FileReplacement file{path};
     file.write(header);
     std::vector<std::byte> data;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "archive/archive_file.hpp"
 #include "archive/catalogue.hpp"
 #include "platform/files.hpp"
 
@@ -12,8 +13,8 @@
 #include <vector>
 
 /// DDS files made from an archive's level data, which is copied unchanged. Textures and levels are given by
-/// index; an index that the catalogue does not have leaves as "Subscript out of range". The archive is
-/// opened for each read alone and never written.
+/// index; one that the catalogue does not have fails. The archive is opened for each read alone, which is
+/// refused where it is not the file that was read (ArchiveRefused), and never written.
 namespace pelrath {
 
 inline constexpr std::size_t ddsHeaderSize = 128;
@@ -31,15 +32,15 @@ struct NativeImageKind {
 
 class DdsExport {
 public:
-    /// Both belong to the caller and are read at each call.
-    DdsExport(const CddsArchive& archive, const std::string& archivePath)
-        : archive_(archive), archivePath_(archivePath) {}
+    /// All belong to the caller and are looked at in each call.
+    DdsExport(const CddsArchive& archive, const std::string& archivePath, const ArchiveFile& archiveFile)
+        : archive_(archive), archivePath_(archivePath), archiveFile_(archiveFile) {}
 
     /// The header of a file that holds this one level.
     [[nodiscard]] DdsHeader buildDdsHeader(std::int16_t textureIndex, std::int16_t level) const;
 
     /// The level's bytes, exactly dataSize. Fails for a level without data, and where the archive cannot be
-    /// read or has become too short.
+    /// read.
     [[nodiscard]] std::vector<std::byte> readLevelData(std::int16_t textureIndex, std::int16_t level) const;
 
     /// Writes header and data of one level: 128 + dataSize bytes. An existing file is replaced whole.
@@ -53,12 +54,18 @@ public:
     /// case; nothing for any other type.
     [[nodiscard]] std::optional<NativeImageKind> nativeImageKind(std::int16_t textureIndex) const;
 
+    /// The catalogue's own record of a level.
+    [[nodiscard]] const MipmapRecord& level(std::int16_t textureIndex, std::int16_t index) const;
+
 private:
     [[nodiscard]] const TextureRecord& texture(std::int16_t index) const;
-    [[nodiscard]] const MipmapRecord& level(std::int16_t textureIndex, std::int16_t index) const;
+    /// Fails for a level without data.
+    void requireData(const MipmapRecord& level) const;
+    [[nodiscard]] InputFile openArchive() const { return archiveFile_.open(archivePath_, archive_); }
 
     const CddsArchive& archive_;
     const std::string& archivePath_;
+    const ArchiveFile& archiveFile_;
 };
 
 } // namespace pelrath

@@ -204,8 +204,7 @@ CddsArchive catalogueOf(const Tables& tables, CddsType type) {
 
 } // namespace
 
-ArchiveContents readArchive(const std::string& path) {
-    const InputFile file{path};
+ArchiveContents readArchive(const InputFile& file) {
     CheckedTables start{file};
     if (!start.contains(0, records::typeWordSize)) {
         throw DamagedArchive{"The file is only " + std::to_string(file.size()) + " bytes long."};
@@ -220,6 +219,11 @@ ArchiveContents readArchive(const std::string& path) {
     }
 }
 
+CddsArchive makeCatalogue(const ArchiveContents& contents) {
+    if (const auto* tables = std::get_if<Tables0C>(&contents)) return makeCatalogue(*tables);
+    if (const auto* tables = std::get_if<TablesCdds>(&contents)) return makeCatalogue(*tables);
+    return {};
+}
 CddsArchive makeCatalogue(const Tables0C& tables) { return catalogueOf(tables, CddsType::Type0C); }
 CddsArchive makeCatalogue(const TablesCdds& tables) { return catalogueOf(tables, CddsType::TypeCdds); }
 

@@ -2,6 +2,7 @@
 
 #include "archive/catalogue.hpp"
 #include "archive/records.hpp"
+#include "platform/files.hpp"
 
 #include <cstdint>
 #include <stdexcept>
@@ -52,14 +53,15 @@ struct NotAnArchive {};
 
 using ArchiveContents = std::variant<NotAnArchive, Tables0C, TablesCdds>;
 
-/// Reads all tables of the file at `path` and checks them: counts, every record and every level inside the
+/// Reads all tables of the file and checks them: counts, every record and every level inside the
 /// file, absolute positions within 31 bits, no negative size. Memory stays within a small multiple of what
 /// the file really holds, whatever its counts say.
 /// NotAnArchive: its first four bytes are neither layout's. Throws DamagedArchive, also for a file of less
-/// than four bytes, and RuntimeError when the file cannot be opened or read.
-[[nodiscard]] ArchiveContents readArchive(const std::string& path);
+/// than four bytes, and RuntimeError when the file cannot be read.
+[[nodiscard]] ArchiveContents readArchive(const InputFile& file);
 
-/// The catalogue that the tables describe.
+/// The catalogue that the tables describe; an empty one where there are none.
+[[nodiscard]] CddsArchive makeCatalogue(const ArchiveContents& contents);
 [[nodiscard]] CddsArchive makeCatalogue(const Tables0C& tables);
 [[nodiscard]] CddsArchive makeCatalogue(const TablesCdds& tables);
 

@@ -82,10 +82,10 @@ void ArchiveReading::openArchive() {
     c_.dynImage.setVisible(true);
 }
 
-std::optional<ArchiveContents> ArchiveReading::readTables() {
+std::optional<ArchiveReading::ReadTables> ArchiveReading::readTables() {
     try {
-        session_.archiveFile = {session_.archivePath, InputFile{session_.archivePath}.size()};
-        return readArchive(session_.archivePath);
+        const InputFile file{session_.archivePath};
+        return ReadTables{ArchiveFile{file}, readArchive(file)}; // in this order
     } catch (const DamagedArchive& damage) {
         refuse(session_.archivePath + " is damaged and was not opened.\r\n\r\n" + damage.what() +
                    "\r\n\r\nPlease take a fresh copy of the file.",
@@ -98,27 +98,29 @@ std::optional<ArchiveContents> ArchiveReading::readTables() {
 }
 
 void ArchiveReading::readFile() {
-    const std::optional<ArchiveContents> contents = readTables();
-    if (!contents) return;
-    if (const auto* tables = std::get_if<Tables0C>(&*contents)) show(*tables, makeCatalogue(*tables));
-    if (const auto* tables = std::get_if<TablesCdds>(&*contents)) show(*tables, makeCatalogue(*tables));
+    const std::optional<ReadTables> read = readTables();
+    if (!read) return;
+    if (const auto* tables = std::get_if<Tables0C>(&read->contents)) show(*tables, read->file);
+    if (const auto* tables = std::get_if<TablesCdds>(&read->contents)) show(*tables, read->file);
 }
 
 void ArchiveReading::refuse(const std::string& text, const char* title) {
     // The catalogue of another file must not be used on this one.
     listing_.resetArchiveDisplay();
-    takeOver({});
+    takeOver({}, {});
     services_.boxes.exclamation(text, title);
 }
 
-void ArchiveReading::takeOver(CddsArchive archive) {
+void ArchiveReading::takeOver(CddsArchive archive, const ArchiveFile& file) {
     session_.archive = std::move(archive);
+    session_.archiveFile = file;
     session_.selectedTexture = -1;
     session_.selectedBaseName.clear();
 }
 
 template <class Tables>
-void ArchiveReading::show(const Tables& tables, CddsArchive archive) {
+void ArchiveReading::show(const Tables& tables, const ArchiveFile& file) {
+    CddsArchive archive = makeCatalogue(tables);
     const LayoutWords words = wordsOf(tables);
     listing_.clearListingPane(c_.Output[HeaderPane]);
     c_.Text9.setText(std::string{words.headerTitle});
@@ -128,7 +130,7 @@ void ArchiveReading::show(const Tables& tables, CddsArchive archive) {
 
     beginPane(TexturePane, words.textureTitle);
     beginPane(MipmapPane, listing::mipmapTitle);
-    takeOver(std::move(archive));
+    takeOver(std::move(archive), file);
     fillPanes(tables);
 }
 

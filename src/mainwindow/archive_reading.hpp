@@ -53,16 +53,20 @@ private:
     void browse();
     void openArchive();
     void readFile();
+    struct ReadTables {
+        ArchiveFile file;
+        ArchiveContents contents;
+    };
     /// Nothing when the file was refused or could not be read, which has then been reported.
-    std::optional<ArchiveContents> readTables();
+    std::optional<ReadTables> readTables();
     void refuse(const std::string& text, const char* title);
 
     template <class Tables>
-    void show(const Tables& tables, CddsArchive archive);
+    void show(const Tables& tables, const ArchiveFile& file);
     template <class Tables>
     void fillPanes(const Tables& tables);
     void beginPane(Pane pane, std::string_view title);
-    void takeOver(CddsArchive archive);
+    void takeOver(CddsArchive archive, const ArchiveFile& file);
 
     Controls c_;
     Services services_;

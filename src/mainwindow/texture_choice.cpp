@@ -11,7 +11,7 @@ namespace pelrath {
 TextureChoice::TextureChoice(const Controls& controls, Session& session, TextureViewer& viewer,
                              MessageBoxes& boxes)
     : c_(controls), session_(session), viewer_(viewer), boxes_(boxes),
-      dds_(session.archive, session.archivePath),
+      dds_(session.archive, session.archivePath, session.archiveFile),
       connection_(c_.Output[TexturePane].click.connect([this] { showSelectedTexture(); })) {}
 
 void TextureChoice::showSelectedTexture() {

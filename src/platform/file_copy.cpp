@@ -1,6 +1,5 @@
 #include "platform/file_copy.hpp"
 
-#include "platform/files.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <algorithm>
@@ -86,16 +85,14 @@ int flushBefore(int file, std::uint64_t done) {
 
 } // namespace
 
-FileCopy::FileCopy(const std::string& source, const std::string& folder, const Progress& progress) {
-    const FileHandle from{::open(source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)};
-    if (!from) fail(errno, source);
-    const struct stat info = infoOf(from.get(), source);
-    if (!S_ISREG(info.st_mode)) fail(EISDIR, source);
+FileCopy::FileCopy(const InputFile& source, const std::string& folder, const Progress& progress) {
+    const int from = source.handle();
+    const struct stat info = infoOf(from, source.path());
     create(folder);
     const auto size = static_cast<std::uint64_t>(info.st_size);
     progress(0, size);
-    if (::ioctl(copy_.get(), FICLONE, from.get()) != 0) {
-        Copying copying{from.get(), copy_.get()};
+    if (::ioctl(copy_.get(), FICLONE, from) != 0) {
+        Copying copying{from, copy_.get()};
         for (std::uint64_t done = 0; done < size;) {
             done = std::min(done + partSize, size);
             int error = copying.upTo(done);
@@ -107,8 +104,8 @@ FileCopy::FileCopy(const std::string& source, const std::string& folder, const P
     // A file system without permissions keeps none.
     if (::fchmod(copy_.get(), info.st_mode & 0777U) != 0 && errno != EPERM) fail(errno, folder);
     if (::fsync(copy_.get()) != 0) fail(errno, folder);
-    const bool sourceIsSame = infoOf(from.get(), source).st_size == info.st_size;
-    if (!sourceIsSame || infoOf(copy_.get(), folder).st_size != info.st_size) fail(EIO, source);
+    const bool sourceIsSame = infoOf(from, source.path()).st_size == info.st_size;
+    if (!sourceIsSame || infoOf(copy_.get(), folder).st_size != info.st_size) fail(EIO, source.path());
 }
 
 FileCopy::HiddenName::~HiddenName() {

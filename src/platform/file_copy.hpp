@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_handle.hpp"
+#include "platform/files.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -18,7 +19,7 @@ public:
     /// Copies `source` into `folder`, by sharing its blocks where the file system can. The copy has the
     /// source's permissions. Fails where either cannot be had, where the disk is full, and where the copy's
     /// length is not the source's.
-    FileCopy(const std::string& source, const std::string& folder, const Progress& progress);
+    FileCopy(const InputFile& source, const std::string& folder, const Progress& progress);
     FileCopy(const FileCopy&) = delete;
     FileCopy& operator=(const FileCopy&) = delete;
 

@@ -8,14 +8,14 @@
 
 namespace pelrath {
 
-FileMode fileMode(const std::string& path) {
+FileMode fileMode(const InputFile& file) {
     struct stat info {};
-    if (::stat(path.c_str(), &info) != 0) throw makeSystemError(errno, "fileMode", path);
+    if (::fstat(file.handle(), &info) != 0) throw makeSystemError(errno, "fileMode", file.path());
     return info.st_mode & 07777U;
 }
 
-void setFileMode(const std::string& path, FileMode mode) {
-    if (::chmod(path.c_str(), mode) != 0) throw makeSystemError(errno, "setFileMode", path);
+void setFileMode(const InputFile& file, FileMode mode) {
+    if (::fchmod(file.handle(), mode) != 0) throw makeSystemError(errno, "setFileMode", file.path());
 }
 
 bool isReadOnly(FileMode mode) { return (mode & S_IWUSR) == 0; }

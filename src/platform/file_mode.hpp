@@ -1,16 +1,16 @@
 #pragma once
 
-#include <string>
+#include "platform/files.hpp"
 
-/// The read-only attribute of a file. It is set where the owner has no write permission; links are followed.
+/// The read-only attribute of an opened file, whatever its name is by now. It is set where the owner has no
+/// write permission.
 namespace pelrath {
 
 /// Permission bits as the system counts them (07777).
 using FileMode = unsigned;
 
-/// Fails where there is no such file.
-[[nodiscard]] FileMode fileMode(const std::string& path);
-void setFileMode(const std::string& path, FileMode mode);
+[[nodiscard]] FileMode fileMode(const InputFile& file);
+void setFileMode(const InputFile& file, FileMode mode);
 
 [[nodiscard]] bool isReadOnly(FileMode mode);
 /// The mode with the owner's write permission added.

@@ -53,7 +53,6 @@ bool readAll(int file, std::span<std::byte> into, std::uint64_t offset) {
 Outcome overwriteOpened(int file, std::uint64_t offset, Bytes bytes, std::span<std::byte> old) {
     struct stat info {};
     if (::fstat(file, &info) != 0) return {Step::NotBegun, errno};
-    if (!S_ISREG(info.st_mode)) return {Step::NotBegun, EISDIR};
     const auto size = static_cast<std::uint64_t>(info.st_size);
     if (offset > size || bytes.size() > size - offset) return {Step::Outside, 0};
     if (!readAll(file, old, offset)) return {Step::NotBegun, errno};
@@ -127,14 +126,18 @@ void writeInto(const std::string& path, std::uint64_t offset, Bytes bytes) {
     }
 }
 
-void overwriteWholly(const std::string& path, std::uint64_t offset, Bytes bytes) {
+void overwriteWholly(const InputFile& opened, std::uint64_t offset, Bytes bytes) {
+    const std::string& path = opened.path();
+    // Leads to the file itself, also when another has its name.
+    const std::string itself = "/proc/self/fd/" + std::to_string(opened.handle());
     std::vector<std::byte> old(bytes.size());
     const Outcome outcome = inChild([&] {
-        const FileHandle file = openToWrite(path.c_str(), O_RDWR);
+        const FileHandle file = openToWrite(itself.c_str(), O_RDWR);
         return file ? overwriteOpened(file.get(), offset, bytes, old) : Outcome{Step::NotBegun, errno};
     });
     if (outcome.step == Step::Done) return;
-    if (outcome.step == Step::Outside) throw makeError(ErrorNumber::InputPastEnd, "overwriteWholly", path);
+    if (outcome.step == Step::Outside)
+        throw makeError(ErrorNumber::InputPastEnd, "overwriteWholly", path + " is too short");
     const std::string place =
         std::to_string(bytes.size()) + " bytes at " + std::to_string(offset) + " of " + path;
     throw makeSystemError(outcome.error, "overwriteWholly",

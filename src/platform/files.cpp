@@ -26,6 +26,14 @@ bool isFolder(const std::string& path, bool& exists) {
     return exists && S_ISDIR(info.st_mode);
 }
 
+FileIdentity identityOf(const struct stat& info) {
+    const auto nanoseconds = [](const timespec& time) {
+        return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+    };
+    return {info.st_dev, info.st_ino, static_cast<std::uint64_t>(info.st_size), nanoseconds(info.st_mtim),
+            nanoseconds(info.st_ctim)};
+}
+
 // The path that a link leads to, be there a file or not; any other path as it is.
 std::string endOfLinks(const std::string& path) {
     std::error_code none;
@@ -48,6 +56,12 @@ bool fileExists(const std::string& path) {
 bool folderExists(const std::string& path) {
     bool exists = false;
     return isFolder(path, exists);
+}
+
+std::optional<FileIdentity> identityOf(const std::string& path) {
+    struct stat info {};
+    if (::stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
+    return identityOf(info);
 }
 
 bool sameFile(const std::string& a, const std::string& b) {
@@ -90,7 +104,18 @@ InputFile::InputFile(const std::string& path) : path_(path) {
     size_ = static_cast<std::uint64_t>(info.st_size);
 }
 
-InputFile::~InputFile() { ::close(handle_); }
+InputFile::~InputFile() {
+    if (handle_ >= 0) ::close(handle_);
+}
+
+InputFile::InputFile(InputFile&& other) noexcept
+    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, -1)), size_(other.size_) {}
+
+FileIdentity InputFile::identity() const {
+    struct stat info {};
+    if (::fstat(handle_, &info) != 0) fail("InputFile", path_);
+    return identityOf(info);
+}
 
 void InputFile::readAt(std::uint64_t offset, std::span<std::byte> into) const {
     if (offset > size_ || into.size() > size_ - offset) {
@@ -100,7 +125,8 @@ void InputFile::readAt(std::uint64_t offset, std::span<std::byte> into) const {
         const ssize_t count = ::pread(handle_, into.data(), into.size(), static_cast<off_t>(offset));
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) fail("InputFile", path_);
-        if (count == 0) throw makeError(ErrorNumber::InputPastEnd, "InputFile", path_);
+        if (count == 0)
+            throw makeError(ErrorNumber::InputPastEnd, "InputFile", path_ + " has become shorter meanwhile");
         offset += static_cast<std::uint64_t>(count);
         into = into.subspan(static_cast<std::size_t>(count));
     }

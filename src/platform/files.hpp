@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/file_identity.hpp"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -40,12 +42,19 @@ public:
     /// Fails for a missing file, a folder, or a file that cannot be opened.
     explicit InputFile(const std::string& path);
     ~InputFile();
+    InputFile(InputFile&& other) noexcept;
+    InputFile& operator=(InputFile&&) = delete;
     InputFile(const InputFile&) = delete;
     InputFile& operator=(const InputFile&) = delete;
 
     /// Length in bytes when it was opened.
     [[nodiscard]] std::uint64_t size() const { return size_; }
+    /// Where it was found; another file may have that name by now.
     [[nodiscard]] const std::string& path() const { return path_; }
+    /// As it is now.
+    [[nodiscard]] FileIdentity identity() const;
+    /// The system's handle, for what else of this room works on the very file.
+    [[nodiscard]] int handle() const { return handle_; }
 
     /// Fills `into` with the bytes from the 0-based position `offset`. Fails with "Input past end of file"
     /// unless all of them lie inside the file.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "archive/archive_file.hpp"
 #include "archive/catalogue.hpp"
 #include "mainwindow/viewer/viewer_state.hpp"
 #include "settings/application_settings.hpp"
@@ -12,18 +13,12 @@ namespace pelrath {
 /// What the dialog of one texture is opened for.
 enum class DialogMode : std::int16_t { Insertion = 0, Extraction = 1 };
 
-/// A file as it was when it was read.
-struct ReadFile {
-    std::string path;
-    std::uint64_t size = 0; ///< bytes
-};
-
 /// The values that the program's windows share. Made once, in main(), and handed on by reference.
 struct Session {
     std::string programFolder;
 
     CddsArchive archive;     ///< of the last read; replaced whole
-    ReadFile archiveFile;    ///< that `archive` describes; an insertion writes into no other
+    ArchiveFile archiveFile; ///< that `archive` describes; levels are read from and written into no other
     std::string archivePath; ///< chosen last; the next read reads it
     /// Row of the texture pane chosen last, -1 when none is; always a texture of `archive` when not -1,
     /// save for the 0 it starts with.

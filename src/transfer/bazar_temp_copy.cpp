@@ -45,7 +45,7 @@ void BazarTempCopy::requireNotTheArchive(const std::string& destination) const {
 }
 
 bool BazarTempCopy::chooseType(std::int16_t textureIndex) {
-    const DdsExport dds{session_.archive, session_.archivePath};
+    const DdsExport dds{session_.archive, session_.archivePath, session_.archiveFile};
     const auto native = dds.nativeImageKind(textureIndex);
     const OutputFileType type =
         native && native->kind == ImageFileKind::Tga ? OutputFileType::Tga : OutputFileType::Bmp;

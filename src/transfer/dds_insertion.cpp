@@ -1,7 +1,6 @@
 #include "transfer/dds_insertion.hpp"
 
 #include "platform/files.hpp"
-#include "transfer/archive_as_read.hpp"
 #include "transfer/image_file_name.hpp"
 #include "transfer/insertion_attempt.hpp"
 
@@ -19,17 +18,17 @@ DdsInsertion::DdsInsertion(const Controls& controls, MessageBoxes& boxes, const 
     : c_(controls), boxes_(boxes), session_(session), state_(state), safeCopy_(safeCopy), readOnly_(readOnly),
       images_(images), bazarTemp_(bazarTemp) {}
 
-void DdsInsertion::insertFromDdsFiles() {
+void DdsInsertion::insertFromDdsFiles(HeldArchive& archive) {
     summary_.clear();
     showSummary();
     if (nothingChosen()) {
         summary_ = std::string{"No mipmap selected."} + lineBreak + "0 mipmap(s) inserted." + lineBreak;
         showSummary();
-    } else if (!mayBegin()) {
+    } else if (!mayBegin(archive)) {
         summary_ += "Insertion canceled.";
         showSummary();
     } else if (c_.chkDestination[ToArchive].checked()) {
-        insertIntoArchive();
+        insertIntoArchive(archive);
     }
     if (c_.chkDestination[ToBazarTemp].checked()) {
         attemptInsertion(boxes_, [this] { copyIntoBazarTemp(); });
@@ -41,30 +40,30 @@ bool DdsInsertion::nothingChosen() const {
            checkedLevels().empty();
 }
 
-bool DdsInsertion::mayBegin() {
-    const bool asRead = !c_.chkDestination[ToArchive].checked() ||
-                        attemptInsertion(boxes_, [this] { requireArchiveAsRead(session_); });
-    const bool safe = asRead && safeCopy_.makeSafeCopy(summary_);
+bool DdsInsertion::mayBegin(HeldArchive& archive) {
+    const bool asRead =
+        !c_.chkDestination[ToArchive].checked() || attemptInsertion(boxes_, [&] { archive.requireTables(); });
+    const bool safe = asRead && safeCopy_.makeSafeCopy(archive, summary_);
     showSummary();
     return safe;
 }
 
-void DdsInsertion::insertIntoArchive() {
-    if (readOnly_.handleReadOnlyArchive(ReadOnlyArchive::BeforeWriting, summary_)) {
+void DdsInsertion::insertIntoArchive(HeldArchive& archive) {
+    if (readOnly_.handleReadOnlyArchive(ReadOnlyArchive::BeforeWriting, archive, summary_)) {
         switch (state_.mipmapOperation) {
         case Single:
         case External:
-            insertLevels(checkedLevels(), " mipmap(s) inserted.");
+            insertLevels(archive, checkedLevels(), " mipmap(s) inserted.");
             break;
         case Embedded:
-            insertLevels({LevelWriter::everyLevel}, " Mipmap(s) inserted.");
+            insertLevels(archive, {LevelWriter::everyLevel}, " Mipmap(s) inserted.");
             break;
         case Create:
-            createFromLargest();
+            createFromLargest(archive);
             break;
         }
     }
-    readOnly_.handleReadOnlyArchive(ReadOnlyArchive::AfterWriting, summary_);
+    readOnly_.handleReadOnlyArchive(ReadOnlyArchive::AfterWriting, archive, summary_);
     showSummary();
 }
 
@@ -76,8 +75,9 @@ std::vector<std::int16_t> DdsInsertion::checkedLevels() const {
     return levels;
 }
 
-void DdsInsertion::insertLevels(const std::vector<std::int16_t>& levels, const char* countWords) {
-    LevelWriter writer{session_};
+void DdsInsertion::insertLevels(HeldArchive& archive, const std::vector<std::int16_t>& levels,
+                                const char* countWords) {
+    LevelWriter writer{archive};
     std::vector<Source> sources;
     attemptInsertion(boxes_, [&] {
         for (const std::int16_t level : levels) {
@@ -120,8 +120,8 @@ DdsInsertion::Source DdsInsertion::hold(LevelWriter& writer, std::int16_t level)
     return source;
 }
 
-void DdsInsertion::createFromLargest() {
-    images_.performSimpleImageInsertion(ImageFileKind::Dds);
+void DdsInsertion::createFromLargest(HeldArchive& archive) {
+    images_.performSimpleImageInsertion(ImageFileKind::Dds, archive);
     // Its summary starts anew, and would hide the safe copy's name and what became of the attribute. That no
     // copy was made it says as well.
     const std::string ofCopy = summary_.substr(0, summary_.find(lineBreak) + std::string{lineBreak}.size());

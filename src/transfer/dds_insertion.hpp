@@ -30,7 +30,7 @@ public:
                  const TransferState& state, SafeCopy& safeCopy, ReadOnlyArchive& readOnly,
                  ImageInsertion& images, BazarTempCopy& bazarTemp);
 
-    void insertFromDdsFiles();
+    void insertFromDdsFiles(HeldArchive& archive);
 
 private:
     /// A file, and how many levels are held once its own are: it is inserted when that many are written.
@@ -42,15 +42,15 @@ private:
     };
 
     [[nodiscard]] bool nothingChosen() const;
-    bool mayBegin();
-    void insertIntoArchive();
+    bool mayBegin(HeldArchive& archive);
+    void insertIntoArchive(HeldArchive& archive);
     [[nodiscard]] std::vector<std::int16_t> checkedLevels() const;
     /// Each of the levels from its own file, or LevelWriter::everyLevel from that of level 0.
-    void insertLevels(const std::vector<std::int16_t>& levels, const char* countWords);
+    void insertLevels(HeldArchive& archive, const std::vector<std::int16_t>& levels, const char* countWords);
     /// Whether the file is there, which is appended to the summary.
     static bool checkSourceFile(const std::string& path, std::string& summary);
     [[nodiscard]] Source hold(LevelWriter& writer, std::int16_t level) const;
-    void createFromLargest();
+    void createFromLargest(HeldArchive& archive);
     void copyIntoBazarTemp();
     void showSummary();
 

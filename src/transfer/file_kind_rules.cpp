@@ -20,7 +20,7 @@ void FileKindRules::chooseNativeKind() {
         c_.optMipmaps[operation].setEnabled(false);
         c_.optMipmaps[operation].deselect();
     }
-    const DdsExport dds{session_.archive, session_.archivePath};
+    const DdsExport dds{session_.archive, session_.archivePath, session_.archiveFile};
     if (const auto native = dds.nativeImageKind(session_.selectedTexture))
         state_.imageFileKind = native->kind;
     if (inserting()) {

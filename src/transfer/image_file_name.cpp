@@ -48,13 +48,8 @@ const std::string& checkedFileName(const std::string& name) {
 }
 
 std::string buildImageFileName(const Session& session, std::int16_t level, ImageFileKind kind) {
-    const auto texture = static_cast<std::size_t>(session.selectedTexture);
-    const auto& textures = session.archive.textures;
-    if (session.selectedTexture < 0 || texture >= textures.size() || level < 0 ||
-        static_cast<std::size_t>(level) >= textures[texture].mipmaps.size()) {
-        throw makeError(ErrorNumber::SubscriptOutOfRange, "buildImageFileName");
-    }
-    const MipmapRecord& mipmap = textures[texture].mipmaps[static_cast<std::size_t>(level)];
+    const DdsExport dds{session.archive, session.archivePath, session.archiveFile};
+    const MipmapRecord& mipmap = dds.level(session.selectedTexture, level);
     return joinPath(session.exportImportFolder, checkedFileName(session.selectedBaseName) + "-" +
                                                     std::to_string(mipmap.width) + "x" +
                                                     std::to_string(mipmap.height) + extensionOf(kind));

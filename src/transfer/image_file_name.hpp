@@ -10,8 +10,7 @@ namespace pelrath {
 
 /// The file in the Export/Import folder that holds the chosen texture's level as an image of that kind:
 /// base name, "-", width, "x", height, and the kind's extension. Fails with "Bad file name" for a name that
-/// would lead elsewhere or that no file can have, and with "Subscript out of range" for a level that the
-/// texture does not have.
+/// would lead elsewhere or that no file can have, and for a level that the texture does not have.
 [[nodiscard]] std::string buildImageFileName(const Session& session, std::int16_t level, ImageFileKind kind);
 
 /// `name`, when it can be a file name as it stands. Fails with "Bad file name" for one that is empty, "." or

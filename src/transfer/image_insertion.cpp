@@ -2,7 +2,6 @@
 
 #include "platform/files.hpp"
 #include "platform/scratch_file.hpp"
-#include "transfer/archive_as_read.hpp"
 #include "transfer/image_file_name.hpp"
 #include "transfer/image_library_use.hpp"
 #include "transfer/insertion_attempt.hpp"
@@ -26,18 +25,18 @@ ImageInsertion::ImageInsertion(const Controls& controls, MessageBoxes& boxes, co
     : c_(controls), boxes_(boxes), session_(session), state_(state), imaging_(imaging), safeCopy_(safeCopy),
       readOnly_(readOnly), builder_(imaging, session.programFolder) {}
 
-void ImageInsertion::performSimpleImageInsertion(ImageFileKind kind) {
+void ImageInsertion::performSimpleImageInsertion(ImageFileKind kind, HeldArchive& archive) {
     summary_.clear();
     showSummary();
     const std::optional<Choice> choice = choose();
-    if (choice && !mayBegin()) {
+    if (choice && !mayBegin(archive)) {
         summary_ += "Insertion canceled.";
         showSummary();
         return;
     }
-    LevelWriter writer{session_};
+    LevelWriter writer{archive};
     if (choice) {
-        insertGuarded(kind, *choice, writer);
+        insertGuarded(kind, *choice, archive, writer);
     } else {
         summary_ += std::string{"No mipmap selected."} + lineBreak;
     }
@@ -52,18 +51,19 @@ std::optional<ImageInsertion::Choice> ImageInsertion::choose() const {
     return Choice{level, false, level};
 }
 
-bool ImageInsertion::mayBegin() {
-    if (!attemptInsertion(boxes_, [this] { requireArchiveAsRead(session_); })) return false;
-    const bool safe = safeCopy_.makeSafeCopy(summary_);
+bool ImageInsertion::mayBegin(HeldArchive& archive) {
+    if (!attemptInsertion(boxes_, [&] { archive.requireTables(); })) return false;
+    const bool safe = safeCopy_.makeSafeCopy(archive, summary_);
     showSummary();
     return safe;
 }
 
-void ImageInsertion::insertGuarded(ImageFileKind kind, const Choice& choice, LevelWriter& writer) {
-    if (!readOnly_.handleReadOnlyArchive(ReadOnlyArchive::BeforeWriting, summary_)) return;
+void ImageInsertion::insertGuarded(ImageFileKind kind, const Choice& choice, HeldArchive& archive,
+                                   LevelWriter& writer) {
+    if (!readOnly_.handleReadOnlyArchive(ReadOnlyArchive::BeforeWriting, archive, summary_)) return;
     showSummary();
     attemptInsertion(boxes_, [&] { insertImage(kind, choice, writer); });
-    readOnly_.handleReadOnlyArchive(ReadOnlyArchive::AfterWriting, summary_);
+    readOnly_.handleReadOnlyArchive(ReadOnlyArchive::AfterWriting, archive, summary_);
 }
 
 void ImageInsertion::insertImage(ImageFileKind kind, const Choice& choice, LevelWriter& writer) {
@@ -91,7 +91,7 @@ void ImageInsertion::insertImage(ImageFileKind kind, const Choice& choice, Level
 }
 
 bool ImageInsertion::chooseFormat() {
-    const DdsExport dds{session_.archive, session_.archivePath};
+    const DdsExport dds{session_.archive, session_.archivePath, session_.archiveFile};
     const auto native = dds.nativeImageKind(session_.selectedTexture);
     const OutputFileType type =
         native && native->kind == ImageFileKind::Bmp ? OutputFileType::DdsDxt1 : OutputFileType::DdsDxt5;

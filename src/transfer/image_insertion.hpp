@@ -29,7 +29,7 @@ public:
                    const TransferState& state, const TransferImaging& imaging, SafeCopy& safeCopy,
                    ReadOnlyArchive& readOnly);
 
-    void performSimpleImageInsertion(ImageFileKind kind);
+    void performSimpleImageInsertion(ImageFileKind kind, HeldArchive& archive);
 
 private:
     /// Which level's image is the source, and what of the built file goes where.
@@ -40,8 +40,8 @@ private:
     };
 
     [[nodiscard]] std::optional<Choice> choose() const;
-    bool mayBegin();
-    void insertGuarded(ImageFileKind kind, const Choice& choice, LevelWriter& writer);
+    bool mayBegin(HeldArchive& archive);
+    void insertGuarded(ImageFileKind kind, const Choice& choice, HeldArchive& archive, LevelWriter& writer);
     void insertImage(ImageFileKind kind, const Choice& choice, LevelWriter& writer);
     bool chooseFormat();
     bool build(const std::string& path, std::uint32_t image);

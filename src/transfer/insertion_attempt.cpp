@@ -1,15 +1,21 @@
 #include "transfer/insertion_attempt.hpp"
 
-#include "transfer/archive_as_read.hpp"
+#include "archive/archive_file.hpp"
 #include "transfer/failure_report.hpp"
 
 namespace pelrath {
 
-bool attemptInsertion(MessageBoxes& boxes, const std::function<void()>& work) try {
-    return attempt(boxes, {"Insertion Error Number: ", "Insertion Error : "}, work);
-} catch (const ArchiveRefused& refused) {
-    boxes.exclamation(refused.what(), "Pelrath - Insertion refused");
-    return false;
+bool attemptInsertion(MessageBoxes& boxes, const std::function<void()>& work) {
+    bool refused = false;
+    const auto guarded = [&] {
+        try {
+            work();
+        } catch (const ArchiveRefused& refusal) {
+            refused = true;
+            boxes.exclamation(refusal.description() + ".", "Pelrath - Insertion refused");
+        }
+    };
+    return attempt(boxes, {"Insertion Error Number: ", "Insertion Error : "}, guarded) && !refused;
 }
 
 } // namespace pelrath

@@ -1,10 +1,8 @@
 #include "transfer/level_writer.hpp"
 
 #include "archive/table_places.hpp"
-#include "platform/file_patch.hpp"
 #include "platform/files.hpp"
 #include "platform/runtime_error.hpp"
-#include "transfer/archive_as_read.hpp"
 
 namespace pelrath {
 
@@ -18,8 +16,8 @@ std::vector<std::byte> readFileBytes(const std::string& path, std::int64_t posit
     return bytes;
 }
 
-void writeArchiveBytes(const std::string& path, std::int64_t position, const std::vector<std::byte>& bytes) {
-    overwriteWholly(path, static_cast<std::uint64_t>(position - 1), bytes);
+void writeArchiveBytes(HeldArchive& archive, std::int64_t position, const std::vector<std::byte>& bytes) {
+    archive.overwrite(static_cast<std::uint64_t>(position - 1), bytes);
 }
 
 void LevelWriter::readMipmapLevels(const std::string& sourcePath, std::int16_t textureIndex, bool chained,
@@ -27,10 +25,11 @@ void LevelWriter::readMipmapLevels(const std::string& sourcePath, std::int16_t t
     std::int64_t skip = 0;
     std::int16_t i = 0;
     for (const MipmapRecord& level :
-         session_.archive.textures.at(static_cast<std::size_t>(textureIndex)).mipmaps) {
+         archive_.session().archive.textures.at(static_cast<std::size_t>(textureIndex)).mipmaps) {
         if (level.dataSize == 0 && i == selectedLevel) {
-            throw makeError(ErrorNumber::InvalidCall, "readMipmapLevels",
-                            "level " + std::to_string(i) + " has no data in the archive");
+            throw RuntimeError{static_cast<int>(ErrorNumber::InvalidCall), "readMipmapLevels",
+                               "level " + std::to_string(i) + " of the texture has no data in " +
+                                   archive_.session().archivePath + ". Please choose another"};
         }
         if (level.dataSize > 0 && (selectedLevel == everyLevel || selectedLevel == i)) {
             held_.push_back(
@@ -42,20 +41,21 @@ void LevelWriter::readMipmapLevels(const std::string& sourcePath, std::int16_t t
 }
 
 void LevelWriter::checkArchive() const {
-    const ArchiveContents contents = requireArchiveAsRead(session_);
+    const ArchiveContents contents = archive_.requireTables();
     for (const HeldLevel& level : held_) {
         if (!touchesTables(contents, level.dataOffset, static_cast<std::int64_t>(level.data.size())))
             continue;
-        throw ArchiveRefused{session_.archivePath + " is damaged: the data at " +
-                             std::to_string(level.dataOffset) +
-                             " would overwrite its tables.\r\n\r\nPlease take a fresh copy of the file."};
+        throw ArchiveRefused{static_cast<int>(ErrorNumber::PathFileAccess), "checkArchive",
+                             archive_.session().archivePath + " is damaged: the data at " +
+                                 std::to_string(level.dataOffset) +
+                                 " would overwrite its tables. Please take a fresh copy of the file"};
     }
 }
 
 std::int16_t LevelWriter::writeHeldLevels() {
     checkArchive();
     for (const HeldLevel& level : held_) {
-        writeArchiveBytes(session_.archivePath, level.dataOffset + 1, level.data);
+        writeArchiveBytes(archive_, level.dataOffset + 1, level.data);
         ++written_;
     }
     return written_;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "archive/dds_export.hpp"
-#include "session/session.hpp"
+#include "transfer/held_archive.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -25,15 +25,15 @@ public:
 [[nodiscard]] std::vector<std::byte> readFileBytes(const std::string& path, std::int64_t position,
                                                    std::int64_t size);
 
-/// Writes the bytes over those at the 1-based `position` of the archive, which is opened for this one write:
-/// all of them or none (see overwriteWholly()), flushed. Never changes the archive's length.
-void writeArchiveBytes(const std::string& path, std::int64_t position, const std::vector<std::byte>& bytes);
+/// Writes the bytes over those at the 1-based `position` of the archive, as HeldArchive::overwrite() does.
+/// Never changes the archive's length.
+void writeArchiveBytes(HeldArchive& archive, std::int64_t position, const std::vector<std::byte>& bytes);
 
-/// Copies level data from DDS files over that of the session's archive, for one insertion. Every byte is read
+/// Copies level data from DDS files over that of the archive, for one insertion. Every byte is read
 /// and held before the first one is written. Levels are given by index, a texture by its index too.
 class LevelWriter {
 public:
-    explicit LevelWriter(const Session& session) : session_(session) {}
+    explicit LevelWriter(HeldArchive& archive) : archive_(archive) {}
 
     static constexpr std::int16_t everyLevel = -1;
 
@@ -63,7 +63,7 @@ private:
     };
     void checkArchive() const;
 
-    const Session& session_;
+    HeldArchive& archive_;
     std::vector<HeldLevel> held_;
     std::int16_t written_ = 0;
 };

@@ -1,15 +1,14 @@
 #include "transfer/read_only_archive.hpp"
 
-#include "platform/files.hpp"
 #include "transfer/failure_report.hpp"
 
 namespace pelrath {
 
-bool ReadOnlyArchive::handleReadOnlyArchive(Action action, std::string& summary) {
+bool ReadOnlyArchive::handleReadOnlyArchive(Action action, HeldArchive& archive, std::string& summary) {
     bool proceed = true;
     const bool done = attempt(boxes_, {"", "CDDS Attributes Error : "}, [&] {
         if (action == BeforeWriting) {
-            proceed = makeWritable(summary);
+            proceed = makeWritable(archive.file(), summary);
         } else {
             restore(summary);
         }
@@ -17,29 +16,27 @@ bool ReadOnlyArchive::handleReadOnlyArchive(Action action, std::string& summary)
     return proceed && (done || action == AfterWriting);
 }
 
-bool ReadOnlyArchive::makeWritable(std::string& summary) {
-    const std::string& path = session_.archivePath;
-    const FileMode before = fileMode(path);
+bool ReadOnlyArchive::makeWritable(const std::shared_ptr<const InputFile>& archive, std::string& summary) {
+    const FileMode before = fileMode(*archive);
     if (!isReadOnly(before)) return true;
-    const BoxAnswer answer = boxes_.show(
-        path + " is Read Only.\r\n\r\n- Select Ok to make it writable and perform the insertion,\r\n"
-               "- Select Cancel to abort the insertion.",
-        "CDDS is read only", BoxIcon::Question, BoxButtons::OkCancel);
+    const BoxAnswer answer =
+        boxes_.show(archive->path() +
+                        " is Read Only.\r\n\r\n- Select Ok to make it writable and perform the insertion,\r\n"
+                        "- Select Cancel to abort the insertion.",
+                    "CDDS is read only", BoxIcon::Question, BoxButtons::OkCancel);
     if (answer == BoxAnswer::Cancel) {
         madeWritable_.reset();
         return false;
     }
-    setFileMode(path, writable(before));
-    madeWritable_ = {path, before};
+    setFileMode(*archive, writable(before));
+    madeWritable_ = {archive, before};
     summary += "CDDS Attributes changed to Read Write\r\n";
     return true;
 }
 
 void ReadOnlyArchive::restore(std::string& summary) {
     if (!madeWritable_) return;
-    const MadeWritable made = *madeWritable_;
-    if (!fileExists(made.path)) madeWritable_.reset(); // told once; there is nothing to try again
-    setFileMode(made.path, made.before);
+    setFileMode(*madeWritable_->file, madeWritable_->before);
     madeWritable_.reset();
     summary += "CDDS Attributes changed to Read Only\r\n";
 }

@@ -2,9 +2,10 @@
 
 #include "platform/file_mode.hpp"
 #include "platform/message_boxes.hpp"
-#include "session/session.hpp"
+#include "transfer/held_archive.hpp"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -15,23 +16,23 @@ class ReadOnlyArchive {
 public:
     enum Action : std::int32_t { BeforeWriting = 0, AfterWriting = 1 };
 
-    ReadOnlyArchive(MessageBoxes& boxes, const Session& session) : boxes_(boxes), session_(session) {}
+    explicit ReadOnlyArchive(MessageBoxes& boxes) : boxes_(boxes) {}
 
     /// Before: asks and clears the attribute where it is set. After: gives an archive that was made writable
-    /// its very permissions back. Appends what was done to the summary and answers whether the operation may
-    /// proceed; what fails is told in a message, and is tried again by the next `AfterWriting`.
-    bool handleReadOnlyArchive(Action action, std::string& summary);
+    /// its very permissions back, wherever it is by now. Appends what was done to the summary and answers
+    /// whether the operation may proceed; what fails is told in a message, and is tried again by the next
+    /// `AfterWriting`.
+    bool handleReadOnlyArchive(Action action, HeldArchive& archive, std::string& summary);
 
 private:
-    bool makeWritable(std::string& summary);
+    bool makeWritable(const std::shared_ptr<const InputFile>& archive, std::string& summary);
     void restore(std::string& summary);
 
     struct MadeWritable {
-        std::string path;
+        std::shared_ptr<const InputFile> file;
         FileMode before;
     };
     MessageBoxes& boxes_;
-    const Session& session_;
     std::optional<MadeWritable> madeWritable_;
 };
 

@@ -35,7 +35,7 @@ private:
 
 } // namespace
 
-bool SafeCopy::makeSafeCopy(std::string& summary) {
+bool SafeCopy::makeSafeCopy(HeldArchive& archive, std::string& summary) {
     if (state_.safeCopyDone) return true; // what is about to be written is safe already
     if (!c_.chkSaveCdds.checked()) {
         summary += noCopyLine();
@@ -51,7 +51,8 @@ bool SafeCopy::makeSafeCopy(std::string& summary) {
     }
     c_.txtCDDSBackupFolder.setText(session_.settings.cddsBackupFolder);
     std::string copy;
-    state_.safeCopyDone = attempt(boxes_, {"", "Safe Copy Error : "}, [&] { copy = copyArchive(); });
+    state_.safeCopyDone =
+        attempt(boxes_, {"", "Safe Copy Error : "}, [&] { copy = copyArchive(*archive.file()); });
     summary += state_.safeCopyDone ? "Safe copy done as " + copy + lineBreak : noCopyLine();
     return state_.safeCopyDone;
 }
@@ -70,14 +71,14 @@ std::string SafeCopy::nameOf(std::int32_t number) const {
     return joinPath(session_.settings.cddsBackupFolder, name + "-" + std::to_string(number) + ".cdds");
 }
 
-std::string SafeCopy::copyArchive() const {
+std::string SafeCopy::copyArchive(const InputFile& archive) const {
     std::int32_t number = 0;
     while (number <= lastNumber && (fileExists(nameOf(number)) || folderExists(nameOf(number)))) {
         ++number;
     }
     if (number <= lastNumber) {
-        const CopySign sign{busy_, "Copying " + std::string{fileName(session_.archivePath)}};
-        FileCopy copy{session_.archivePath, session_.settings.cddsBackupFolder, std::cref(sign)};
+        const CopySign sign{busy_, "Copying " + std::string{fileName(archive.path())}};
+        FileCopy copy{archive, session_.settings.cddsBackupFolder, std::cref(sign)};
         // A name can have been taken meanwhile.
         for (; number <= lastNumber; ++number) {
             if (copy.takeName(nameOf(number))) return nameOf(number);

@@ -4,6 +4,7 @@
 #include "platform/message_boxes.hpp"
 #include "session/session.hpp"
 #include "transfer/destinations.hpp"
+#include "transfer/held_archive.hpp"
 #include "transfer/transfer_controls.hpp"
 
 #include <cstdint>
@@ -28,11 +29,11 @@ public:
 
     /// Makes the copy if one is wanted and this operation has none yet, appends what was done to the summary,
     /// and answers whether the operation may proceed: the copy is whole and on the disk, or not wanted.
-    bool makeSafeCopy(std::string& summary);
+    bool makeSafeCopy(HeldArchive& archive, std::string& summary);
 
 private:
     void requireFolder();
-    [[nodiscard]] std::string copyArchive() const;
+    [[nodiscard]] std::string copyArchive(const InputFile& archive) const;
     [[nodiscard]] std::string nameOf(std::int32_t number) const;
     [[nodiscard]] std::string noCopyLine() const;
 

@@ -82,7 +82,7 @@ void SetUp::showParts(bool insertion) {
 
 void SetUp::forTexture() {
     c_.Text1.setText(session_.archive.textures.at(static_cast<std::size_t>(session_.selectedTexture)).name);
-    const DdsExport dds{session_.archive, session_.archivePath};
+    const DdsExport dds{session_.archive, session_.archivePath, session_.archiveFile};
     const auto native = dds.nativeImageKind(session_.selectedTexture);
     c_.optOutFileType[NativeFileType].setCaption(native ? std::string{native->extension} : "");
     resolutions_.selectFirst();

@@ -18,7 +18,7 @@ TextureExtraction::TextureExtraction(const Controls& controls, MessageBoxes& box
                                      const TransferState& state, const TransferImaging& imaging,
                                      EditorLaunch& editor)
     : c_(controls), boxes_(boxes), session_(session), state_(state), imaging_(imaging), editor_(editor),
-      dds_(session.archive, session.archivePath) {}
+      dds_(session.archive, session.archivePath, session.archiveFile) {}
 
 bool TextureExtraction::checkOverwrite(const std::string& path, std::string& summary) {
     const CheckValue overwriting = c_.chkOverwriteExistingFiles.value();

@@ -21,9 +21,8 @@ TextureExtractionInsertion::TextureExtractionInsertion(Session& session, const T
                   state_, {facade_, images_, saveOptions_, libraryUse_}, editor_),
       safeCopy_({chkSaveCdds, txtCDDSBackupFolder}, boxes_, session, state_, services.chooseSafeCopyFolder,
                 services.busy),
-      readOnly_(boxes_, session),
-      imageInsertion_({List1, lstScaleFilter, ExtractSummary}, boxes_, session, state_,
-                      {facade_, images_, saveOptions_, libraryUse_}, safeCopy_, readOnly_),
+      readOnly_(boxes_), imageInsertion_({List1, lstScaleFilter, ExtractSummary}, boxes_, session, state_,
+                                         {facade_, images_, saveOptions_, libraryUse_}, safeCopy_, readOnly_),
       bazarTempCopy_(boxes_, session, {facade_, images_, saveOptions_, libraryUse_}),
       ddsInsertion_({List1, chkDestination, ExtractSummary}, boxes_, session, state_, safeCopy_, readOnly_,
                     imageInsertion_, bazarTempCopy_) {
@@ -64,10 +63,11 @@ void TextureExtractionInsertion::cmdExtractInsert_Click() {
 }
 
 void TextureExtractionInsertion::insert() {
+    HeldArchive archive{session_};
     if (state_.imageFileKind == ImageFileKind::Dds) {
-        ddsInsertion_.insertFromDdsFiles();
+        ddsInsertion_.insertFromDdsFiles(archive);
     } else {
-        imageInsertion_.performSimpleImageInsertion(state_.imageFileKind);
+        imageInsertion_.performSimpleImageInsertion(state_.imageFileKind, archive);
     }
 }
 
@@ -80,7 +80,7 @@ void TextureExtractionInsertion::extract() {
 }
 
 bool TextureExtractionInsertion::typeIsKnown() {
-    const DdsExport dds{session_.archive, session_.archivePath};
+    const DdsExport dds{session_.archive, session_.archivePath, session_.archiveFile};
     if (dds.nativeImageKind(session_.selectedTexture)) return true;
     const TextureRecord& texture =
         session_.archive.textures[static_cast<std::size_t>(session_.selectedTexture)];

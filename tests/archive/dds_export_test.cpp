@@ -1,5 +1,6 @@
 #include "archive/dds_export.hpp"
 
+#include "support/archive_builder.hpp"
 #include "support/temporary_folder.hpp"
 
 namespace pelrath::test {
@@ -8,28 +9,45 @@ namespace {
 using Names = std::vector<std::string>;
 
 struct DdsExportTest : testing::Test {
-    // A file of counting bytes, and a texture whose levels take of them what they like.
-    void open(const std::string& type, std::vector<MipmapRecord> levels) {
-        std::string bytes(4096, '\0');
-        for (std::size_t i = 0; i < bytes.size(); ++i) {
-            bytes[i] = static_cast<char>(i * 7 + i / 256);
+    // An archive of one texture whose levels take what they like of the file's bytes, which count up.
+    void open(const std::string& type, const std::vector<MipmapRecord>& levels, std::size_t size = 4096) {
+        ArchiveBuilder builder{CddsType::TypeCdds,
+                               {{"t.bmp", type, std::vector(levels.size(), LevelPlan{0, 0, ""})}}};
+        builder.build();
+        for (std::int32_t at = builder.tableAt[0] + 40; const MipmapRecord& level : levels) {
+            for (const std::int32_t value :
+                 {level.dataOffset - at, level.dataSize, level.height, level.width}) {
+                builder.patches[at] = value;
+                at += 4;
+            }
         }
+        std::string bytes = builder.build();
+        for (std::size_t i = bytes.size(); i < size; ++i) {
+            bytes += static_cast<char>(i * 7 + i / 256);
+        }
+        read(bytes);
+    }
+    void read(const std::string& bytes) {
         path = folder.write("a.cdds", bytes);
-        const auto count = static_cast<std::int32_t>(levels.size());
-        archive.textures = {{"t.bmp", type, count, std::move(levels)}};
+        const InputFile opened{path};
+        file = ArchiveFile{opened};
+        archive = makeCatalogue(readArchive(opened));
     }
     [[nodiscard]] std::string archiveBytes(std::size_t at, std::size_t size) const {
         return folder.read("a.cdds").substr(at, size);
     }
-    ErrorNumber failureOfLevel(const std::string& name, std::int16_t texture, std::int16_t level) {
-        return ErrorNumber{
-            failureOf([&] { dds.writeDdsLevelFile(folder.file(name), texture, level); }).number()};
+    RuntimeError failureOfLevel(const std::string& name, int texture, int level) {
+        return failureOf([&] {
+            dds.writeDdsLevelFile(folder.file(name), static_cast<std::int16_t>(texture),
+                                  static_cast<std::int16_t>(level));
+        });
     }
 
     TemporaryFolder folder;
     CddsArchive archive;
     std::string path;
-    DdsExport dds{archive, path};
+    ArchiveFile file;
+    DdsExport dds{archive, path, file};
 };
 
 TEST_F(DdsExportTest, LevelsAndChains) {
@@ -51,23 +69,23 @@ TEST_F(DdsExportTest, LevelsAndChains) {
 
 // In a small archive, levels that share their bytes can ask for a file of any size.
 TEST_F(DdsExportTest, AChainBeyondAnyFileIsRefusedBeforeItIsRead) {
-    open("DXT1", {});
-    std::filesystem::resize_file(path, 1000000);
-    archive.textures[0].mipmaps.assign(3000, {"DXT1", 0, 1000000, 64, 64});
+    open("DXT1", std::vector<MipmapRecord>(3000, {"DXT1", 0, 1000000, 64, 64}), 1000000);
     const RuntimeError error = failureOf([&] { dds.writeDdsChainFile(folder.file("out.dds"), 0); });
     EXPECT_EQ(error.number(), static_cast<int>(ErrorNumber::Overflow));
     EXPECT_EQ(folder.names(), Names{"a.cdds"});
 }
 
 TEST_F(DdsExportTest, FailsWithoutTouchingWhatIsThere) {
-    open("DXT1", {{"DXT1", 0, 0, 4, 4}, {"DXT1", 4000, 96, 4, 4}, {"DXT1", 4000, 97, 4, 4}});
+    open("DXT1", {{"DXT1", 0, 0, 4, 2}, {"DXT1", 4000, 96, 4, 4}});
     (void)folder.write("out.dds", "before");
-    EXPECT_EQ(failureOfLevel("out.dds", 0, 0), ErrorNumber::InvalidCall);  // no data
-    EXPECT_EQ(failureOfLevel("out.dds", 0, 2), ErrorNumber::InputPastEnd); // the archive is too short
-    for (const auto& [texture, level] : {std::pair{0, 3}, {0, -1}, {1, 0}, {-1, 0}}) {
-        EXPECT_EQ(
-            failureOfLevel("out.dds", static_cast<std::int16_t>(texture), static_cast<std::int16_t>(level)),
-            ErrorNumber::SubscriptOutOfRange);
+    const std::tuple<int, int, std::string> cases[] = {
+        {0, 0, "5 the level of 4 x 2 has no data in " + path + ". Please choose another"},
+        {0, 2, "9 the texture \"t.bmp\" has no level 2 in " + path + ". Please choose another"},
+        {0, -1, "9 the texture \"t.bmp\" has no level -1 in " + path + ". Please choose another"},
+        {1, 0, "9 texture 2 is not among those read from " + path + ". Please read the archive again"}};
+    for (const auto& [texture, level, words] : cases) {
+        const RuntimeError error = failureOfLevel("out.dds", texture, level);
+        EXPECT_EQ(std::to_string(error.number()) + " " + error.description(), words);
     }
     EXPECT_THROW(dds.writeDdsChainFile(folder.file("out.dds"), 0), RuntimeError);
     EXPECT_EQ(folder.read("out.dds"), "before");
@@ -80,19 +98,19 @@ TEST_F(DdsExportTest, AWriteThatFailsLeavesTheOldFileAndNoOther) {
     {
         const FullDisk disk{1000};
         for (const char* name : {"out.dds", "new.dds"}) {
-            EXPECT_NE(failureOfLevel(name, 0, 0), ErrorNumber{}) << name;
+            EXPECT_NE(failureOfLevel(name, 0, 0).number(), 0) << name;
         }
     }
     EXPECT_EQ(folder.read("out.dds"), "before");
     EXPECT_EQ(folder.names(), (Names{"a.cdds", "out.dds"}));
     std::filesystem::create_directory(folder.file("folder.dds"));
     for (const char* name : {"folder.dds", "missing/out.dds"}) {
-        EXPECT_NE(failureOfLevel(name, 0, 0), ErrorNumber{}) << name;
+        EXPECT_NE(failureOfLevel(name, 0, 0).number(), 0) << name;
     }
 }
 
 // Two blocks side by side, red and blue, half transparent where the type has soft alpha.
-TEST(DdsFiles, OtherProgramsSeeTheSamePicture) {
+TEST_F(DdsExportTest, OtherProgramsSeeTheSamePicture) {
     const std::string pillow =
         "/usr/bin/python3 -c 'import sys; from PIL import Image; "
         "sys.stdout.buffer.write(Image.open(sys.argv[1]).convert(\"RGBA\").tobytes())' ";
@@ -102,12 +120,9 @@ TEST(DdsFiles, OtherProgramsSeeTheSamePicture) {
         {"DXT5", bytesOf("8080 6*00 00F8 6*00 8080 6*00 1F00 6*00"),
          bytesOf("FF000080 FF000080 FF000080 FF000080 0000FF80 0000FF80 0000FF80 0000FF80")}};
     for (const auto& [type, blocks, row] : cases) {
-        const TemporaryFolder folder;
-        const std::string path = folder.write("a.cdds", blocks + blocks);
-        const auto size = static_cast<std::int32_t>(blocks.size());
-        const CddsArchive archive{
-            CddsType::TypeCdds, {{"t", type, 2, {{type, 0, size, 8, 4}, {type, size, size / 2, 4, 2}}}}, 2};
-        const DdsExport dds{archive, path};
+        ArchiveBuilder builder{CddsType::TypeCdds,
+                               {{"t", type, {{8, 4, blocks}, {4, 2, blocks.substr(blocks.size() / 2)}}}}};
+        read(builder.build());
         dds.writeDdsLevelFile(folder.file("level.dds"), 0, 0);
         dds.writeDdsChainFile(folder.file("chain.dds"), 0);
         const auto outputOf = [&](const std::string& command) {

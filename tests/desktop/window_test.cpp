@@ -76,7 +76,7 @@ TEST_F(RealWindow, TheLoopStopsAndStartsButNotInsideAMessageBox) {
         .then([this] {
             // A loop in there would keep the reaction behind the box from going on.
             EXPECT_FALSE(program.session.viewer.Running);
-            EXPECT_TRUE(dialog<QMessageBox>()->text().contains("has become shorter"));
+            EXPECT_TRUE(dialog<QMessageBox>()->text().contains("has been changed"));
             dialog<QMessageBox>()->accept();
         });
     untilLoop().then([this] {

@@ -56,7 +56,7 @@ TEST(Files, ReplacingKeepsTheOldPermissions) {
     const std::array<Bytes, 2> pieces{std::as_bytes(std::span{text}), std::as_bytes(std::span{text})};
     replaceFile(path, pieces, Durability::Flushed);
     EXPECT_EQ(folder.read("f"), "newnew");
-    EXPECT_EQ(fileMode(path), 0640U);
+    EXPECT_EQ(fileMode(InputFile{path}), 0640U);
     std::filesystem::create_symlink("f", folder.file("link")); // leads to the file that is meant
     replaceFile(folder.file("link"), std::span{pieces}.first(1), Durability::Scratch);
     EXPECT_EQ(row(std::filesystem::is_symlink(folder.file("link")), folder.read("f")), "true, new");

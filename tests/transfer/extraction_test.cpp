@@ -99,8 +99,12 @@ TEST_F(Extraction, AFailureIsToldAndLeavesNothingHalfWritten) {
             {"w.bmp", "e!", [this] { std::filesystem::remove(session.archivePath); }, "Error : 53 ",
              "0 file(s) extracted.", ""},
             {"w.bmp", "n!", [this] { std::filesystem::remove(session.archivePath); }, "Error : 53 ", "", ""},
-            {"w.bmp", "e!", [this] { std::filesystem::resize_file(session.archivePath, 100); }, "Error : 62 ",
+            {"w.bmp", "e!", [this] { std::filesystem::resize_file(session.archivePath, 100); }, "Error : 75 ",
              "0 file(s) extracted.", ""},
+            {"w.bmp", "x!", [this] { replaceByATwin(); }, "ImageSave Error : 75 another file has taken",
+             "0 file(s) extracted.", ""},
+            {"w.bmp", "n!", [this] { session.archivePath = folder.write("other", "DDS "); },
+             "ImageSave Error : 75 ", "", ""},
         };
     for (const auto& [name, clicks, spoil, words, summary, after] : cases) {
         std::filesystem::remove_all(folder.file("out"));

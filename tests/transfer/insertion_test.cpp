@@ -54,11 +54,9 @@ TEST(Insertion, PutsBackWhatWasExtractedByteForByte) {
             // Other data in the levels' places, so that what is put back can be seen.
             const std::string blank =
                 h.outside(before, *clicks == 's' ? std::optional<std::size_t>{0} : std::nullopt);
-            (void)h.folder.write("a.cdds", blank);
+            h.rewrite(blank);
             EXPECT_EQ(h.insert(clicks), copyLine(0) + lines);
-            EXPECT_TRUE(h.archive() == before && h.folder.read("copies/a-0.cdds") == blank &&
-                        h.catalogue() == h.session.archive)
-                << clicks;
+            EXPECT_TRUE(h.archive() == before && h.folder.read("copies/a-0.cdds") == blank) << clicks;
         }
     }
 }
@@ -72,7 +70,7 @@ TEST(Insertion, TakesEveryLevelBackFromItsImage) {
         const std::string before = h.archive();
         for (std::size_t i = 0; i < h.chosen().mipmaps.size(); ++i) {
             h.extract("nN" + std::to_string(i) + "!");
-            (void)h.folder.write("a.cdds", h.outside(before, i));
+            h.rewrite(h.outside(before, i));
             const std::string name = h.files();
             EXPECT_TRUE(name.ends_with("bmp") || h.folder.read("out/" + name)[17] == 0x28)
                 << "the top row first";
@@ -108,7 +106,7 @@ TEST(Insertion, CreatesTheChainWithEachFilter) {
             h.extract(std::string{kind} + "!");
             const std::string files = row(h.files(), h.files("program"));
             for (int filter = 0; filter < 9; ++filter) {
-                (void)h.folder.write("a.cdds", h.outside(before));
+                h.rewrite(h.outside(before));
                 EXPECT_EQ(h.insert(kind + ("cf" + std::to_string(filter) + "!")),
                           copyLine(filter) + "out/" + h.files() + "|5 mipmaps(s) inserted.");
                 EXPECT_TRUE(h.outside(h.archive()) == h.outside(before));
@@ -191,41 +189,63 @@ TEST_F(TroubledInsertion, TakesFromAnImageOfAnotherSizeWhatLiesInTheLevelsPlaces
 TEST_F(TroubledInsertion, RefusesAnArchiveThatIsNotTheOneRead) {
     put("wall-4x4.dds", chain);
     put("wall-4x4.bmp", bitmapOf(4, "48*00"));
-    std::string otherSides = before;
-    otherSides[32 + 64 + 40 + 12] = 8;
     const std::string path = session.archivePath;
-    const std::function<void()> changes[] = {
-        [&] { session.archivePath = folder.write("b.cdds", before); },
-        [&] { (void)(session.archivePath = path, folder.write("a.cdds", before + "more")); },
-        [&] { (void)folder.write("a.cdds", otherSides); },
-        [&] { (void)folder.write("a.cdds", "short"); },
-        [&] { std::filesystem::remove(path); },
-        [&] { std::filesystem::create_directory(path); },
+    const std::pair<std::function<void()>, std::string> changes[] = {
+        {[&] { replaceByATwin(); },
+         "another file has taken the place of " + path + " since it was read. Please read it again."},
+        {[&] { std::filesystem::remove(path); },
+         path + " has been removed or renamed since it was read. Please put it back or choose an archive, "
+                "and read it again."},
+        {[&] { session.archivePath = folder.write("b.cdds", before); },
+         folder.file("b.cdds") + " was chosen, but is not the archive that was read, which is " + path +
+             ". Please choose the archive and read it again."},
     };
-    for (const auto& change : changes) {
+    for (const auto& [change, words] : changes) {
         change();
-        const std::string changed = fileExists(path) ? archive() : "";
+        const std::string changed = archive();
         for (const char* clicks : {"e!", "nc!"}) {
             EXPECT_EQ(insert(clicks), "Insertion canceled.");
-            boxes.expect(
-                {session.archivePath +
-                     " is no longer the file that was read: it has been changed, replaced or removed.\r\n\r\n"
-                     "Please read it again before you insert.",
-                 "Pelrath - Insertion refused"});
+            boxes.expect({words, "Pelrath - Insertion refused"});
         }
-        EXPECT_TRUE(!fileExists(path) || archive() == changed);
-        EXPECT_EQ(files("copies"), "");
+        EXPECT_EQ(row(archive() == changed, files("copies")), "true, ");
     }
+    // Without the archive for a destination, a copy may still be wanted.
+    EXPECT_EQ(insert("eak!"), "No Safe Copy of b.cdds done|Insertion canceled.");
+    boxes.expect("Safe Copy Error : 75 ");
 }
 
-TEST_F(TroubledInsertion, LooksAtTheArchiveAgainBeforeItWrites) {
+TEST_F(TroubledInsertion, NeverTouchesWhatTakesTheArchivesPlaceMeanwhile) {
     put("wall-4x4.dds", chain);
-    sign.atTheEnd = [&] {
-        std::filesystem::rename(folder.write("b.cdds", before + "more"), session.archivePath);
+    const std::string path = session.archivePath;
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+    std::filesystem::create_hard_link(path, folder.file("own"));
+    sign.atTheEnd = [&] { // of the safe copy
+        replaceByATwin();
+        std::filesystem::permissions(path, std::filesystem::perms{0404});
     };
-    EXPECT_EQ(insert("e!"), copyLine(0) + "0 Mipmap(s) inserted.|");
-    boxes.expect("no longer the file that was read");
-    EXPECT_TRUE(archive() == before + "more");
+    EXPECT_EQ(insert("e!"), copyLine(0) + "CDDS Attributes changed to Read Write|0 Mipmap(s) inserted.|"
+                                          "CDDS Attributes changed to Read Only|");
+    EXPECT_EQ(boxes.take().at(1).title, "Pelrath - Insertion refused");
+    EXPECT_TRUE(archive() == outside(before) && folder.read("own") == before);
+    EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{0404});
+    EXPECT_EQ(std::filesystem::status(folder.file("own")).permissions(), std::filesystem::perms::owner_read);
+
+    std::filesystem::permissions(path, std::filesystem::perms{0604});
+    open({cdds, {chainOf("wall", "DXT1", 4, 4)}});
+    sign.atTheEnd = [&] { // other tables, at the same time
+        const std::filesystem::file_time_type time = std::filesystem::last_write_time(path);
+        (void)folder.write("a.cdds", ArchiveBuilder{cdds, {chainOf("roof", "DXT1", 4, 4)}}.build());
+        std::filesystem::last_write_time(path, time);
+    };
+    EXPECT_EQ(insert("e!"), copyLine(1) + "0 Mipmap(s) inserted.|");
+    boxes.expect("has been changed by another program");
+
+    rewrite(before);
+    HeldArchive held{session};
+    ASSERT_TRUE(held.file());
+    replaceByATwin(); // between two levels
+    EXPECT_THROW(held.overwrite(0, std::as_bytes(std::span{chain})), ArchiveRefused);
+    EXPECT_TRUE(archive() == outside(before));
 }
 
 TEST_F(TroubledInsertion, NeverWritesOverTheTables) {
@@ -314,7 +334,7 @@ TEST(Insertion, EndsInOrderWhereTheLibraryFails) {
 
 std::string vanishing; // with the library's next save
 
-TEST(Insertion, TellsOnceThatTheArchiveHasVanished) {
+TEST(Insertion, TellsThatTheArchiveHasVanished) {
     LibraryFunctions library = imageLibrary();
     library.ilSaveImage = [](const char* name) {
         return std::filesystem::remove(vanishing), imageLibrary().ilSaveImage(name);
@@ -325,13 +345,10 @@ TEST(Insertion, TellsOnceThatTheArchiveHasVanished) {
         h.open({cdds, {chainOf("wall", "DXT1", 4, 4)}});
         vanishing = h.session.archivePath;
         if (readOnly) std::filesystem::permissions(vanishing, std::filesystem::perms::owner_read);
-        EXPECT_TRUE(h.insert("nk!").ends_with("wall-4x4.bmp|0 mipmaps(s) inserted."));
-        const Boxes shown = h.boxes.take();
-        ASSERT_EQ(shown.size(), readOnly ? 3U : 1U);
-        EXPECT_EQ(shown[readOnly ? 1 : 0].title, "Pelrath - Insertion refused");
-        if (readOnly) {
-            EXPECT_EQ(shown[2].text, "CDDS Attributes Error : 53 File not found (" + vanishing + ")");
-        }
+        EXPECT_TRUE(h.insert("nk!").ends_with("|0 mipmaps(s) inserted."));
+        const Boxes shown = h.boxes.take(); // the question among them
+        ASSERT_EQ(shown.size(), readOnly ? 2U : 1U);
+        EXPECT_EQ(shown.back().title, "Pelrath - Insertion refused");
     }
 }
 

@@ -63,17 +63,24 @@ struct TransferHarness {
     }
     explicit TransferHarness(ArchiveBuilder builder) : TransferHarness() { open(std::move(builder)); }
 
-    /// Writes the archive and reads it, as the main window does, and chooses its first texture.
+    /// Writes the archive, reads it and chooses its first texture.
     void open(ArchiveBuilder builder) {
-        session.archivePath = folder.write("a.cdds", builder.build());
-        session.archive = catalogue();
-        session.archiveFile = {session.archivePath, std::filesystem::file_size(session.archivePath)};
+        session.archivePath = folder.file("a.cdds");
+        rewrite(builder.build());
         choose(0);
     }
-    [[nodiscard]] CddsArchive catalogue() const {
-        const ArchiveContents contents = readArchive(session.archivePath);
-        if (const auto* tables = std::get_if<Tables0C>(&contents)) return makeCatalogue(*tables);
-        return makeCatalogue(std::get<TablesCdds>(contents));
+    /// Gives the archive other bytes and reads it, as the main window does.
+    void rewrite(const std::string& bytes) {
+        (void)folder.write("a.cdds", bytes);
+        const InputFile file{session.archivePath};
+        session.archiveFile = ArchiveFile{file};
+        session.archive = makeCatalogue(readArchive(file));
+    }
+    /// Puts another archive with the same tables, as old as this one, in its place.
+    void replaceByATwin() const {
+        const std::filesystem::path twin = folder.write("twin", outside(archive()));
+        std::filesystem::last_write_time(twin, std::filesystem::last_write_time(session.archivePath));
+        std::filesystem::rename(twin, session.archivePath);
     }
     void choose(std::int16_t texture) {
         session.selectedTexture = texture;

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "archive/reader.hpp"
+#include "platform/files.hpp"
+#include "platform/runtime_error.hpp"
+
+#include <cstdint>
+#include <string>
+
+namespace pelrath {
+
+/// The archive must not be used. The description, without its last full stop, names the file and says what is
+/// the matter with it and what to do.
+class ArchiveRefused : public RuntimeError {
+public:
+    using RuntimeError::RuntimeError;
+};
+
+/// The file that the catalogue in use was read from, known by device, inode, size, time of change and its
+/// tables. Whoever reads or overwrites a level gets the file here, so that no other file's bytes, and none
+/// that the catalogue does not describe, are taken for the archive's.
+/// `chosen` is the archive's path as the user chose it last; both it and the catalogue are the session's.
+class ArchiveFile {
+public:
+    /// No file: every use is refused.
+    ArchiveFile() = default;
+    /// The file as it is now. Its tables are to be read behind this, from the same `file`.
+    explicit ArchiveFile(const InputFile& file);
+
+    /// Opens the file to read levels from it. Its tables are compared only where it may have changed since
+    /// they were last. Throws ArchiveRefused, and RuntimeError where it cannot be opened or read.
+    [[nodiscard]] InputFile open(const std::string& chosen, const CddsArchive& catalogue) const;
+
+    /// The tables of the opened file, read again and compared: its levels may be overwritten. Throws as
+    /// open(), also where its path leads to another file by now.
+    ArchiveContents requireTables(const InputFile& file, const CddsArchive& catalogue) const;
+    /// The same as far as it shows without reading.
+    void requireInPlace(const InputFile& file) const;
+
+    /// The program itself has written into a level of the opened file, or tried to.
+    void bringUpToDate(const InputFile& file);
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+private:
+    void requireSameState(const FileIdentity& now) const;
+    ArchiveContents compareTables(const InputFile& file, const FileIdentity& now,
+                                  const CddsArchive& catalogue) const;
+
+    std::string path_;
+    FileIdentity known_;
+    /// The status change behind which the tables were last compared; one that never was: they must be again.
+    mutable std::int64_t comparedAt_ = -1;
+};
+
+} // namespace pelrath

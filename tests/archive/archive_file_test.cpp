@@ -1,0 +1,76 @@
+#include "archive/archive_file.hpp"
+
+#include "support/archive_builder.hpp"
+#include "support/temporary_folder.hpp"
+
+namespace pelrath::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(ArchiveFileInUse, IsTheOneThatWasReadAndNoOther) {
+    const TemporaryFolder folder;
+    ArchiveBuilder builder{CddsType::TypeCdds, {{"a.bmp", "DXT1", {{4, 4, "12345678"}}}}};
+    const std::string bytes = builder.build(), path = folder.file("a.cdds");
+    const std::string otherLevel = bytes.substr(0, bytes.size() - 1) + "9";
+    builder.textures[0].name = "b.bmp";
+    const std::string otherName = builder.build();
+    std::string chosen;
+    const auto write = [&](const std::string& content, bool keepTime) {
+        const fs::file_time_type before = fs::last_write_time(path);
+        (void)folder.write("a.cdds", content);
+        fs::last_write_time(path, before + std::chrono::seconds{keepTime ? 0 : 1});
+    };
+    const auto replace = [&](const std::string& name) {
+        fs::last_write_time(folder.write(name, bytes), fs::last_write_time(path));
+        fs::rename(folder.file(name), path);
+    };
+    // What happens to it behind the read, and the words of the refusal; null: it is still the one.
+    const std::tuple<const char*, std::function<void()>, const char*> cases[] = {
+        {"nothing", [] {}, nullptr},
+        {"other permissions", [&] { fs::permissions(path, fs::perms::owner_read); }, nullptr},
+        {"moved away and back",
+         [&] { fs::rename(path, folder.file("b")), fs::rename(folder.file("b"), path); }, nullptr},
+        {"the same tables at the same time", [&] { write(otherLevel, true); }, nullptr},
+        {"other tables at the same time", [&] { write(otherName, true); }, "has been changed by another"},
+        {"no archive at the same time", [&] { write(std::string(bytes.size(), 'x'), true); },
+         "has been changed by another"},
+        {"longer at the same time", [&] { write(bytes + "x", true); }, "has been changed by another"},
+        {"written at another time", [&] { write(bytes, false); }, "has been changed by another"},
+        {"a twin in its place", [&] { replace("twin"); }, "another file has taken the place of "},
+        {"a folder in its place", [&] { fs::remove(path), fs::create_directory(path); },
+         "another file has taken the place of "},
+        {"removed", [&] { fs::remove(path); }, "has been removed or renamed"},
+    };
+    for (const auto& [name, happens, words] : cases) {
+        fs::remove_all(path);
+        const InputFile opened{folder.write("a.cdds", bytes)};
+        const ArchiveFile file{opened};
+        const CddsArchive catalogue = makeCatalogue(readArchive(opened));
+        happens();
+        const std::string toRead = failureOf([&] { (void)file.open(path, catalogue); }).description();
+        const std::string toOverwrite =
+            failureOf([&] { file.requireTables(opened, catalogue); }).description();
+        EXPECT_EQ(toRead, toOverwrite) << name;
+        EXPECT_NE(toRead.find(words == nullptr ? "no failure" : words), std::string::npos) << name << toRead;
+        EXPECT_EQ(toRead.find(path) == std::string::npos, words == nullptr) << name;
+    }
+    fs::remove_all(path);
+    const ArchiveFile file{InputFile{folder.write("a.cdds", bytes)}};
+    EXPECT_EQ(failureOf([&] { (void)file.open(folder.write("twin", bytes), {}); }).description(),
+              folder.file("twin") + " was chosen, but is not the archive that was read, which is " + path +
+                  ". Please choose the archive and read it again");
+}
+
+// A file as old as the system's own shell has settled; what it holds is no archive, let alone this one.
+TEST(ArchiveFileInUse, IsNotReadAgainAsLongAsItsTimesStay) {
+    const std::string old = "/bin/sh";
+    const CddsArchive other{CddsType::Type0C, {{"a.bmp", "DXT1", 0, {}}}, 0};
+    const InputFile opened{old};
+    const ArchiveFile file{opened};
+    EXPECT_EQ(file.open(old, other).size(), opened.size());
+    EXPECT_THROW(file.requireTables(opened, other), ArchiveRefused);
+}
+
+} // namespace
+} // namespace pelrath::test
