@@ -49,9 +49,10 @@ constexpr const char* notFoundTitle = "Pelrath - File not found";
 } // namespace
 
 ArchiveReading::ArchiveReading(const Controls& controls, const Services& services, Session& session,
-                               ArchiveListing& listing, WindowLayout& layout, Splash& splash)
+                               ArchiveListing& listing, WindowLayout& layout, Splash& splash,
+                               TextureViewer& viewer)
     : c_(controls), services_(services), session_(session), listing_(listing), layout_(layout),
-      splash_(splash) {
+      splash_(splash), viewer_(viewer) {
     connections_.push_back(c_.Command1.click.connect([this] { browse(); }));
     connections_.push_back(c_.cmdReadCDDS.click.connect([this] { openArchive(); }));
 }
@@ -105,7 +106,8 @@ void ArchiveReading::readFile() {
 }
 
 void ArchiveReading::refuse(const std::string& text, const char* title) {
-    // The catalogue of another file must not be used on this one.
+    // The catalogue of another file must not be used on this one. No row outlives its texture, and the
+    // message lets events run.
     listing_.resetArchiveDisplay();
     takeOver({}, {});
     services_.boxes.exclamation(text, title);
@@ -116,6 +118,11 @@ void ArchiveReading::takeOver(CddsArchive archive, const ArchiveFile& file) {
     session_.archiveFile = file;
     session_.selectedTexture = -1;
     session_.selectedBaseName.clear();
+    if (!session_.archive.textures.empty()) return;
+    // Nothing is going to take the place of these.
+    viewer_.showNothing();
+    c_.incrementalSearchText.setText("");
+    c_.Text5.setText("");
 }
 
 template <class Tables>
@@ -169,6 +176,14 @@ void ArchiveReading::fillPanes(const Tables& tables) {
         if (mipmapCountOf(texture) == 0) c_.Text5.setText("");
     }
     c_.Text7.setText(std::to_string(textures));
+    deselectAll();
+}
+
+// The choice of the first texture that follows changes all of them, and finds its catalogue and panes whole.
+void ArchiveReading::deselectAll() {
+    for (ListBox* list : {&c_.incrementalSearchList, &c_.Output[TexturePane]}) {
+        list->setSelected(list->selectedRow(), false);
+    }
 }
 
 } // namespace pelrath

@@ -7,6 +7,7 @@
 #include "controls/window.hpp"
 #include "mainwindow/archive_listing.hpp"
 #include "mainwindow/splash.hpp"
+#include "mainwindow/viewer/texture_viewer.hpp"
 #include "mainwindow/window_layout.hpp"
 #include "platform/event_pump.hpp"
 #include "platform/file_open_dialog.hpp"
@@ -37,6 +38,7 @@ public:
         std::array<TextBox, 2>& Text2;
         std::array<ListBox, 3>& Output;
         ListBox& incrementalSearchList;
+        TextBox& incrementalSearchText;
         PictureBox& dynImage;
         std::vector<CommandButton*> archiveCommands; ///< disabled during a read
     };
@@ -47,7 +49,7 @@ public:
     };
 
     ArchiveReading(const Controls& controls, const Services& services, Session& session,
-                   ArchiveListing& listing, WindowLayout& layout, Splash& splash);
+                   ArchiveListing& listing, WindowLayout& layout, Splash& splash, TextureViewer& viewer);
 
 private:
     void browse();
@@ -67,6 +69,8 @@ private:
     void fillPanes(const Tables& tables);
     void beginPane(Pane pane, std::string_view title);
     void takeOver(CddsArchive archive, const ArchiveFile& file);
+    /// Whatever was chosen in the lists while they were filled.
+    void deselectAll();
 
     Controls c_;
     Services services_;
@@ -74,6 +78,7 @@ private:
     ArchiveListing& listing_;
     WindowLayout& layout_;
     Splash& splash_;
+    TextureViewer& viewer_;
     Connections connections_;
 };
 

@@ -37,9 +37,11 @@ Main::Main(Session& session, const MainServices& services)
                 Text2,
                 Output,
                 incrementalSearchList,
+                incrementalSearchText,
                 dynImage,
                 {&Command1, &cmdReadCDDS, &cmdGetExtractInsertFolder, &cmdExtract, &cmdInsert}},
-               {services.boxes, services.fileOpen, services.pump}, session, listing_, layout_, splash_),
+               {services.boxes, services.fileOpen, services.pump}, session, listing_, layout_, splash_,
+               viewer_),
       exportImportFolder_({cmdGetExtractInsertFolder, Text8}, session, folders),
       handOff_({window, Text8, cmdExtract, cmdInsert}, services.boxes, session, transfer),
       lifeCycle_(

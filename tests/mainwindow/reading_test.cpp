@@ -5,14 +5,16 @@
 namespace pelrath::test {
 namespace {
 
+// Rows of the three panes and the list of names, and textures at hand.
+std::string countsOf(const MainHarness& harness) {
+    const auto& [textures, levels, header] = harness.main.Output;
+    return row(textures.count(), levels.count(), header.count(), harness.main.incrementalSearchList.count(),
+               harness.session.archive.textures.size());
+}
+
 struct Reading : testing::Test, MainHarness {
     Reading() { start(); }
-    // Rows of the three panes and the list of names, and textures at hand.
-    [[nodiscard]] std::string counts() const {
-        const auto& [textures, levels, header] = main.Output;
-        return row(textures.count(), levels.count(), header.count(), main.incrementalSearchList.count(),
-                   session.archive.textures.size());
-    }
+    [[nodiscard]] std::string counts() const { return countsOf(*this); }
 };
 
 constexpr const char* notFound = "Pelrath - File not found";
@@ -37,13 +39,6 @@ TEST_F(Reading, FillsThePanesAndChoosesTheFirstTexture) {
     const auto& asked = fileOpen.asked;
     EXPECT_EQ(row(asked.title, asked.filter, asked.folder),
               "Select .CDDS file to analyse, Cdds File (*.cdds), " + folder.path());
-}
-
-TEST_F(Reading, AnArchiveWithoutTexturesHoldsTitlesOnly) {
-    open(archiveOf({"a.bmp"}));
-    open(ArchiveBuilder{CddsType::TypeCdds});
-    EXPECT_EQ(counts(), "0, 0, 1, 0, 0");
-    EXPECT_EQ(row(main.Text7.text(), session.selectedTexture, session.selectedBaseName), "0, -1, ");
 }
 
 TEST_F(Reading, CancellingLeavesTheArchiveAndEmptiesTheDisplay) {
@@ -76,6 +71,22 @@ TEST_F(Reading, WhatCannotBeReadSaysSoAndKeepsWhatIsThere) {
     EXPECT_EQ(session.archive, before);
     EXPECT_EQ(counts(), "2, 2, 1, 2, 2");
     EXPECT_TRUE(main.dynImage.visible() && main.Command1.enabled());
+
+    // What is no archive leaves the catalogue, and is not taken for what that describes.
+    const std::string shown = folder.read("tmp.dds");
+    choose(1);
+    boxes.expect("since it was read. Please read it again.");
+    EXPECT_EQ(row(main.Label11.caption(), surface.record.loaded.size(), folder.read("tmp.dds") == shown),
+              "Texture not available !, 1, true");
+    fileOpen.answer = folder.write("other", std::string(4096, 'x'));
+    main.Command1.press();
+    EXPECT_EQ(session.archive, before);
+    main.Text8.setText(folder.path());
+    windows.answer = [&] { main.transfer.cmdExtractInsert.press(); };
+    main.cmdExtract.press();
+    boxes.expect(" was chosen, but is not the archive that was read");
+    EXPECT_FALSE(has("b-4x4.dds"));
+
     fileOpen.answer = folder.file("pipe"); // there, and not to be read
     ASSERT_EQ(mkfifo(fileOpen.answer->c_str(), 0600), 0);
     main.Command1.press();
@@ -83,18 +94,35 @@ TEST_F(Reading, WhatCannotBeReadSaysSoAndKeepsWhatIsThere) {
     EXPECT_EQ(counts(), "0, 0, 0, 0, 0");
 }
 
-TEST_F(Reading, ADamagedArchiveIsRefusedAsAWhole) {
-    ArchiveBuilder builder = archiveOf({"a.bmp", "b.bmp"});
-    open(builder);
-    builder.patches[64] = 0x10000000; // the first texture's descriptor
-    open(builder);
-    const ShownBox box = boxes.take().at(0);
-    EXPECT_EQ(box, (ShownBox{box.text, "Pelrath - Invalid CDDS file"}));
-    EXPECT_NE(box.text.find("\"a.bmp\""), std::string::npos);
-    EXPECT_EQ(counts(), "0, 0, 0, 0, 0");
-    EXPECT_EQ(row(session.selectedTexture, session.selectedBaseName), "-1, ");
-    main.activate(); // nothing is chosen any more
-    EXPECT_TRUE(main.cmdReadCDDS.enabled());
+TEST_F(Reading, WhereNoTextureIsLeftNothingOfTheLastOneStays) {
+    ArchiveBuilder damaged = archiveOf({"a.bmp", "b.bmp"});
+    damaged.patches[64] = 0x10000000; // the first texture's descriptor
+    // What the archive has become when it is read again, what is listed then, and a word of the message.
+    const std::tuple<ArchiveBuilder, const char*, const char*> cases[] = {
+        {archiveOf({}), "0, 0, 1, 0, 0", nullptr}, {damaged, "0, 0, 0, 0, 0", "\"a.bmp\""}};
+    for (auto [builder, listed, word] : cases) {
+        MainHarness fresh;
+        fresh.start();
+        fresh.open(archiveOf({"a.bmp", "b.bmp"}));
+        fresh.choose(1);
+        fresh.type(U"b");
+        (void)fresh.folder.write("a.cdds", builder.build());
+        const auto nothingLeft = [&, expected = listed] {
+            EXPECT_EQ(countsOf(fresh), expected);
+            EXPECT_EQ(row(fresh.main.Text5.text(), fresh.main.incrementalSearchText.text(),
+                          fresh.session.selectedTexture, fresh.session.selectedBaseName),
+                      ", , -1, ");
+            fresh.main.activate();
+        };
+        fresh.boxes.whileShown = nothingLeft; // before the message, and behind it
+        fresh.main.cmdReadCDDS.press();
+        fresh.boxes.expect(word);
+        nothingLeft();
+        EXPECT_TRUE(fresh.main.cmdReadCDDS.enabled());
+        fresh.pump.steps = {[&] { fresh.main.queryUnload(); }};
+        fresh.main.Timer1.tick.emit();
+        EXPECT_EQ(fresh.surface.record.frames.back().quad, Quad{});
+    }
 }
 
 TEST_F(Reading, EventsRunDuringIt) {
@@ -106,12 +134,38 @@ TEST_F(Reading, EventsRunDuringIt) {
         EXPECT_FALSE(main.dynImage.visible());
         main.Command1.press(); // disabled: nothing happens
         main.cmdReadCDDS.press();
-        choose(rows.back() - 1);
     };
     open(archiveOf(std::vector<std::string>(35, "t.bmp")));
     EXPECT_EQ(rows, (std::vector{0, 10, 20, 30}));
-    EXPECT_EQ(row(session.selectedTexture, main.incrementalSearchList.selectedRow()),
-              "0, 0"); // the read ends by choosing the first
+}
+
+TEST_F(Reading, EndsWithTheFirstTextureWhateverTheUserDoesMeanwhile) {
+    ArchiveBuilder builder = archiveOf({});
+    for (int i = 0; i < 35; ++i) {
+        const LevelPlan level{4, 4, "1234567" + std::to_string(i % 10)};
+        builder.textures.push_back({"t" + std::to_string(i), "DXT1", {level, level}});
+    }
+    ListBox& names = main.incrementalSearchList;
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"chooses the first", [&] { choose(0); }},
+        {"chooses the last", [&] { choose(main.Output[TexturePane].count() - 1); }},
+        {"chooses a name", [&] { names.setSelected(3, true); }},
+        {"marks a level", [&] { main.Output[MipmapPane].setSelected(1, true); }},
+        {"types a name", [&] { type(U"\bt2"); }},
+        {"types what nothing begins with", [&] { choose(0), type(U"x"); }},
+        {"steps", [&] { press(KeyCode::Down); }}};
+    for (const auto& [what, act] : cases) {
+        std::size_t loaded = 0;
+        pump.whilePending = [&, act = act] { act(), loaded = surface.record.loaded.size(); };
+        open(builder);
+        EXPECT_EQ(row(session.selectedTexture, session.selectedBaseName, names.selectedRow(),
+                      main.Output[TexturePane].selectedRow(), main.incrementalSearchText.text(),
+                      folder.read("tmp.dds").substr(128)),
+                  "0, t0, 0, 0, t0, 12345670")
+            << what;
+        EXPECT_EQ(main.Output[MipmapPane].selectedRuns(), (std::vector<ListBox::Run>{{0, 1}})) << what;
+        EXPECT_EQ(surface.record.loaded.size(), loaded + 1) << what;
+    }
 }
 
 TEST_F(Reading, TheProgramMayEndDuringIt) {

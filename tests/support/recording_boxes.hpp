@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace pelrath::test {
 
 struct ShownBox {
@@ -31,6 +33,7 @@ public:
     BoxAnswer show(const std::string& text, const std::string& title, BoxIcon icon,
                    BoxButtons buttons) override {
         shown_.push_back({text, title, icon, buttons});
+        if (whileShown) whileShown();
         return answer;
     }
 
@@ -49,6 +52,7 @@ public:
     void expect(const ShownBox& box) { EXPECT_EQ(take(), std::vector{box}); }
 
     BoxAnswer answer = BoxAnswer::Ok;
+    std::function<void()> whileShown;
 
 private:
     std::vector<ShownBox> shown_;

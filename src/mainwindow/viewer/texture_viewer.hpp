@@ -40,6 +40,8 @@ public:
 
     /// The staged file at `path` is what the next frame shows. A failure leaves the picture as it was.
     void showTexture(const std::string& path);
+    /// The next frame shows the background alone.
+    void showNothing() { quad_ = {}; }
 
 private:
     bool loadTextureFile(const std::string& path);
