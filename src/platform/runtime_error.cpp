@@ -37,6 +37,8 @@ std::string_view adviceOn(int systemError) {
         return ": a name in it, or the whole, is too long; please choose a folder with a shorter path";
     case ELOOP:
         return ": its links lead round in a circle; please choose another folder";
+    case EFBIG:
+        return ": beyond the length that files may have here";
     default:
         return {};
     }

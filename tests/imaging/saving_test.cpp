@@ -156,7 +156,7 @@ TEST_F(Saving, KeepsTheOldFileWhenTheDiskEndsBeforeTheNewOne) {
     for (const OutputFileType type :
          {OutputFileType::Bmp, OutputFileType::Tga, OutputFileType::Jpg, OutputFileType::DdsDxt1}) {
         EXPECT_FALSE((FullDisk{100}, save(type, "a"))); // less than any of them takes
-        expectBox("ImageSave Error : 6 Overflow (" + path + ")");
+        expectBox("ImageSave Error : 6 Overflow (" + path + ": beyond the length that files may have here)");
         EXPECT_EQ(folder.read("a"), "before");
         EXPECT_EQ(folder.names().size(), 1U);
     }

@@ -61,7 +61,9 @@ TEST(Files, ReplacingKeepsTheOldPermissions) {
     replaceFile(folder.file("link"), std::span{pieces}.first(1), Durability::Scratch);
     EXPECT_EQ(row(std::filesystem::is_symlink(folder.file("link")), folder.read("f")), "true, new");
     std::filesystem::remove(folder.file("link"));
-    EXPECT_THROW(replaceFile("/dev/null", pieces, Durability::Scratch), RuntimeError);
+    ASSERT_EQ(mkfifo(folder.file("pipe").c_str(), 0600), 0);
+    EXPECT_THROW(replaceFile(folder.file("pipe"), pieces, Durability::Scratch), RuntimeError);
+    std::filesystem::remove(folder.file("pipe"));
     // A name as long as the system allows leaves no room for anything appended to it.
     const std::string longest = folder.file(std::string(255, 'n'));
     replaceFile(longest, pieces, Durability::Scratch);
@@ -83,7 +85,8 @@ TEST(StagingPlaces, AreTheUsualOnesWhereAFileCanBePutThere) {
         for (const std::string name : {"folder", "read-only", "missing/f"}) {
             const std::string path = place.pathFor(folder.file(name));
             EXPECT_TRUE(path.starts_with(folder.file("own/")) && fileName(path) == fileName(name)) << path;
-            EXPECT_EQ(fileMode(std::string{parentFolder(path)}), 0700U);
+            EXPECT_EQ(static_cast<unsigned>(std::filesystem::status(parentFolder(path)).permissions()),
+                      0700U);
             replaceFile(path, {}, Durability::Scratch);
         }
     }
@@ -101,7 +104,9 @@ TEST(RuntimeErrors, NumbersAndSentences) {
         {ENOTDIR, "76, s, Path not found (p)"},
         {EIO, "57, s, Device I/O error (p)"},
         {EISDIR, "75, s, Path/File access error (p)"},
-        {ENAMETOOLONG, "52, s, Bad file name or number (p is too long: choose a shorter name or folder)"},
+        {ENAMETOOLONG, "52, s, Bad file name or number (p: a name in it, or the whole, is too long; please "
+                       "choose a folder with a shorter path)"},
+        {EFBIG, "6, s, Overflow (p: beyond the length that files may have here)"},
         {EOVERFLOW, "6, s, Overflow (p)"},
         {EPROTO, "57, s, Device I/O error (p)"},
         {0, "57, s, Device I/O error (p)"}};

@@ -283,10 +283,11 @@ TEST_F(TroubledInsertion, CountsTheLevelsThatTheArchiveReallyGot) {
         const std::string question =
             path + " is Read Only.\r\n\r\n- Select Ok to make it writable and perform the insertion,\r\n"
                    "- Select Cancel to abort the insertion.";
-        EXPECT_EQ(boxes.take(),
-                  (Boxes{{question, "CDDS is read only", BoxIcon::Question, BoxButtons::OkCancel},
-                         {"Insertion Error : 6 Overflow (" + path + ")", "Pelrath", BoxIcon::Critical,
-                          BoxButtons::Ok}}));
+        EXPECT_EQ(
+            boxes.take(),
+            (Boxes{{question, "CDDS is read only", BoxIcon::Question, BoxButtons::OkCancel},
+                   {"Insertion Error : 6 Overflow (" + path + ": beyond the length that files may have here)",
+                    "Pelrath", BoxIcon::Critical, BoxButtons::Ok}}));
         EXPECT_EQ(levelOf(archive(), 0) + levelOf(archive(), 1), levels);
         EXPECT_TRUE(levelOf(archive(), 2) == levelOf(before, 2)) << "a level is wholly old or wholly new";
         EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{0421});
@@ -445,7 +446,7 @@ TEST_F(TroubledInsertion, CopiesNothingWhereThereIsNothingToCopyOrNowhereToPutIt
     extract("eo!");
     std::filesystem::create_directory(folder.file("bazar/wall.xyz"));
     EXPECT_EQ(insert("eab!"), noCopy + "bazar/wall.xyz not written.|");
-    boxes.expect("ilSave Error Number: 1290 ");
+    boxes.expect("ImageSave Error : 75 Path/File access error (");
     session.archive.textures[0].name = "../wall";
     EXPECT_EQ(insert("eab!"), noCopy);
     boxes.expect("Store texture Copy Error : 52 The texture's name \"../wall\" cannot be the name of a file");
