@@ -90,6 +90,14 @@ void ListBox::choose(std::vector<Run> runs) {
     click.emit();
 }
 
+void ListBox::press(int row) {
+    if (!isSelected(row)) {
+        setSelected(row, true);
+    } else {
+        click.emit();
+    }
+}
+
 void ListBox::upperCaseNewLines() const {
     for (std::size_t i = upperCased_.count(); i < lines_.count(); ++i) {
         const std::string_view line = lines_.line(i);

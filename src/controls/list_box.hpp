@@ -57,6 +57,9 @@ public:
     [[nodiscard]] const std::vector<Run>& selectedRuns() const { return runs_; }
     /// The user's choice of rows, as runs in order.
     void choose(std::vector<Run> runs);
+    /// The user's press on a row of a Single list: chooses it, and is a click on the chosen row too. A row
+    /// outside the list is ignored.
+    void press(int row);
 
 private:
     void upperCaseNewLines() const;

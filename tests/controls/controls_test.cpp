@@ -102,7 +102,8 @@ TEST(TextBoxes, SelectionsCountCharacters) {
     EXPECT_EQ(box.selectionStart(), 0U);
 }
 
-// Ten rows. s3 selects row 3, d3 deselects it, o3,2 selects 2 rows from 3 on and no other, c0 clears.
+// Ten rows. s3 selects row 3, d3 deselects it, p3 is the user's press on it, o3,2 selects 2 rows from 3 on
+// and no other, c0 clears.
 TEST(ListBoxes, SelectAndClick) {
     constexpr auto single = ListBox::Choice::Single;
     constexpr auto several = ListBox::Choice::Several;
@@ -112,7 +113,8 @@ TEST(ListBoxes, SelectAndClick) {
         {"again is nothing", single, "s3 s3", "3, 3-3 , 1"},
         {"deselecting the chosen", single, "s3 d3", ", , 2"},
         {"deselecting another", single, "s3 d4", "3, 3-3 , 1"},
-        {"outside is nothing", single, "s10 s-1", ", , 0"},
+        {"pressing chooses, and is a click again", single, "p3 p4 p4", "4, 4-4 , 3"},
+        {"outside is nothing", single, "s10 s-1 p10 p-1", ", , 0"},
         {"runs join", several, "s3 s5 s4", "345, 3-5 , 3"},
         {"runs split", several, "o2,5 d4", "2356, 2-3 5-6 , 2"},
         {"runs shrink", several, "o2,3 d2 d4", "3, 3-3 , 3"},
@@ -132,6 +134,7 @@ TEST(ListBoxes, SelectAndClick) {
         char act = ' ';
         for (int first = 0, count = 0; words >> act >> first;) {
             if (act == 's' || act == 'd') list.setSelected(first, act == 's');
+            if (act == 'p') list.press(first);
             if (act == 'o' && words.ignore() >> count) list.selectOnly(first, count);
             if (act == 'c') list.clear();
         }

@@ -216,6 +216,9 @@ TEST_F(Reading, ChoosingMarksTheTexturesLevels) {
     };
     EXPECT_EQ(marked(0), (Runs{{0, 1}}));
     EXPECT_EQ(marked(2), (Runs{{2, 4}}));
+    main.Output[MipmapPane].choose({{0, 0}});
+    main.Output[TexturePane].press(2);
+    EXPECT_EQ(main.Output[MipmapPane].selectedRuns(), (Runs{{2, 4}}));
     main.chkGraphicDisplay.setChecked(false); // nothing is staged from here on
     std::filesystem::remove(folder.file("tmp.dds"));
     EXPECT_EQ(marked(1), Runs{});
