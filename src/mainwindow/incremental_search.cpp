@@ -22,17 +22,25 @@ IncrementalSearch::IncrementalSearch(const Controls& controls) : c_(controls) {
 
 void IncrementalSearch::copyChosenName() {
     const ListBox& list = c_.incrementalSearchList;
-    if (list.selectedRow() >= 0) c_.incrementalSearchText.setText(std::string{list.selectedText()});
+    const int row = list.selectedRow();
+    if (row < 0) return;
+    {
+        const ScopedFlag copying{copyingChosenName_};
+        c_.incrementalSearchText.setText(std::string{list.selectedText()});
+    }
+    // Another row of the same name leaves the text as it was, and nothing to complete.
+    if (autoCompleteAllowed_ && !searchBusy_) c_.texturePane.setSelected(row, true);
 }
 
 void IncrementalSearch::complete() {
     if (searchBusy_ || !autoCompleteAllowed_) return;
     const ScopedFlag busy{searchBusy_};
     const std::string start = upperCase(c_.incrementalSearchText.text());
-    const int row = c_.incrementalSearchList.findPrefix(start);
+    ListBox& list = c_.incrementalSearchList;
+    const int row = copyingChosenName_ ? list.selectedRow() : list.findPrefix(start);
     if (row < 0) return;
-    c_.incrementalSearchList.setSelected(row, true);
-    c_.incrementalSearchText.setText(std::string{c_.incrementalSearchList.line(row)});
+    list.setSelected(row, true);
+    c_.incrementalSearchText.setText(std::string{list.line(row)});
     c_.incrementalSearchText.setSelection(characterCount(start), toTheEnd);
     c_.texturePane.setSelected(row, true);
 }
@@ -60,8 +68,6 @@ void IncrementalSearch::step(int rows) {
     const int wanted = list.selectedRow() + rows;
     if (wanted < 0 || wanted >= list.count()) return;
     list.setSelected(wanted, true);
-    // The name copied into the box may have completed to another row of the same name; the pane's own
-    // reaction then leads the list back here.
     c_.texturePane.setSelected(wanted, true);
 }
 

@@ -30,6 +30,8 @@ private:
     bool autoCompleteAllowed_ = false;
     /// The reaction to the box's change runs: its own edits of the box do not start it again.
     bool searchBusy_ = false;
+    /// The box gets the chosen row's name: that row is its completion, whichever others begin like it.
+    bool copyingChosenName_ = false;
 };
 
 } // namespace pelrath

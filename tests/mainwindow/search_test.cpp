@@ -53,9 +53,6 @@ TEST_F(Search, NothingCompletesBeforeAKey) {
     box.keyPress.emit(22); // Ctrl+V: pasting completes like typing
     box.edit("ABD", 3, 0);
     EXPECT_EQ(state(), "abd.bmp, 3, 4, 2");
-    // The name copied into the box completes in turn, to the first of the names that begin with it.
-    choose(5);
-    EXPECT_EQ(row(box.text(), chosen()), "hull.bmp, 4");
 }
 
 TEST_F(Search, ArrowsStepThroughTheTextures) {
@@ -75,14 +72,51 @@ TEST_F(Search, ArrowsStepThroughTheTextures) {
     EXPECT_EQ(chosen(), 2);
 }
 
-TEST_F(Search, TexturesOfOneNameAreAllReached) {
-    open(archiveOf({"a", "dup", "z", "dup", "", "q"}));
+TEST_F(Search, ARowThatTheUserChoseStaysChosenWhicheverOthersBeginLikeIt) {
+    const std::vector<std::string> texts{"hull.bmp", "hull", "HULL", "hull", "dup", "z", "dup", "", "hu"};
+    open(archiveOf({"hull.bmp", "hull", "HULL", " hull ", "dup", "z", "dup", "", "hu"}));
     emptyBox();
-    type(U"d");
-    for (const int next : {2, 3, 4, 5, 4, 3, 2, 1, 0}) {
-        press(next > chosen() ? KeyCode::Down : KeyCode::Up);
-        EXPECT_EQ(chosen(), next);
+    type(U"h");
+    EXPECT_EQ(state(), "hull.bmp, 1, 7, 0");
+    int showings = 0;
+    const Connection counter = main.Output[TexturePane].click.connect([&] { ++showings; });
+    const std::pair<const char*, std::function<void(int)>> ways[] = {
+        {"arrow keys",
+         [this](int wanted) {
+             while (chosen() != wanted)
+                 press(wanted > chosen() ? KeyCode::Down : KeyCode::Up);
+         }},
+        {"pane", [this](int wanted) { main.Output[TexturePane].press(wanted); }},
+        {"name list", [this](int wanted) { names.press(wanted); }},
+    };
+    for (const auto& [way, chooseRow] : ways) {
+        for (const int wanted : {1, 2, 3, 1, 4, 6, 7, 8, 5, 6, 4, 3, 0}) {
+            const int steps = std::string_view{way} == "arrow keys" ? std::abs(wanted - chosen()) : 1;
+            showings = 0;
+            chooseRow(wanted);
+            EXPECT_EQ(row(box.text(), chosen()), row(texts.at(static_cast<std::size_t>(wanted)), wanted))
+                << way;
+            EXPECT_EQ(showings, steps) << way << ": no other texture on the way";
+        }
     }
+    choose(6);
+    names.mouseMove.emit();
+    main.activate();
+    main.viewPortSize[0].select();
+    EXPECT_EQ(row(box.text(), chosen()), "dup, 6");
+
+    choose(3);
+    const std::pair<std::u32string, const char*> typed[] = {
+        {U"\b", "hul, 3, 0, 3"},
+        {U"l", "hull.bmp, 4, 4, 0"}, // the first from the top, as ever
+        {U"x", "hullx, 5, 0, 0"},
+    };
+    for (const auto& [keys, expected] : typed) {
+        type(keys);
+        EXPECT_EQ(state(), expected);
+    }
+    names.mouseMove.emit();
+    EXPECT_EQ(state(), "hull.bmp, 8, 0, 0");
 }
 
 TEST_F(Search, TheListGivesItsNameToTheBox) {
