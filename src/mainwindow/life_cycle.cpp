@@ -108,6 +108,8 @@ void LifeCycle::Form_Activate() {
     c_.Label11.setCaption("");
     parts_.viewport.paintSwatches();
     parts_.viewport.resetViewportSize();
+    // The viewport gets the size that the option now says; the first time, "Display" sees to that.
+    if (std::exchange(activatedBefore_, true)) parts_.layout.Form_Resize();
     if (!session_.viewer.d3dCreated) parts_.viewer.createDirect3D();
     if (!parts_.splash.splashDismissed()) {
         c_.chkGraphicDisplay.setChecked(true);

@@ -5,6 +5,7 @@
 #include "mainwindow/splash.hpp"
 #include "mainwindow/viewer/texture_viewer.hpp"
 #include "mainwindow/viewport_controls.hpp"
+#include "mainwindow/window_layout.hpp"
 #include "platform/message_boxes.hpp"
 #include "platform/screen.hpp"
 #include "session/session.hpp"
@@ -29,6 +30,7 @@ public:
     struct Parts {
         TextureViewer& viewer;
         ViewportControls& viewport;
+        WindowLayout& layout;
         Splash& splash;
         Disclaimer& disclaimer;
     };
@@ -61,6 +63,7 @@ private:
     Parts parts_;
     std::string settingsBaseName_;
     bool mayBeSaved_ = true; ///< nothing that the load could not take is lost by it
+    bool activatedBefore_ = false;
     Connection connection_;
 };
 

@@ -46,6 +46,6 @@ Main::Main(Session& session, const MainServices& services)
       handOff_({window, Text8, cmdExtract, cmdInsert}, services.boxes, session, transfer),
       lifeCycle_(
           {window, Timer1, Label11, chkGraphicDisplay, SplashFrame, dynImage, Output[TexturePane], Text8},
-          services.screen, services.boxes, session, {viewer_, viewport_, splash_, disclaimer}) {}
+          services.screen, services.boxes, session, {viewer_, viewport_, layout_, splash_, disclaimer}) {}
 
 } // namespace pelrath
