@@ -118,7 +118,7 @@ void ListBoxView::selectionChanged(const QItemSelection& selected, const QItemSe
 QItemSelectionModel::SelectionFlags ListBoxView::selectionCommand(const QModelIndex& index,
                                                                   const QEvent* event) const {
     // The only chosen row cannot be given up, not even with Ctrl.
-    if (selectionMode() != SingleSelection) return QListView::selectionCommand(index, event);
+    if (!isSingle()) return QListView::selectionCommand(index, event);
     return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }
 
@@ -126,8 +126,16 @@ void ListBoxView::deliver(const Signal<>& event) {
     refresh_->act(*this, [&event] { event.emit(); });
 }
 
+void ListBoxView::pressRow(const QModelIndex& index) {
+    if (!index.isValid()) return;
+    refresh_->act(*this, [this, row = index.row()] { list_->press(row); });
+}
+
 void ListBoxView::mousePressEvent(QMouseEvent* event) {
+    const std::uint64_t before = list_->selections();
     QListView::mousePressEvent(event);
+    const bool again = list_->selections() == before && event->button() == Qt::LeftButton;
+    if (again && isSingle()) pressRow(indexAt(event->position().toPoint()));
     deliver(list_->mouseDown);
 }
 
@@ -141,6 +149,12 @@ void ListBoxView::keyPressEvent(QKeyEvent* event) {
     if (sideways_ != nullptr && (left || event->key() == Qt::Key_Right) && sideways_->isVisible()) {
         sideways_->triggerAction(left ? QAbstractSlider::SliderSingleStepSub
                                       : QAbstractSlider::SliderSingleStepAdd);
+        return;
+    }
+    const bool presses =
+        event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (presses && isSingle()) {
+        pressRow(currentIndex());
         return;
     }
     QListView::keyPressEvent(event);

@@ -60,6 +60,9 @@ private:
     void push();
     void pushSelection();
     void deliver(const Signal<>& event);
+    /// Of a list of one choice; also where the row is chosen already, which is no change of the selection.
+    void pressRow(const QModelIndex& index);
+    [[nodiscard]] bool isSingle() const { return selectionMode() == SingleSelection; }
     [[nodiscard]] std::vector<ListBox::Run> chosenRuns() const;
 
     ListBox* list_ = nullptr;

@@ -38,6 +38,16 @@ TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
         .until("soft alpha on offer", [this] { return widget<QRadioButton>("cmdShow1").isEnabled(); })
         .then([&] {
             EXPECT_EQ(box.text(), QString::fromUtf8("\u00E9toile.tga"));
+            // Once more, on the row that is chosen already.
+            auto& pane = list("Output0");
+            const std::function<void()> presses[] = {[&] { click(pane, 3); },
+                                                     [&] { press(pane, Qt::Key_Space); },
+                                                     [&] { press(pane, Qt::Key_Return); }};
+            for (const auto& again : presses) {
+                click(list("Output1"), 0);
+                again();
+                EXPECT_EQ(list("Output1").selectionModel()->selectedIndexes().size(), 2);
+            }
             widget<QRadioButton>("cmdShow1").click();
             widget<QRadioButton>("backViewportColor2").click();
         })
