@@ -52,7 +52,7 @@ ListBoxView::ListBoxView(QWidget* parent) : QListView(parent) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerItem);
     setTabKeyNavigation(false);
-    setMouseTracking(true);
+    viewport()->setAttribute(Qt::WA_Hover, false);
 }
 
 void ListBoxView::bindTo(ListBox& list, Binder& binder) {

@@ -99,7 +99,9 @@ void MainWindow::buildArchiveFrame() {
     KeyLineEdit& box = make<KeyLineEdit>("incrementalSearchText", frame);
     binder_.bind(model_.incrementalSearchText, box);
     search.setBuddy(&box);
-    make<ListBoxView>("incrementalSearchList", frame).bindTo(model_.incrementalSearchList, binder_);
+    ListBoxView& names = make<ListBoxView>("incrementalSearchList", frame);
+    names.setMouseTracking(true);
+    names.bindTo(model_.incrementalSearchList, binder_);
 }
 
 void MainWindow::buildViewFrame() {
