@@ -42,6 +42,25 @@ long peakMegabytes() {
     return usage.ru_maxrss / 1024;
 }
 
+/// Tells when a new picture of the viewport is on the screen.
+class PaintWatch : public QObject {
+public:
+    PaintWatch(desktop::ViewportWidget& viewport, std::function<void()> shown)
+        : viewport_(viewport), shown_(std::move(shown)) {
+        viewport_.installEventFilter(this);
+    }
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        // What is painted is on the screen when the next event comes.
+        if (event->type() == QEvent::Paint && !viewport_.ready())
+            QMetaObject::invokeMethod(this, shown_, Qt::QueuedConnection);
+        return false;
+    }
+
+private:
+    desktop::ViewportWidget& viewport_;
+    std::function<void()> shown_;
+};
+
 class Measurement {
 public:
     explicit Measurement(std::string folder) : folder_(std::move(folder)) {}
@@ -92,13 +111,11 @@ public:
         program_.emplace();
         program_->session.programFolder = folder_;
         std::ofstream{folder_ + "/Pelrath.ini"} << "[Setup]\nfirsttimedone=True\n"; // not the first run
-        QObject::connect(program_->window.findChild<desktop::ViewportWidget*>(), &QOpenGLWidget::frameSwapped,
-                         &user_, [this] {
-                             if (!waiting_) return;
-                             waiting_ = false;
-                             painted_ = true;
-                             taken_ = clock_.nsecsElapsed();
-                         });
+        const PaintWatch watch{*program_->window.findChild<desktop::ViewportWidget*>(), [this] {
+                                   if (!std::exchange(waiting_, false)) return;
+                                   painted_ = true;
+                                   taken_ = clock_.nsecsElapsed();
+                               }};
         program_->start();
         user_.start();
         QApplication::exec();

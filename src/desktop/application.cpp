@@ -33,11 +33,9 @@ void Application::start() {
 }
 
 void Application::prepareGraphics() {
-    QtViewportSurface::prepare();
     QSurfaceFormat format;
     format.setVersion(3, 3);
     format.setProfile(QSurfaceFormat::CoreProfile);
-    format.setSwapInterval(1);
     QSurfaceFormat::setDefaultFormat(format);
 }
 

@@ -24,7 +24,7 @@ public:
     /// Loads the main window and shows it.
     void start();
 
-    /// Before the QApplication is made: what every OpenGL context of the program has in common.
+    /// Before the QApplication is made: which OpenGL contexts are made.
     static void prepareGraphics();
 
     Session session;

@@ -140,11 +140,9 @@ void MainWindow::buildViewport(QtViewportSurface& surface) {
     auto* filling = new QVBoxLayout{&viewport.inside()};
     filling->setContentsMargins(0, 0, 0, 0);
     filling->setSizeConstraint(QLayout::SetNoConstraint);
-    if (QtViewportSurface::usable()) {
-        ViewportWidget& picture = make<ViewportWidget>("viewport", viewport.inside());
-        filling->addWidget(&picture);
-        surface.showOn(picture);
-    }
+    ViewportWidget& picture = make<ViewportWidget>("viewport", viewport.inside());
+    filling->addWidget(&picture);
+    surface.showOn(picture);
     binder_.bind(model_.dynImage, viewport);
     binder_.bind(model_.Timer1, *this);
 

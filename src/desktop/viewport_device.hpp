@@ -11,11 +11,6 @@ namespace pelrath::desktop {
 /// wants, whatever becomes of the window.
 class QtViewportSurface : public ViewportSurface {
 public:
-    /// Before the application is made: sees to it that contexts can share their textures.
-    static void prepare();
-    /// False where there is no OpenGL that widgets can use; one that needs it must not be made then.
-    [[nodiscard]] static bool usable();
-
     /// Where pictures go; none before this.
     void showOn(ViewportWidget& widget) { widget_ = &widget; }
 

@@ -1,16 +1,16 @@
-#include <epoxy/gl.h> // before Qt's own declarations of OpenGL
-
 #include "desktop/viewport_widget.hpp"
 
+#include <QPainter>
 #include <QScreen>
 #include <QTimer>
+
+#include <utility>
 
 namespace pelrath::desktop {
 
 namespace {
 
-// A little less than the time between two refreshes: where there is vertical sync, that is what holds the
-// frame back.
+// A little less than the time between two refreshes.
 int pause(const QScreen* screen) {
     const double rate = screen != nullptr && screen->refreshRate() > 1 ? screen->refreshRate() : 60;
     return static_cast<int>(900.0 / rate);
@@ -18,35 +18,20 @@ int pause(const QScreen* screen) {
 
 } // namespace
 
-ViewportWidget::ViewportWidget(QWidget* parent) : QOpenGLWidget(parent) {
-    // A switched-off viewport has no size; a framebuffer of no size, made and made again, leaves Qt composing
-    // the window with somebody else's texture.
-    setMinimumSize(1, 1);
-    connect(this, &QOpenGLWidget::frameSwapped, this, [this] {
-        swapped_ = true;
-        becomeReady();
-    });
+ViewportWidget::ViewportWidget(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_OpaquePaintEvent); // or what lies behind it would be painted first
 }
 
-ViewportWidget::~ViewportWidget() {
-    if (context() == nullptr) return;
-    makeCurrent();
-    glDeleteFramebuffers(1, &source_);
-    doneCurrent();
-}
-
-void ViewportWidget::show(std::uint32_t texture, int width, int height) {
-    texture_ = texture;
-    width_ = width;
-    height_ = height;
+void ViewportWidget::show(QImage picture) {
+    picture_ = std::move(picture);
     waiting_ = isVisible();
-    swapped_ = false;
+    painted_ = false;
     sinceShown_.start();
     update();
 }
 
 void ViewportWidget::becomeReady() {
-    if (!waiting_ || !swapped_) return;
+    if (!waiting_ || !painted_) return;
     const qint64 left = pause(screen()) - sinceShown_.elapsed();
     if (left <= 0) {
         waiting_ = false;
@@ -57,26 +42,19 @@ void ViewportWidget::becomeReady() {
 
 void ViewportWidget::hideEvent(QHideEvent* event) {
     waiting_ = false;
-    QOpenGLWidget::hideEvent(event);
+    QWidget::hideEvent(event);
 }
 
-void ViewportWidget::initializeGL() { glGenFramebuffers(1, &source_); }
-
-void ViewportWidget::paintGL() {
-    if (texture_ == 0) {
-        const QColor empty = palette().color(QPalette::Window);
-        glClearColor(static_cast<float>(empty.redF()), static_cast<float>(empty.greenF()),
-                     static_cast<float>(empty.blueF()), 1);
-        glClear(GL_COLOR_BUFFER_BIT);
-        return;
+void ViewportWidget::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter{this};
+    if (picture_.isNull()) {
+        painter.fillRect(rect(), palette().brush(QPalette::Window));
+    } else {
+        painter.drawImage(rect(), picture_); // pixel by pixel, nothing between them
     }
-    const QSize target = size() * devicePixelRatio();
-    glBindFramebuffer(GL_READ_FRAMEBUFFER, source_);
-    glFramebufferTexture2D(GL_READ_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture_, 0);
-    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, defaultFramebufferObject());
-    glBlitFramebuffer(0, 0, width_, height_, 0, 0, target.width(), target.height(), GL_COLOR_BUFFER_BIT,
-                      GL_NEAREST);
-    glBindFramebuffer(GL_FRAMEBUFFER, defaultFramebufferObject());
+    if (std::exchange(painted_, true)) return;
+    QMetaObject::invokeMethod(
+        this, [this] { becomeReady(); }, Qt::QueuedConnection); // on the screen by then
 }
 
 } // namespace pelrath::desktop

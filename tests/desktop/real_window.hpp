@@ -61,7 +61,7 @@ struct RealWindow : RealUser {
         return rows.size() == 1 ? rows[0].row() : -1;
     }
     QColor pixelAt(int x, int y) {
-        return widget<desktop::ViewportWidget>("viewport").grabFramebuffer().pixelColor(x, y);
+        return widget<desktop::ViewportWidget>("viewport").grab().toImage().pixelColor(x, y);
     }
     void click(desktop::ListBoxView& view, int row) {
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {},

@@ -104,8 +104,7 @@ GlRenderer::GlRenderer(std::unique_ptr<GlContext> context, Sides sides)
         throw deviceError(DeviceFailure::NotAvailable, "The graphics driver has no OpenGL 3.3.");
 }
 
-// From the first line on there is a renderer: what fails here leaves none of its objects to the contexts that
-// share them.
+// From the first line on there is a renderer: what fails here leaves none of its objects behind.
 GlRenderer::GlRenderer(std::unique_ptr<GlContext> context, std::int32_t width, std::int32_t height)
     : GlRenderer(std::move(context), Sides{width, height}) {
     forgetErrors();
@@ -142,7 +141,6 @@ void GlRenderer::makeBackBuffer() {
     }
 }
 
-/// The texture keeps its name, by which the viewport knows it.
 void GlRenderer::sizeBackBuffer(double scale) {
     const auto width = static_cast<std::int32_t>(std::lround(width_ * scale));
     const auto height = static_cast<std::int32_t>(std::lround(height_ * scale));
@@ -235,7 +233,7 @@ void GlRenderer::drawFrame(const FramePicture& picture) {
         glDisable(GL_BLEND);
     }
     check("draw a frame");
-    context_->present(backTexture_, backWidth_, backHeight_);
+    context_->present(readBackBuffer(), backWidth_, backHeight_);
 }
 
 std::vector<std::byte> GlRenderer::readBackBuffer() {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace pelrath {
@@ -16,9 +17,9 @@ public:
 
     /// Fails with DeviceLost.
     virtual void makeCurrent() = 0;
-    /// Puts the picture in a texture of this context on the viewport, stretched over all of it. The first
-    /// row in the texture is the bottom one.
-    virtual void present(std::uint32_t texture, std::int32_t width, std::int32_t height) = 0;
+    /// Puts a picture on the viewport, stretched over all of it: width * height pixels of red, green, blue
+    /// and alpha bytes, top row first.
+    virtual void present(std::span<const std::byte> pixels, std::int32_t width, std::int32_t height) = 0;
     /// True when the last picture presented has been shown.
     [[nodiscard]] virtual bool ready() const = 0;
     /// As Device has it.
