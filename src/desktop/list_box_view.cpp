@@ -2,10 +2,8 @@
 
 #include "platform/scoped_flag.hpp"
 
-#include <QFontMetrics>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -21,38 +19,38 @@ QVariant ListBoxModel::data(const QModelIndex& index, int role) const {
     return toQString(list_.line(index.row()));
 }
 
-void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                         const QModelIndex& index) const {
-    const bool selected = option.state.testFlag(QStyle::State_Selected);
-    const bool active =
-        option.state.testFlag(QStyle::State_Active) && option.state.testFlag(QStyle::State_HasFocus);
-    const QPalette::ColorGroup group = !option.state.testFlag(QStyle::State_Enabled) ? QPalette::Disabled
-                                       : option.state.testFlag(QStyle::State_Active) ? QPalette::Active
-                                                                                     : QPalette::Inactive;
-    if (selected) painter->fillRect(option.rect, option.palette.brush(group, QPalette::Highlight));
-    painter->setFont(option.font);
-    painter->setPen(option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
-    const QRect text = option.rect.adjusted(textInset, 0, 0, 0);
-    painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, index.data().toString());
-    if (active && !selected) {
-        painter->setPen(option.palette.color(group, QPalette::Highlight));
-        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
-    }
-}
-
-QSize LineDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const {
-    // The width is never used: a list is as wide as its view, and what is longer is scrolled by it.
-    return {1, QFontMetrics{option.font}.height()};
-}
-
-ListBoxView::ListBoxView(QWidget* parent) : QListView(parent) {
-    setItemDelegate(new LineDelegate{this});
+ListBoxView::ListBoxView(QWidget* parent) : QListView(parent), delegate_(new LineDelegate{this}) {
+    setItemDelegate(delegate_);
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerItem);
     setTabKeyNavigation(false);
     viewport()->setAttribute(Qt::WA_Hover, false);
+}
+
+void ListBoxView::fitRows(int rows) {
+    fittedRows_ = rows;
+    fit();
+}
+
+void ListBoxView::fit() {
+    if (fittedRows_ == 0) return;
+    const int room = contentsRect().height();
+    const int height = std::max(room / fittedRows_, 1);
+    setViewportMargins(0, 0, 0, std::max(room - height * fittedRows_, 0)); // no sliver of another row
+    delegate_->fitTo(height, font());
+    scheduleDelayedItemsLayout();
+}
+
+void ListBoxView::changeEvent(QEvent* event) {
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) fit();
+}
+
+void ListBoxView::resizeEvent(QResizeEvent* event) {
+    QListView::resizeEvent(event);
+    fit();
 }
 
 void ListBoxView::bindTo(ListBox& list, Binder& binder) {

@@ -2,9 +2,9 @@
 
 #include "controls/list_box.hpp"
 #include "desktop/bind.hpp"
+#include "desktop/line_delegate.hpp"
 #include "desktop/lines_model.hpp"
 
-#include <QAbstractItemDelegate>
 #include <QListView>
 
 #include <cstdint>
@@ -25,18 +25,6 @@ private:
     const ListBox& list_;
 };
 
-/// One line of text, cut at the view's edge, its first character at a fixed place.
-class LineDelegate : public QAbstractItemDelegate {
-public:
-    using QAbstractItemDelegate::QAbstractItemDelegate;
-
-    static constexpr int textInset = 6; ///< pixels; the title over a pane keeps the same
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override;
-    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-};
-
 /// Shows a list box of any number of lines at the cost of the visible ones.
 class ListBoxView : public QListView {
 public:
@@ -44,10 +32,15 @@ public:
 
     void bindTo(ListBox& list, Binder& binder);
 
+    /// As many rows as that fill the view from top to bottom.
+    void fitRows(int rows);
+
     /// Left, Right and sideways wheels move this bar, which belongs to no tab order itself.
     void scrollSidewaysBy(QScrollBar& bar) { sideways_ = &bar; }
 
 protected:
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -57,6 +50,7 @@ protected:
                                                                        const QEvent* event) const override;
 
 private:
+    void fit();
     void push();
     void pushSelection();
     void deliver(const Signal<>& event);
@@ -65,6 +59,8 @@ private:
     [[nodiscard]] bool isSingle() const { return selectionMode() == SingleSelection; }
     [[nodiscard]] std::vector<ListBox::Run> chosenRuns() const;
 
+    LineDelegate* delegate_;
+    int fittedRows_ = 0;
     ListBox* list_ = nullptr;
     ListBoxModel* lines_ = nullptr;
     Refresh* refresh_ = nullptr;

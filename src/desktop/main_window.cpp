@@ -101,6 +101,7 @@ void MainWindow::buildArchiveFrame() {
     search.setBuddy(&box);
     ListBoxView& names = make<ListBoxView>("incrementalSearchList", frame);
     names.setMouseTracking(true);
+    names.fitRows(2);
     names.bindTo(model_.incrementalSearchList, binder_);
 }
 
