@@ -3,6 +3,7 @@
 #include "desktop/artwork.hpp"
 #include "desktop/bordered_box.hpp"
 #include "desktop/key_line_edit.hpp"
+#include "desktop/line_title.hpp"
 #include "desktop/list_box_view.hpp"
 #include "desktop/placing.hpp"
 #include "desktop/swatch_button.hpp"
@@ -185,13 +186,14 @@ void MainWindow::buildStructure() {
     shownText(model_.Text3, "Text3", *this);
     label(model_.Label3, "Label3", *this).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     shownText(model_.Text4, "Text4", *this);
-    QLineEdit& headerTitle = shownText(model_.Text9, "Text9", *this);
+    LineTitle& headerTitle = make<LineTitle>("Text9", *this);
     headerTitle.setFont(binder_.screen().fixedFont());
-    headerTitle.setTextMargins(LineDelegate::textInset - 5, 0, 0, 0);
+    binder_.bind(model_.Text9, headerTitle);
     ListBoxView& header = make<ListBoxView>("Output2", *this);
     header.setFont(binder_.screen().fixedFont());
     header.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     header.bindTo(model_.Output[HeaderPane], binder_);
+    headerTitle.standOver(header);
     headerCaption.setBuddy(&header);
 
     QLabel& textures = label(model_.Label4, "Label4", *this, 'F');
@@ -208,15 +210,15 @@ ListBoxView& MainWindow::buildPane(std::size_t pane) {
     BorderedBox& box = make<BorderedBox>(numbered("Picture1", pane), *this);
     binder_.bind(model_.Picture1.at(pane), box);
     QWidget& container = box.inside();
-    QLineEdit& title = make<QLineEdit>(numbered("Text2", pane), container);
+    LineTitle& title = make<LineTitle>(numbered("Text2", pane), container);
     title.setFrame(false);
     title.setFont(binder_.screen().fixedFont());
-    title.setTextMargins(LineDelegate::textInset - 2, 0, 0, 0); // 2: the line edit's own
     binder_.bind(model_.Text2.at(pane), title);
     ListBoxView& list = make<ListBoxView>(numbered("Output", pane), container);
     list.setFrameShape(QFrame::NoFrame);
     list.setFont(binder_.screen().fixedFont());
     list.bindTo(model_.Output.at(pane), binder_);
+    title.standOver(list);
     QScrollBar& bar = make<QScrollBar>(numbered("HScroll", pane), container);
     bar.setOrientation(Qt::Horizontal);
     binder_.bind(model_.HScroll.at(pane), bar);
