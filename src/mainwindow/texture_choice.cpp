@@ -17,12 +17,11 @@ TextureChoice::TextureChoice(const Controls& controls, Session& session, Texture
 void TextureChoice::showSelectedTexture() {
     c_.Label11.setVisible(false);
     c_.Label11.setCaption("");
-    session_.selectedTexture = static_cast<std::int16_t>(c_.Output[TexturePane].selectedRow());
-    if (session_.selectedTexture == -1) return;
-    // May choose another texture, nested in this reaction; from here on that one counts.
-    c_.incrementalSearchList.setSelected(session_.selectedTexture, true);
-    const std::int16_t texture = session_.selectedTexture;
+    const auto texture = static_cast<std::int16_t>(c_.Output[TexturePane].selectedRow());
+    session_.selectedTexture = texture;
     if (texture == -1) return;
+    c_.incrementalSearchList.setSelected(texture,
+                                         true); // its name in the search box completes to this very row
     session_.selectedBaseName =
         withoutExtension(session_.archive.textures[static_cast<std::size_t>(texture)].name);
     highlightLevels(texture);
