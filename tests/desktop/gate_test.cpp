@@ -1,7 +1,5 @@
 #include "desktop/real_window.hpp"
 
-#include <array>
-#include <csignal>
 #include <filesystem>
 
 namespace pelrath::test {
@@ -147,30 +145,6 @@ TEST_F(Gate, WhatWasPressedBeforeTheCloseIsForgotten) {
     });
     run(false);
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"Pelrath.ini", "demo.cdds"}));
-}
-
-TEST(AskedToEnd, TheProgramClosesAsItsUserWould) {
-    // How it is started, and the signal that it gets.
-    const std::pair<const char*, int> cases[] = {
-        {"exec", SIGTERM},
-        {"exec", SIGINT},
-        {"exec", SIGHUP},
-        {"ulimit -f 0; exec", SIGTERM}, // no file can be written
-    };
-    for (const auto& [start, signal] : cases) {
-        const TemporaryFolder folder;
-        const QString program = QString::fromStdString(folder.file("pelrath"));
-        ASSERT_TRUE(QFile::copy(PELRATH_PROGRAM, program));
-        (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n");
-        QProcess process;
-        process.start("/bin/sh", {"-c", QString{start} + " " + program});
-        EXPECT_FALSE(process.waitForFinished(1500)); // shows its window
-        kill(static_cast<pid_t>(process.processId()), signal);
-        EXPECT_TRUE(process.waitForFinished());
-        EXPECT_EQ(row(process.exitStatus() == QProcess::NormalExit, process.exitCode()), "true, 0") << signal;
-        const bool saved = folder.read("Pelrath.ini").find("MainTop=") != std::string::npos;
-        EXPECT_EQ(saved, start == std::string{"exec"});
-    }
 }
 
 } // namespace

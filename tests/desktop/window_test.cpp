@@ -224,22 +224,6 @@ TEST_F(RealWindow, AWorkingFolderIsAskedForUntilThereIsOne) {
     EXPECT_NE(folder.read("Pelrath.ini").find("bazartempfolder=/no such\n"), std::string::npos);
 }
 
-TEST(WithoutOpenGl, TheProgramRunsWithoutAPicture) {
-    const TemporaryFolder folder;
-    const QString program = QString::fromStdString(folder.file("pelrath"));
-    ASSERT_TRUE(QFile::copy(PELRATH_PROGRAM, program));
-    (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n");
-    for (const char* without :
-         {"QT_XCB_GL_INTEGRATION=none", "QT_QPA_PLATFORM=offscreen", "QT_QPA_PLATFORM=minimal"}) {
-        QProcess process;
-        process.start("/usr/bin/env", {without, program});
-        // It shows its window and the message, and does not die.
-        EXPECT_FALSE(process.waitForFinished(2000)) << without;
-        process.kill();
-        process.waitForFinished();
-    }
-}
-
 TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
     untilLoop().then([this] {
         QStringList nameless;

@@ -1,0 +1,62 @@
+#include "support/temporary_folder.hpp"
+
+#include <QFile>
+#include <QProcess>
+#include <QTest>
+
+#include <csignal>
+
+namespace pelrath::test {
+namespace {
+
+/// A process of the program in a folder of its own, not run for the first time.
+struct Program {
+    /// `how` are the words of the shell in front of the program's path.
+    explicit Program(const QString& how) {
+        const QString path = QString::fromStdString(folder.file("pelrath"));
+        EXPECT_TRUE(QFile::copy(PELRATH_PROGRAM, path));
+        (void)folder.write("Pelrath.ini", "[Setup]\nfirsttimedone=True\n");
+        // A graphics driver that is unloaded in the end cannot be left out of a leak report.
+        process.start("/bin/sh", {"-c", "export ASAN_OPTIONS=detect_leaks=0; " + how + " " + path});
+        EXPECT_TRUE(QTest::qWaitFor([this] { return listens(SIGTERM); }, 20000));
+    }
+    [[nodiscard]] bool listens(int signal) const {
+        QFile status{QString{"/proc/%1/status"}.arg(process.processId())};
+        (void)status.open(QFile::ReadOnly);
+        const QByteArray text = status.readAll();
+        const QByteArray caught = text.mid(text.indexOf("SigCgt:") + 7, 17).trimmed();
+        return (caught.toULongLong(nullptr, 16) >> static_cast<unsigned>(signal - 1) & 1U) != 0;
+    }
+
+    TemporaryFolder folder;
+    QProcess process;
+};
+
+TEST(ProgramTest, RunsWithoutAPictureAndClosesOnASignalAsItsUserWouldCloseIt) {
+    struct Case {
+        const char* how;
+        int signal;
+        bool saves;
+    };
+    const Case cases[] = {{"exec", SIGTERM, true},
+                          {"exec", SIGINT, true},
+                          {"exec", SIGHUP, true},
+                          {"ulimit -f 0; exec", SIGTERM, false}, // no file can be written
+                          {"exec env QT_XCB_GL_INTEGRATION=none", SIGTERM, true},
+                          {"exec env QT_QPA_PLATFORM=offscreen", SIGTERM, true},
+                          {"exec env QT_QPA_PLATFORM=minimal", SIGTERM, true}};
+    for (const Case& row : cases) {
+        Program program{row.how};
+        EXPECT_FALSE(program.process.waitForFinished(1000))
+            << row.how; // shows its window, and perhaps a message
+        kill(static_cast<pid_t>(program.process.processId()), row.signal);
+        EXPECT_TRUE(program.process.waitForFinished()) << row.how;
+        EXPECT_EQ(program.process.exitStatus(), QProcess::NormalExit) << row.how;
+        EXPECT_EQ(program.process.exitCode(), 0) << row.how;
+        const bool saved = program.folder.read("Pelrath.ini").find("MainTop=") != std::string::npos;
+        EXPECT_EQ(saved, row.saves) << row.how;
+    }
+}
+
+} // namespace
+} // namespace pelrath::test
