@@ -1,5 +1,6 @@
 #include "desktop/gate.hpp"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QEvent>
@@ -35,19 +36,40 @@ bool isInput(const QEvent& event) {
     }
 }
 
-// Held down, Enter would start an operation over and over.
-bool repeatsItself(const QEvent& event) {
+bool isKey(const QEvent& event) {
+    return event.type() == QEvent::ShortcutOverride || event.type() == QEvent::KeyPress ||
+           event.type() == QEvent::KeyRelease;
+}
+
+// What a key begins that is no editing of a text.
+bool isCommand(const QObject& object, const QEvent& event) {
+    if (event.type() == QEvent::Shortcut) return true;
     if (event.type() != QEvent::KeyPress) return false;
-    const auto& key = static_cast<const QKeyEvent&>(event);
-    return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    if (key == Qt::Key_Space) return qobject_cast<const QAbstractButton*>(&object) != nullptr;
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 } // namespace
 
+// A shortcut does not say whether its key is held down; the key that is offered before it does, unless the
+// toolkit missed that the press was waiting behind the release.
+void HeldKey::follow(const QKeyEvent& key) {
+    constexpr quint64 noHand = 10; // milliseconds
+    if (key.type() == QEvent::KeyRelease) {
+        released_ = key.key();
+        releasedAt_ = key.timestamp();
+    } else {
+        const bool again =
+            key.key() == released_ && releasedAt_ != 0 && key.timestamp() - releasedAt_ < noHand;
+        repeats_ = key.isAutoRepeat() || again;
+    }
+}
+
 Gate::Gate() { qApp->installEventFilter(this); }
 
 Gate::Turn::Turn(Gate& gate, QDialog* dialog) : gate_(gate) {
-    gate_.turns_.push_back({dialog, false});
+    gate_.turns_.push_back({dialog, false, dialog == nullptr});
     gate_.tellWaiting();
 }
 
@@ -88,8 +110,10 @@ void Gate::dropWaiting() {
 }
 
 bool Gate::eventFilter(QObject* object, QEvent* event) {
-    if (!object->isWidgetType()) return false;
-    return (isInput(*event) && !isQuiet()) || repeatsItself(*event);
+    if (isKey(*event)) key_.follow(static_cast<const QKeyEvent&>(*event));
+    if (key_.repeats() && isCommand(*object, *event)) return true;
+    if (event->type() == QEvent::Paint && object == top().dialog) top().seen = true;
+    return object->isWidgetType() && isInput(*event) && (!isQuiet() || !top().seen);
 }
 
 } // namespace pelrath::desktop

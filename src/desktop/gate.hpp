@@ -8,13 +8,27 @@
 #include <vector>
 
 class QDialog;
+class QKeyEvent;
 class QWidget;
 
 namespace pelrath::desktop {
 
+/// Tells a key that is held down from one that is pressed again.
+class HeldKey {
+public:
+    void follow(const QKeyEvent& key);
+    [[nodiscard]] bool repeats() const { return repeats_; }
+
+private:
+    int released_ = 0;
+    quint64 releasedAt_ = 0; ///< milliseconds; 0: never
+    bool repeats_ = false;
+};
+
 /// Decides what of the user's doing may reach a reaction: what is done in the window whose turn it is, while
 /// no reaction runs, before the end. Everything else is dropped and never queued: input that arrives while a
-/// reaction lets events run does not even reach its widget.
+/// reaction lets events run does not even reach its widget, nor what comes before a dialog could be seen. A
+/// key held down gives its command once.
 class Gate : public QObject {
 public:
     Gate();
@@ -71,12 +85,14 @@ private:
     struct Level {
         QPointer<QDialog> dialog;
         bool reacting = false;
+        bool seen = true; ///< the dialog has been painted
     };
     Level& top() { return turns_.back(); }
     void tellWaiting();
 
     std::vector<Level> turns_{Level{}};
     std::vector<std::pair<QPointer<QObject>, std::function<void()>>> waiting_;
+    HeldKey key_;
     bool shut_ = false;
 };
 

@@ -348,7 +348,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (model_.window.isUnloaded()) return;
     if (!gate.isIdle()) {
         event->ignore();
+        if (std::exchange(closing_, true)) return; // one dialog at a time
         gate.whenQuiet(*this, [this, &gate] {
+            closing_ = false;
             gate.dismissDialog();
             close();
         });

@@ -59,6 +59,7 @@ private:
     bool placed_ = false;
     bool activated_ = false;
     bool moved_ = false;
+    bool closing_ = false; ///< asked for, and waiting for what runs
 };
 
 } // namespace pelrath::desktop

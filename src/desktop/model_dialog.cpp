@@ -10,6 +10,7 @@ namespace pelrath::desktop {
 namespace {
 
 constexpr int readingTime = 2500; // milliseconds
+constexpr int glance = 100;       // milliseconds
 
 // Around a window that is not shown yet; the model's box has its own middle where the framed dialog has it.
 constexpr QSize usualFrame{2, 24}; // pixels
@@ -25,6 +26,7 @@ QRect centred(const QSize& size, const QPoint& middle) {
 ModelDialog::ModelDialog(Window& model, Binder& binder) : model_(model), binder_(binder) {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     connections_.push_back(model_.unloaded.connect([this] { done(0); }));
+    connect(&closing_, &QTimer::timeout, this, [this] { closeWhenRead(); });
 }
 
 void ModelDialog::run() {
@@ -40,6 +42,7 @@ void ModelDialog::run() {
     setWindowTitle(toQString(model_.caption()));
     const Gate::Turn turn{binder_.refresh().gate(), this};
     if (!model_.isUnloaded()) exec();
+    closing_.stop();
     if (!model_.isUnloaded()) binder_.refresh().deliver([this] { model_.unload(); }); // given up
     setParent(nullptr, windowFlags());
 }
@@ -74,16 +77,17 @@ void ModelDialog::moveEvent(QMoveEvent* event) {
 }
 
 void ModelDialog::reject() {
-    Refresh& refresh = binder_.refresh();
-    if (refresh.act(*this, [this] { model_.unload(); }) || closing_) return;
+    if (binder_.refresh().act(*this, [this] { model_.unload(); })) return;
     // An operation runs. Its end is waited for, and then what it says is to be seen.
-    closing_ = true;
-    refresh.gate().whenQuiet(*this, [this] {
-        QTimer::singleShot(readingTime, this, [this] {
-            closing_ = false;
-            if (isVisible()) reject();
-        });
-    });
+    quietTime_ = 0;
+    closing_.start(glance);
+}
+
+void ModelDialog::closeWhenRead() {
+    quietTime_ = binder_.refresh().gate().admits(*this) ? quietTime_ + glance : 0;
+    if (quietTime_ < readingTime) return;
+    closing_.stop();
+    reject();
 }
 
 } // namespace pelrath::desktop

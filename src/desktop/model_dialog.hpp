@@ -4,6 +4,7 @@
 #include "desktop/bind.hpp"
 
 #include <QDialog>
+#include <QTimer>
 
 namespace pelrath::desktop {
 
@@ -28,11 +29,13 @@ protected:
 
 private:
     void takeSize();
+    void closeWhenRead();
 
     Window& model_;
     Binder& binder_;
     Connections connections_;
-    bool closing_ = false; ///< by its frame, during an operation
+    QTimer closing_;    ///< by its frame, asked for during an operation
+    int quietTime_ = 0; ///< milliseconds since that has ended
 };
 
 } // namespace pelrath::desktop

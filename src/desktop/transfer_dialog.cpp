@@ -61,7 +61,7 @@ void TransferDialog::buildMipmaps() {
     BorderedBox& holder = make<BorderedBox>("Picture1", box);
     binder_.bind(model_.Picture1, holder);
     QButtonGroup& group = make<QButtonGroup>("operations", box);
-    constexpr std::array<char16_t, 4> mnemonics{u'S', u'b', u'x', u'C'};
+    constexpr std::array<char16_t, 4> mnemonics{u'l', u'b', u'x', u'C'};
     for (std::size_t i = 0; i < model_.optMipmaps.size(); ++i) {
         const QString name = "optMipmaps" + QString::number(i);
         binder_.bind(model_.optMipmaps[i], make<QRadioButton>(name, holder.inside()), group, mnemonics.at(i));
@@ -113,7 +113,11 @@ void TransferDialog::buildBelow() {
     binder_.bind(model_.ExtractSummary, make<QPlainTextEdit>("ExtractSummary", *this));
     action_ = &make<QPushButton>("cmdExtractInsert", *this);
     action_->setDefault(true);
-    binder_.bind(model_.cmdExtractInsert, *action_, 'r');
+    // Not the letters of the main window's commands: those may still come from a quick hand.
+    binder_.bind(model_.cmdExtractInsert, *action_, 's');
+    binder_.attach(model_.cmdExtractInsert, *action_, [this] {
+        if (model_.cmdExtractInsert.caption() == "Extract") action_->setText("Ex&tract");
+    });
     QPushButton& quit = make<QPushButton>("cmdQuit", *this);
     quit.setAutoDefault(false);
     binder_.bind(model_.cmdQuit, quit, 'Q');

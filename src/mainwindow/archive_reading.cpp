@@ -118,9 +118,9 @@ void ArchiveReading::takeOver(CddsArchive archive, const ArchiveFile& file) {
     session_.archiveFile = file;
     session_.selectedTexture = -1;
     session_.selectedBaseName.clear();
+    viewer_.showNothing(); // where the first texture cannot be shown, no picture of another archive is
     if (!session_.archive.textures.empty()) return;
     // Nothing is going to take the place of these.
-    viewer_.showNothing();
     c_.incrementalSearchText.setText("");
     c_.Text5.setText("");
 }

@@ -45,6 +45,7 @@ void TextureChoice::stageAndShow(std::int16_t texture) {
     try {
         dds_.writeDdsLevelFile(path, texture, 0, Durability::Scratch);
     } catch (const RuntimeError& error) {
+        viewer_.showNothing(); // no other texture's picture under this one's name
         c_.Label11.setCaption("Texture not available !");
         c_.Label11.setVisible(true);
         const std::string& name = session_.archive.textures[static_cast<std::size_t>(texture)].name;

@@ -6,8 +6,8 @@
 namespace pelrath {
 
 /// Shows that a long piece of work goes on, from inside the reaction that does it. Called many times a
-/// second. Nothing of the program may run inside these calls: an implementation paints, and drops what the user
-/// does.
+/// second. Nothing of the program may run inside these calls: an implementation paints, and drops what the
+/// user does.
 class BusySign {
 public:
     virtual ~BusySign() = default;

@@ -8,9 +8,9 @@ class EventPump {
 public:
     virtual ~EventPump() = default;
 
-    /// Keeps the window painted and sized inside an operation; what the user does meanwhile is dropped. May be
-    /// called thousands of times in a row: an implementation may skip a call that follows the last one closer
-    /// than a user could notice.
+    /// Keeps the window painted and sized inside an operation; what the user does meanwhile is dropped. May
+    /// be called thousands of times in a row: an implementation may skip a call that follows the last one
+    /// closer than a user could notice.
     virtual void processPending() = 0;
 
     /// Sleeps until there is at least one event, then delivers what is pending, the user's doing as well.

@@ -12,7 +12,8 @@ bool attemptInsertion(MessageBoxes& boxes, const std::function<void()>& work) {
             work();
         } catch (const ArchiveRefused& refusal) {
             refused = true;
-            boxes.exclamation(refusal.description() + ".", "Pelrath - Insertion refused");
+            boxes.exclamation("The insertion was stopped: " + refusal.description() + ".",
+                              "Pelrath - Insertion refused");
         }
     };
     return attempt(boxes, {"Insertion Error Number: ", "Insertion Error : "}, guarded) && !refused;

@@ -66,7 +66,7 @@ struct RealFolderPicker : RealUser {
         runFor([&] { chosen = browser.BrowseForFolder(); });
         return chosen;
     }
-    static bool isOpen() { return dialog<desktop::FolderPickerDialog>() != nullptr; }
+    static bool isOpen() { return isSeen(dialog<desktop::FolderPickerDialog>()); }
     static FolderTreeView& tree() { return in<FolderTreeView>("tree"); }
     static QLineEdit& path() { return in<QLineEdit>("path"); }
     static std::string status() { return in<QLabel>("status").accessibleName().toStdString(); }

@@ -23,10 +23,13 @@ private:
 };
 
 struct Gate : RealWindow {
-    void openDialog(const char* button) {
-        user.then([this, button] {
+    /// `unseen` is done in the dialog before it can be seen.
+    void openDialog(
+        const char* button, const std::function<void()>& unseen = [] {}) {
+        user.then([this, button, unseen] {
             click(list("Output0"), 2);
             widget<QLineEdit>("Text8").setText(QString::fromStdString(folder.path()));
+            QTimer::singleShot(0, unseen);
             widget<QPushButton>(button).click();
         });
         untilDialog<desktop::TransferDialog>();
@@ -64,16 +67,37 @@ TEST_F(Gate, BehindADialogNothingReactsAndNothingLooksAsIfItHad) {
     run();
 }
 
-TEST_F(Gate, WhatIsPressedDuringACommandIsNotDoneAfterIt) {
+TEST_F(Gate, ACommandRunsOnceForEachPress) {
     openArchive();
-    openDialog("cmdExtract");
+    openDialog("cmdExtract", [] { press(in<QPushButton>("cmdExtractInsert"), Qt::Key_Return); });
+    const auto summary = [this] { return program.main.transfer.ExtractSummary.text(); };
+    const std::string first = "written\r\n1 file(s) extracted.",
+                      again = "overwritten.\r\n0 file(s) extracted.";
     user.then([] {
         auto& action = in<QPushButton>("cmdExtractInsert");
         QCoreApplication::postEvent(&action, new QKeyEvent{QEvent::KeyPress, Qt::Key_Return, {}});
-        action.click();
+        action.click(); // what is pressed meanwhile is forgotten
     });
-    afterAWhile().then([this] {
-        EXPECT_TRUE(program.main.transfer.ExtractSummary.text().ends_with("written\r\n1 file(s) extracted."));
+    afterAWhile().then([=] {
+        EXPECT_TRUE(summary().ends_with(first)) << summary();
+        const auto key = [](QEvent::Type type, Qt::Key code, quint64 time) {
+            QKeyEvent event{type, code, {}};
+            event.setTimestamp(time);
+            QCoreApplication::sendEvent(&in<QPushButton>("cmdExtractInsert"), &event);
+        };
+        const auto mnemonic = [] {
+            QShortcutEvent event{{}, 0};
+            QCoreApplication::sendEvent(&in<QPushButton>("cmdExtractInsert"), &event);
+        };
+        for (const Qt::Key code : {Qt::Key_Return, Qt::Key_Space, Qt::Key_S}) { // held down
+            key(QEvent::KeyRelease, code, 1000);
+            key(QEvent::KeyPress, code, 1001);
+            if (code == Qt::Key_S) mnemonic();
+        }
+        EXPECT_TRUE(summary().ends_with(first));
+        key(QEvent::KeyRelease, Qt::Key_Return, 2000);
+        key(QEvent::KeyPress, Qt::Key_Return, 2100);
+        EXPECT_TRUE(summary().ends_with(again)) << summary();
         dialog<QDialog>()->close();
     });
     user.until("its end", [] { return dialog<QDialog>() == nullptr; });

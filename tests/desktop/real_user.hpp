@@ -31,9 +31,13 @@ struct RealUser : testing::Test {
     static Widget& in(const char* name) {
         return *dialog<QWidget>()->findChild<Widget*>(name);
     }
+    /// Before that, nothing typed into it counts.
+    static bool isSeen(const QWidget* open) {
+        return open != nullptr && open->windowHandle() != nullptr && open->windowHandle()->isExposed();
+    }
     template <class Dialog>
     tour::UserScript& untilDialog() {
-        return user.until("the dialog", [] { return dialog<Dialog>() != nullptr; });
+        return user.until("the dialog", [] { return isSeen(dialog<Dialog>()); });
     }
     void acceptMessage() {
         untilDialog<QMessageBox>().then([] { dialog<QMessageBox>()->accept(); });

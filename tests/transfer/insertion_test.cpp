@@ -205,7 +205,7 @@ TEST_F(TroubledInsertion, RefusesAnArchiveThatIsNotTheOneRead) {
         const std::string changed = archive();
         for (const char* clicks : {"e!", "nc!"}) {
             EXPECT_EQ(insert(clicks), "Insertion canceled.");
-            boxes.expect({words, "Pelrath - Insertion refused"});
+            boxes.expect({"The insertion was stopped: " + words, "Pelrath - Insertion refused"});
         }
         EXPECT_EQ(row(archive() == changed, files("copies")), "true, ");
     }
