@@ -19,11 +19,15 @@ using std::chrono::microseconds;
 
 struct Scenario {
     const char* name;
-    const char* clicks; ///< of the user, from opening the dialog on
+    Steps steps; ///< of the user, from opening the dialog on
 };
-constexpr Scenario scenarios[] = {{"dds embedded", "e!"},    {"dds external", "x!"}, {"dds single", "s!"},
-                                  {"dds create", "c!"},      {"tga single", "ns!"},  {"tga create", "nc!"},
-                                  {"tga create box", "nf3!"}};
+const Scenario scenarios[] = {{"dds embedded", {embedded}},
+                              {"dds external", {external}},
+                              {"dds single", {single}},
+                              {"dds create", {create}},
+                              {"tga single", {images, single}},
+                              {"tga create", {images, create}},
+                              {"tga create box", {images, filter(3)}}};
 
 /// Which parts of an insertion a killed one had done.
 struct Tally {
@@ -41,13 +45,10 @@ public:
         h_.open({CddsType::TypeCdds, {chainOf("other", "DXT1", 64, 64), wall}});
         h_.choose(1);
         for (int level = 0; level < static_cast<int>(wall.levels.size()); ++level) {
-            h_.show(DialogMode::Extraction, [&] {
-                h_.dialog.List1.setChecked(level, true);
-                h_.click("!");
-            });
+            h_.extract({mark(level)});
         }
-        h_.extract("eo!"); // of level 0's name as well
-        h_.extract("n!");
+        h_.extract({embedded, overwriting}); // of level 0's name as well
+        h_.extract({images});
         // Every level of the archive is now other than what is inserted.
         before_ = h_.outside(h_.archive());
     }
@@ -108,7 +109,7 @@ private:
             close(ends_[1]);
             return;
         }
-        h_.insert(scenario.clicks);
+        h_.insert(scenario.steps);
         _exit(h_.boxes.take().empty() ? 0 : 1);
     }
     /// Whether it came to its end.

@@ -3,119 +3,137 @@
 namespace pelrath::test {
 namespace {
 
-class Extraction : public testing::Test, protected TransferHarness {};
+namespace fs = std::filesystem;
+
+struct Extraction : testing::Test, TransferHarness {
+    /// The summary's last line.
+    static std::string extracted(int count) { return std::to_string(count) + " file(s) extracted."; }
+    /// An archive of one texture of 8 x 8, and nothing extracted yet.
+    void begin(const std::string& name, const std::string& type) {
+        fs::remove_all(folder.file("out"));
+        fs::create_directory(folder.file("out"));
+        open({CddsType::TypeCdds, {chainOf(name, type, 8, 8)}});
+    }
+};
 
 TEST_F(Extraction, WritesTheChosenFilesAndSaysSo) {
-    // Type, files in the folder before, clicks, summary, files afterwards.
-    const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {
-        {"DXT1", "", "!", "out/wall-8x8.dds written|1 file(s) extracted.", "wall-8x8.dds"},
-        {"DXT1", "", "2!", "out/wall-2x2.dds written|1 file(s) extracted.", "wall-2x2.dds"},
-        {"DXT1", "", "N!", "0 file(s) extracted.", ""},
-        {"DXT1", "", "e!", "out/wall-8x8.dds written|1 file(s) extracted.", "wall-8x8.dds"},
-        {"DXT1", "wall-8x8.dds", "e!", "out/wall-8x8.dds not overwritten.|0 file(s) extracted.",
-         "wall-8x8.dds"},
-        {"DXT1", "wall-8x8.dds", "eo!", "out/wall-8x8.dds overwritten.|1 file(s) extracted.", "wall-8x8.dds"},
-        {"DXT1", "", "g!", "out/wall-8x8.dds|1 file(s) extracted.",
-         "wall-8x8.dds"}, // a third state writes without a word
-        {"DXT1", "", "eo!", "out/wall-8x8.dds written|1 file(s) extracted.", "wall-8x8.dds"},
-        {"DXT5", "wall-4x4.dds", "x3!",
-         "out/wall-8x8.dds written|out/wall-4x4.dds not overwritten.|out/wall-2x2.dds written|2 file(s) extracted.",
-         "wall-2x2.dds wall-4x4.dds wall-8x8.dds"},
-        {"DXT1", "", "n!", "out/wall-8x8.bmp written|1 file(s) extracted.", "wall-8x8.bmp"},
-        {"DXT5", "", "n3!", "out/wall-1x1.tga written|1 file(s) extracted.", "wall-1x1.tga"},
-        {"DXT5", "wall-8x8.tga", "n!", "out/wall-8x8.tga not overwritten.|0 file(s) extracted.",
-         "wall-8x8.tga"},
-        {"DXT5", "wall-8x8.tga", "no!", "out/wall-8x8.tga overwritten.|1 file(s) extracted.", "wall-8x8.tga"},
-        {"DXT1", "", "nN!", "No mipmap selected.|0 file(s) extracted.", ""},
-        {"DXT1", "", "x!n!", "out/wall-8x8.bmp written|1 file(s) extracted.",
-         "wall-1x1.dds wall-2x2.dds wall-4x4.dds wall-8x8.bmp wall-8x8.dds"},
+    const auto inAThirdState = [](TransferControls& controls) {
+        controls.chkOverwriteExistingFiles.setValue(CheckValue::Grey);
     };
-    for (const auto& [type, before, clicks, summary, after] : cases) {
-        std::filesystem::remove_all(folder.file("out"));
-        std::filesystem::create_directory(folder.file("out"));
-        if (*before != '\0') (void)folder.write("out/" + std::string{before}, std::string(10000, 'x'));
-        open({CddsType::TypeCdds, {chainOf("wall.bmp", type, 8, 8)}});
-        EXPECT_EQ(extract(clicks), summary) << clicks;
-        EXPECT_EQ(files(), after) << clicks;
-        const bool kept = std::string_view{summary}.find("not overwritten") != std::string::npos;
-        if (*before != '\0') {
-            EXPECT_EQ(folder.read("out/" + std::string{before}) == std::string(10000, 'x'), kept) << clicks;
-        }
+    // Type, file in the folder before, steps, what is said of the files and their number, files afterwards.
+    const std::tuple<const char*, std::string, Steps, std::string, int, const char*> cases[] = {
+        {"DXT1", "", {}, "out/w-8x8.dds written|", 1, "w-8x8.dds"},
+        {"DXT1", "", {mark(2)}, "out/w-2x2.dds written|", 1, "w-2x2.dds"},
+        {"DXT1", "", {noLevel}, "", 0, ""},
+        {"DXT1", "w-8x8.dds", {}, "out/w-8x8.dds not overwritten.|", 0, "w-8x8.dds"},
+        {"DXT1", "w-8x8.dds", {overwriting}, "out/w-8x8.dds overwritten.|", 1, "w-8x8.dds"},
+        {"DXT1", "w-8x8.dds", {inAThirdState}, "out/w-8x8.dds|", 1, "w-8x8.dds"},
+        {"DXT1", "", {embedded, overwriting}, "out/w-8x8.dds written|", 1, "w-8x8.dds"},
+        {"DXT5",
+         "w-4x4.dds",
+         {external, unmark(3)},
+         "out/w-8x8.dds written|out/w-4x4.dds not overwritten.|out/w-2x2.dds written|",
+         2,
+         "w-2x2.dds w-4x4.dds w-8x8.dds"},
+        {"DXT5", "", {images, mark(3)}, "out/w-1x1.tga written|", 1, "w-1x1.tga"},
+        {"DXT5", "w-8x8.tga", {images}, "out/w-8x8.tga not overwritten.|", 0, "w-8x8.tga"},
+        {"DXT1", "w-8x8.bmp", {images, overwriting}, "out/w-8x8.bmp overwritten.|", 1, "w-8x8.bmp"},
+        {"DXT1", "", {images, noLevel}, "No mipmap selected.|", 0, ""},
+        {"DXT1",
+         "",
+         {external, run, images},
+         "out/w-8x8.bmp written|",
+         1,
+         "w-1x1.dds w-2x2.dds w-4x4.dds w-8x8.bmp w-8x8.dds"},
+    };
+    const std::string old(10000, 'x');
+    for (const auto& [type, before, steps, lines, count, after] : cases) {
+        begin("w.bmp", type);
+        if (!before.empty()) (void)folder.write("out/" + before, old);
+        EXPECT_EQ(extract(steps), lines + extracted(count));
+        EXPECT_EQ(files(), after) << lines;
+        const bool kept = lines.find("not overwritten") != std::string::npos;
+        EXPECT_TRUE(before.empty() || (folder.read("out/" + before) == old) == kept) << lines;
     }
 }
 
 TEST_F(Extraction, HandsTheFileToTheEditor) {
-    open({CddsType::TypeCdds, {chainOf("a b.bmp", "DXT1", 8, 8)}});
-    const auto launch = [&](const std::string& clicks) {
-        associations.opened.clear();
-        const std::string summary = extract("l" + clicks);
-        std::string opened;
-        for (const std::string& path : associations.opened)
-            opened += path.substr(folder.path().size() + 5) + ";";
-        EXPECT_FALSE(fileExists(associations.probe)) << associations.probe;
-        return row(opened, summary);
+    begin("a b.bmp", "DXT1");
+    const auto withoutTheLargest = [this](TransferControls&) { fs::remove(folder.file("out/a b-8x8.dds")); };
+    // In this order: whether there is a program, the steps, what it opens, the summary.
+    const std::tuple<bool, Steps, const char*, std::string> cases[] = {
+        {false, {}, "", "out/a b-8x8.dds written|" + extracted(1) + "|No executable found for dds"},
+        {false, {images}, "", "out/a b-8x8.bmp written|" + extracted(1) + "|No executable found for bmp"},
+        {true, {noLevel}, "", extracted(0) + "|No executable found for "},
+        {true,
+         {external, unmark(0), unmark(3)},
+         "out/a b-8x8.dds",
+         "out/a b-4x4.dds written|out/a b-2x2.dds written|" + extracted(2)},
+        {true, {mark(2)}, "out/a b-2x2.dds", "out/a b-2x2.dds not overwritten.|" + extracted(0)},
+        {true, {images, mark(1)}, "out/a b-4x4.bmp", "out/a b-4x4.bmp written|" + extracted(1)},
+        {true, {images, mark(1)}, "", "out/a b-4x4.bmp not overwritten.|" + extracted(0)},
+        {true,
+         {external, noLevel, mark(1), withoutTheLargest},
+         "out/a b-4x4.dds",
+         "out/a b-4x4.dds not overwritten.|" + extracted(0)},
     };
-    EXPECT_EQ(launch("!"), ", out/a b-8x8.dds written|1 file(s) extracted.|No executable found for dds");
-    EXPECT_EQ(launch("n!"), ", out/a b-8x8.bmp written|1 file(s) extracted.|No executable found for bmp");
-    EXPECT_EQ(launch("N!"), ", 0 file(s) extracted.|No executable found for ");
-    associations.executable = "/bin/true";
-    EXPECT_EQ(launch("xN12!"),
-              "a b-8x8.dds;, out/a b-4x4.dds written|out/a b-2x2.dds written|2 file(s) extracted.");
-    EXPECT_EQ(launch("2!"), "a b-2x2.dds;, out/a b-2x2.dds not overwritten.|0 file(s) extracted.");
-    EXPECT_EQ(launch("on1!"), "a b-4x4.bmp;, out/a b-4x4.bmp written|1 file(s) extracted.");
-    EXPECT_EQ(launch("N!"), ", 0 file(s) extracted.|No executable found for ");
-    std::filesystem::remove(folder.file("out/a b-8x8.dds"));
-    EXPECT_EQ(launch("xN1!"), "a b-4x4.dds;, out/a b-4x4.dds not overwritten.|0 file(s) extracted.");
-    EXPECT_EQ(launch("xN!"), ", 0 file(s) extracted.|No executable found for ");
+    for (const auto& [program, steps, opened, summary] : cases) {
+        associations = {};
+        if (program) associations.executable = "/bin/true";
+        EXPECT_EQ(extract({launching, all(steps)}), summary);
+        EXPECT_EQ(associations.opened.empty() ? "" : associations.opened.at(0),
+                  *opened == '\0' ? "" : folder.file(opened));
+        EXPECT_FALSE(fileExists(associations.probe)) << associations.probe;
+    }
     associations.broken = true;
-    for (const char* kind : {"d", "n"}) {
+    for (const Step& kind : {Step{ddsFiles}, Step{images}}) {
         const Connection summary = dialog.ExtractSummary.change.connect([&] { boxes.expect(nullptr); });
-        EXPECT_EQ(launch(std::string{kind} + "No3!").find("a b-1x1"), std::size_t{6});
+        EXPECT_TRUE(extract({launching, kind, mark(3)}).ends_with("written|" + extracted(1)));
         boxes.expect("ImageSave Error : 70 Permission denied (broken)");
     }
-    EXPECT_EQ(associations.probe.rfind(std::filesystem::temp_directory_path().string() + "/~", 0), 0U);
+    EXPECT_TRUE(associations.probe.starts_with(fs::temp_directory_path().string() + "/~"));
 }
 
 TEST_F(Extraction, AFailureIsToldAndLeavesNothingHalfWritten) {
-    const std::tuple<const char*, const char*, std::function<void()>, const char*, const char*, const char*>
-        cases[] = {
-            {"../up.bmp", "!", [] {}, "Error : 52 ", "0 file(s) extracted.", ""},
-            {"a\\b.bmp", "n!", [] {}, "Error : 52 ", "", ""},
-            {"..bmp", "x!", [] {}, "Error : 52 ", "0 file(s) extracted.", ""},
-            {"b\x07.bmp", "e!", [] {}, "Error : 52 ", "0 file(s) extracted.", ""},
-            {"\x81.bmp", "!", [] {}, "Error : 52 ", "0 file(s) extracted.", ""},
-            {"w.bmp", "!o!",
-             [this] {
-                 std::filesystem::permissions(folder.write("out/w-8x8.dds", "old"),
-                                              std::filesystem::perms::owner_read);
-             },
-             "Error : 70 ", "0 file(s) extracted.", "w-8x8.dds"},
-            {"w.bmp", "x!", [this] { std::filesystem::create_directory(folder.file("out/w-4x4.dds")); },
-             "ImageSave Error : 75 ", "out/w-8x8.dds written|1 file(s) extracted.", "w-4x4.dds w-8x8.dds"},
-            {"w.bmp", "n!", [this] { std::filesystem::create_directory(folder.file("out/w-8x8.bmp")); },
-             "Error", "0 file(s) extracted.", "w-8x8.bmp"},
-            {"w.bmp", "!", [this] { std::filesystem::remove_all(folder.file("out")); }, "Error : 76 ",
-             "0 file(s) extracted.", nullptr},
-            {"w.bmp", "e!", [this] { std::filesystem::remove(session.archivePath); }, "Error : 53 ",
-             "0 file(s) extracted.", ""},
-            {"w.bmp", "n!", [this] { std::filesystem::remove(session.archivePath); }, "Error : 53 ", "", ""},
-            {"w.bmp", "e!", [this] { std::filesystem::resize_file(session.archivePath, 100); }, "Error : 75 ",
-             "0 file(s) extracted.", ""},
-            {"w.bmp", "x!", [this] { replaceByATwin(); }, "ImageSave Error : 75 another file has taken",
-             "0 file(s) extracted.", ""},
-            {"w.bmp", "n!", [this] { session.archivePath = folder.write("other", "DDS "); },
-             "ImageSave Error : 75 ", "", ""},
-        };
-    for (const auto& [name, clicks, spoil, words, summary, after] : cases) {
-        std::filesystem::remove_all(folder.file("out"));
-        std::filesystem::create_directory(folder.file("out"));
-        open({CddsType::TypeCdds, {chainOf(name, "DXT1", 8, 8)}});
-        spoil();
-        EXPECT_EQ(extract(clicks), summary) << name << clicks;
-        boxes.expect(words);
-        if (after != nullptr) {
-            EXPECT_EQ(files(), after) << name << clicks;
+    const std::string none = extracted(0);
+    for (const char* name : {"../up.bmp", "a\\b.bmp", "..bmp", "b\x07.bmp", "\x81.bmp"}) {
+        begin(name, "DXT1");
+        for (const auto& [steps, summary] :
+             {std::pair{Steps{}, none}, {{embedded}, none}, {{external}, none}, {{images}, ""}}) {
+            EXPECT_EQ(extract(steps), summary) << name;
+            boxes.expect("ImageSave Error : 52 ");
         }
+        EXPECT_EQ(files(), "");
+    }
+    const auto folderInPlaceOf = [this](const char* name) {
+        return [=, this] { fs::create_directory(folder.file(name)); };
+    };
+    const auto noArchive = [this] { fs::remove(session.archivePath); };
+    // What is done before, the steps, the words of the message, the summary and the files.
+    const std::tuple<std::function<void()>, Steps, const char*, std::string, const char*> cases[] = {
+        {[this] { fs::permissions(folder.write("out/w-8x8.dds", "old"), fs::perms::owner_read); },
+         {overwriting},
+         "Error : 70 ",
+         none,
+         "w-8x8.dds"},
+        {folderInPlaceOf("out/w-4x4.dds"),
+         {external},
+         "ImageSave Error : 75 ",
+         "out/w-8x8.dds written|" + extracted(1),
+         "w-4x4.dds w-8x8.dds"},
+        {folderInPlaceOf("out/w-8x8.bmp"), {images}, "Error", none, "w-8x8.bmp"},
+        {[this] { session.exportImportFolder += "/gone"; }, {}, "Error : 76 ", none, ""},
+        {noArchive, {embedded}, "Error : 53 ", none, ""},
+        {noArchive, {images}, "Error : 53 ", "", ""},
+        {[this] { replaceByATwin(); }, {external}, "ImageSave Error : 75 another file has taken", none, ""},
+    };
+    for (const auto& [spoil, steps, words, summary, after] : cases) {
+        begin("w.bmp", "DXT1");
+        session.exportImportFolder = folder.file("out");
+        spoil();
+        EXPECT_EQ(extract(steps), summary) << words;
+        boxes.expect(words);
+        EXPECT_EQ(files(), after) << words;
     }
 }
 

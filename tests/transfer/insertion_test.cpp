@@ -3,14 +3,17 @@
 namespace pelrath::test {
 namespace {
 
+namespace fs = std::filesystem;
 using Boxes = std::vector<ShownBox>;
 
 constexpr int losses = 8;     // of one compression, in a channel
 constexpr int softened = 100; // of the two colours where they meet in a smaller level
 constexpr auto cdds = CddsType::TypeCdds;
 
-// First lines of a summary.
+// Lines of a summary.
 const std::string noCopy = "No Safe Copy of a.cdds done|";
+const std::string writable = "CDDS Attributes changed to Read Write|",
+                  readOnly = "CDDS Attributes changed to Read Only|";
 std::string copyLine(int number) { return "Safe copy done as copies/a-" + std::to_string(number) + ".cdds|"; }
 
 std::string bitmapOf(int side, const std::string& pixels) {
@@ -23,9 +26,8 @@ std::string bitmapOf(int side, const std::string& pixels) {
 std::vector<ArchiveBuilder> arrangements() {
     std::vector<ArchiveBuilder> all;
     for (const CddsType type : {cdds, CddsType::Type0C}) {
-        const ArchiveBuilder plain{type,
-                                   {chainOf("other.bmp", "DXT1", 8, 8, blue, yellow),
-                                    chainOf("wall.tga", "DXT5", 12, 6), chainOf("last.bmp", "DXT1", 4, 4)}};
+        const ArchiveBuilder plain{
+            type, {chainOf("other.bmp", "DXT1", 8, 8, blue, yellow), chainOf("wall.tga", "DXT5", 12, 6)}};
         ArchiveBuilder scattered = plain, dataFirst = plain, shared = plain;
         std::int32_t at = 4000;
         for (LevelPlan& level : scattered.textures[1].levels) {
@@ -40,81 +42,69 @@ std::vector<ArchiveBuilder> arrangements() {
 }
 
 TEST(Insertion, PutsBackWhatWasExtractedByteForByte) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"e!", "out/wall-12x6.dds inserted.|4 Mipmap(s) inserted.|"},
-        {"s!", "out/wall-12x6.dds inserted.|1 mipmap(s) inserted.|"},
-        {"x!",
+    const std::tuple<Steps, std::optional<std::size_t>, const char*> cases[] = {
+        {{embedded}, std::nullopt, "out/wall-12x6.dds inserted.|4 Mipmap(s) inserted.|"},
+        {{single}, 0, "out/wall-12x6.dds inserted.|1 mipmap(s) inserted.|"},
+        {{external},
+         std::nullopt,
          "out/wall-12x6.dds inserted.|out/wall-6x3.dds inserted.|out/wall-3x1.dds inserted.|out/wall-1x1.dds inserted.|4 mipmap(s) inserted.|"}};
     for (const ArchiveBuilder& builder : arrangements()) {
-        for (const auto& [clicks, lines] : cases) {
+        for (const auto& [steps, level, lines] : cases) {
             TransferHarness h{builder};
             h.choose(1);
             const std::string before = h.archive();
-            h.extract(clicks);
+            h.extract(steps);
             // Other data in the levels' places, so that what is put back can be seen.
-            const std::string blank =
-                h.outside(before, *clicks == 's' ? std::optional<std::size_t>{0} : std::nullopt);
+            const std::string blank = h.outside(before, level);
             h.rewrite(blank);
-            EXPECT_EQ(h.insert(clicks), copyLine(0) + lines);
-            EXPECT_TRUE(h.archive() == before && h.folder.read("copies/a-0.cdds") == blank) << clicks;
+            EXPECT_EQ(h.insert(steps), copyLine(0) + lines);
+            EXPECT_TRUE(h.archive() == before && h.folder.read("copies/a-0.cdds") == blank) << lines;
         }
     }
 }
 
 TEST(Insertion, TakesEveryLevelBackFromItsImage) {
     const std::tuple<const char*, const char*, int, int> cases[] = {
-        {"DXT1", "bmp", 16, 8}, {"DXT5", "tga", 12, 6}, {"DXT5", "tga", 7, 13}, {"DXT1", "bmp", 1, 6}};
+        {"DXT1", ".bmp", 16, 8}, {"DXT5", ".tga", 12, 6}, {"DXT5", ".tga", 7, 13}, {"DXT1", ".bmp", 1, 6}};
     for (const auto& [type, extension, width, height] : cases) {
         TransferHarness h{
             {cdds, {chainOf("wall", type, width, height), chainOf("next", type, 4, 4, blue, yellow)}}};
         const std::string before = h.archive();
         for (std::size_t i = 0; i < h.chosen().mipmaps.size(); ++i) {
-            h.extract("nN" + std::to_string(i) + "!");
+            const Step level = mark(static_cast<int>(i));
+            h.extract({images, level});
             h.rewrite(h.outside(before, i));
             const std::string name = h.files();
-            EXPECT_TRUE(name.ends_with("bmp") || h.folder.read("out/" + name)[17] == 0x28)
-                << "the top row first";
-            EXPECT_EQ(h.insert("nskN" + std::to_string(i) + "!"),
+            EXPECT_EQ(h.insert({images, single, withoutSafeCopy, level}),
                       noCopy + "out/" + name + "|1 mipmaps(s) inserted.");
             EXPECT_TRUE(name.ends_with(extension) && h.outside(h.archive(), i) == h.outside(before, i))
                 << name;
             EXPECT_LE(h.difference(before, h.archive(), i), losses) << type << name;
             EXPECT_EQ(h.files(), name);
-            std::filesystem::remove(h.folder.file("out/" + name));
+            fs::remove(h.folder.file("out/" + name));
         }
         EXPECT_EQ(h.files("program"), "tmp1.dds");
     }
 }
 
-TEST(Insertion, WorksWhereItsWorkingFilesCannotBeInTheProgramFolder) {
-    TransferHarness h{{cdds, {chainOf("wall", "DXT5", 8, 8)}}};
-    const TemporaryFilesIn own{h.folder.file("own")};
-    for (const char* name : {"program/tmp1.dds", "program/tmp2.dds"}) {
-        std::filesystem::create_directory(h.folder.file(name));
-    }
-    EXPECT_EQ(h.extract("n!"), "out/wall-8x8.tga written|1 file(s) extracted.");
-    EXPECT_EQ(h.insert("nkcf0!"), noCopy + "out/wall-8x8.tga|4 mipmaps(s) inserted.");
-    EXPECT_EQ(h.files("own"), "");
-}
-
 TEST(Insertion, CreatesTheChainWithEachFilter) {
-    for (const char* kind : {"n", "d"}) {
+    for (const Step& kind : {Step{images}, Step{ddsFiles}}) {
         for (const char* type : {"DXT1", "DXT5"}) {
             TransferHarness h{{CddsType::Type0C,
                                {chainOf("wall", type, 16, 24), chainOf("next", type, 4, 4, blue, yellow)}}};
             const std::string before = h.archive();
-            h.extract(std::string{kind} + "!");
+            h.extract({kind});
             const std::string files = row(h.files(), h.files("program"));
-            for (int filter = 0; filter < 9; ++filter) {
+            for (int index = 0; index < 9; ++index) {
                 h.rewrite(h.outside(before));
-                EXPECT_EQ(h.insert(kind + ("cf" + std::to_string(filter) + "!")),
-                          copyLine(filter) + "out/" + h.files() + "|5 mipmaps(s) inserted.");
+                EXPECT_EQ(h.insert({kind, create, filter(index)}),
+                          copyLine(index) + "out/" + h.files() + "|5 mipmaps(s) inserted.");
                 EXPECT_TRUE(h.outside(h.archive()) == h.outside(before));
                 // The two halves of a level stay apart only where each pixel lies in one of the level below.
-                const bool sharp = filter == 0 || filter == 2 || filter == 3;
+                const bool sharp = index == 0 || index == 2 || index == 3;
                 for (std::size_t i = 0; i < 3; ++i) {
                     EXPECT_LE(h.difference(before, h.archive(), i), sharp || i == 0 ? losses : softened)
-                        << type << ' ' << filter << ' ' << i;
+                        << type << ' ' << index << ' ' << i;
                 }
                 EXPECT_EQ(h.levelOf(h.archive(), 4).find("####"), std::string::npos);
                 EXPECT_EQ(row(h.files(), h.files("program")), files);
@@ -123,79 +113,96 @@ TEST(Insertion, CreatesTheChainWithEachFilter) {
     }
 }
 
-/// Insertions that do not go as they should, into one texture of three levels of 8 bytes.
+/// Insertions that do not go as they should, into one texture of three levels of 8 bytes. There are a DDS
+/// file and an image of level 0.
 struct TroubledInsertion : testing::Test, TransferHarness {
     TroubledInsertion() {
+        reopen();
+        put("wall-4x4.dds", chain);
+        put("wall-4x4.bmp", bitmapOf(4, "48*F8"));
+    }
+    void reopen() {
         open({cdds, {chainOf("wall.xyz", "DXT1", 4, 4)}});
         before = archive();
     }
     void put(const std::string& name, const std::string& bytes) const {
         (void)folder.write("out/" + name, bytes);
     }
+    void remove(const std::string& name) const { fs::remove(folder.file("out/" + name)); }
+    void permit(unsigned bits) const { fs::permissions(path, fs::perms{bits}); }
+    [[nodiscard]] unsigned permitted(const char* name = "a.cdds") const {
+        return static_cast<unsigned>(fs::status(folder.file(name)).permissions());
+    }
 
     const std::string chain = std::string(128, 'h') + "xxxxxxxxyyyyyyyyzzzzzzzz",
-                      bitmap = folder.file("out/wall-4x4.bmp");
+                      path = folder.file("a.cdds");
     std::string before; // the archive's bytes
 };
 
-TEST_F(TroubledInsertion, SaysWhatIsMissingOrTooShortAndWritesNoneOfIt) {
-    // A file that comes and its length, the clicks, the summary behind its first line.
-    const std::tuple<const char*, std::size_t, const char*, const char*> cases[] = {
-        {"", 0, "ek!", "out/wall-4x4.dds not found.|"},
-        {"", 0, "xkN!", "0 mipmap(s) inserted.|"},
-        {"wall-4x4.dds", 151, "ek!", "out/wall-4x4.dds is too short.|0 Mipmap(s) inserted.|"},
-        {"wall-2x2.dds", 135, "xk!",
-         "out/wall-2x2.dds is too short.|out/wall-1x1.dds not found.|0 mipmap(s) inserted.|"}};
-    for (const auto& [name, size, clicks, lines] : cases) {
-        if (size > 0) put(name, chain.substr(0, size));
-        EXPECT_EQ(insert(clicks), noCopy + lines);
+TEST_F(TroubledInsertion, WorksWhereItsWorkingFilesCannotBeInTheProgramFolder) {
+    const TemporaryFilesIn own{folder.file("own")};
+    for (const char* name : {"program/tmp1.dds", "program/tmp2.dds"}) {
+        fs::create_directory(folder.file(name));
     }
-    EXPECT_EQ(insert("nskN!"), "No mipmap selected.|0 mipmaps(s) inserted.");
-    EXPECT_TRUE(archive() == before);
+    EXPECT_EQ(extract({images, overwriting}), "out/wall-4x4.bmp overwritten.|1 file(s) extracted.");
+    EXPECT_EQ(insert({images, withoutSafeCopy, filter(0)}),
+              noCopy + "out/wall-4x4.bmp|3 mipmaps(s) inserted.");
+    EXPECT_EQ(files("own"), "");
+}
 
-    std::filesystem::remove(folder.file("out/wall-4x4.dds"));
+TEST_F(TroubledInsertion, SaysWhatIsMissingOrTooShortAndWritesNoneOfIt) {
+    // The only DDS file and its length, the steps, the summary behind its first line.
+    const std::tuple<const char*, std::size_t, Steps, const char*> cases[] = {
+        {"", 0, {embedded}, "out/wall-4x4.dds not found.|"},
+        {"", 0, {external, noLevel}, "0 mipmap(s) inserted.|"},
+        {"wall-4x4.dds", 151, {embedded}, "out/wall-4x4.dds is too short.|0 Mipmap(s) inserted.|"},
+        {"wall-4x4.dds",
+         135,
+         {external, unmark(1)},
+         "out/wall-4x4.dds is too short.|out/wall-1x1.dds not found.|0 mipmap(s) inserted.|"}};
+    remove("wall-4x4.dds");
+    for (const auto& [name, size, steps, lines] : cases) {
+        if (size > 0) put(name, chain.substr(0, size));
+        EXPECT_EQ(insert({all(steps), withoutSafeCopy}), noCopy + lines);
+    }
+    EXPECT_EQ(insert({images, single, noLevel}), "No mipmap selected.|0 mipmaps(s) inserted.");
+    EXPECT_EQ(insert({single, noLevel}), "No mipmap selected.|0 mipmap(s) inserted.|");
+    EXPECT_TRUE(archive() == before && files("copies").empty());
+
+    remove("wall-4x4.dds");
     put("wall-1x1.dds", chain);
-    EXPECT_EQ(insert("xk1!"),
-              noCopy + "out/wall-4x4.dds not found.|out/wall-1x1.dds inserted.|1 mipmap(s) inserted.|");
+    EXPECT_EQ(insert({external, unmark(1)}),
+              copyLine(0) + "out/wall-4x4.dds not found.|out/wall-1x1.dds inserted.|1 mipmap(s) inserted.|");
     EXPECT_TRUE(levelOf(archive(), 2) == "xxxxxxxx" && outside(archive(), 2) == outside(before, 2));
-    EXPECT_EQ(insert("c!"), copyLine(0) + "out/wall-4x4.dds|0 mipmaps(s) inserted.")
-        << "tells where the safe copy is";
-    EXPECT_EQ(boxes.take().size(), 2U);
 }
 
 TEST_F(TroubledInsertion, TakesFromAnImageOfAnotherSizeWhatLiesInTheLevelsPlaces) {
     const std::string nothing = "0 mipmaps(s) inserted.", image = noCopy + "out/wall-4x4.bmp|";
-    EXPECT_EQ(insert("nk!"), image + nothing);
-    EXPECT_EQ(boxes.take().at(1), (ShownBox{"LoadImage " + bitmap + " error", "SimpleImageInsertion",
-                                            BoxIcon::Critical, BoxButtons::Ok}));
+    remove("wall-4x4.bmp");
+    EXPECT_EQ(insert({images, withoutSafeCopy}), image + nothing);
+    EXPECT_EQ(boxes.take().at(1), (ShownBox{"LoadImage " + folder.file("out/wall-4x4.bmp") + " error",
+                                            "SimpleImageInsertion", BoxIcon::Critical, BoxButtons::Ok}));
     // One texel: its level 0 is as long as one of 4 x 4, and its chain ends there.
     put("wall-4x4.bmp", bitmapOf(1, "00FF0000"));
-    EXPECT_EQ(insert("nk!"), image + "out/wall-4x4.bmp is too short.|" + nothing);
+    EXPECT_EQ(insert({images, withoutSafeCopy}), image + "out/wall-4x4.bmp is too short.|" + nothing);
     boxes.expect({"Error during insertion in CDDS.", "performSimpleImageInsertion", BoxIcon::Critical});
-    EXPECT_TRUE(archive() == before);
-    EXPECT_EQ(files(), "wall-4x4.bmp");
-    std::filesystem::create_directory(
-        folder.file("out/wall-4x4_tmppelrath.dds")); // in the built file's place
-    EXPECT_EQ(insert("nk!"), image + nothing);
+    EXPECT_EQ(row(archive() == before, files()), "true, wall-4x4.bmp wall-4x4.dds");
+    const std::string built = folder.file("out/wall-4x4_tmppelrath.dds");
+    fs::create_directory(built);
+    EXPECT_EQ(insert({images, withoutSafeCopy}), image + nothing);
     boxes.expect("Insertion Error : 75 Path/File access error");
-    std::filesystem::remove(folder.file("out/wall-4x4_tmppelrath.dds"));
-    insert("nf0!"); // scales each level by itself
+    fs::remove(built);
+    insert({images, filter(0)}); // scales each level by itself
     EXPECT_TRUE(levelOf(archive(), 0) != levelOf(before, 0) && levelOf(archive(), 2) != levelOf(before, 2));
     put("wall-1x1.bmp", bitmapOf(8, "192*FF"));
-    insert("ns2!");
+    insert({images, single, mark(2)});
     EXPECT_EQ(levelOf(archive(), 2).substr(0, 2), bytesOf("FFFF"));
 }
 
 TEST_F(TroubledInsertion, RefusesAnArchiveThatIsNotTheOneRead) {
-    put("wall-4x4.dds", chain);
-    put("wall-4x4.bmp", bitmapOf(4, "48*00"));
-    const std::string path = session.archivePath;
     const std::pair<std::function<void()>, std::string> changes[] = {
         {[&] { replaceByATwin(); },
          "another file has taken the place of " + path + " since it was read. Please read it again."},
-        {[&] { std::filesystem::remove(path); },
-         path + " has been removed or renamed since it was read. Please put it back or choose an archive, "
-                "and read it again."},
         {[&] { session.archivePath = folder.write("b.cdds", before); },
          folder.file("b.cdds") + " was chosen, but is not the archive that was read, which is " + path +
              ". Please choose the archive and read it again."},
@@ -203,44 +210,30 @@ TEST_F(TroubledInsertion, RefusesAnArchiveThatIsNotTheOneRead) {
     for (const auto& [change, words] : changes) {
         change();
         const std::string changed = archive();
-        for (const char* clicks : {"e!", "nc!"}) {
-            EXPECT_EQ(insert(clicks), "Insertion canceled.");
+        for (const Step& kind : {Step{ddsFiles}, Step{images}}) {
+            EXPECT_EQ(insert({kind}), "Insertion canceled.");
             boxes.expect({"The insertion was stopped: " + words, "Pelrath - Insertion refused"});
         }
         EXPECT_EQ(row(archive() == changed, files("copies")), "true, ");
     }
     // Without the archive for a destination, a copy may still be wanted.
-    EXPECT_EQ(insert("eak!"), "No Safe Copy of b.cdds done|Insertion canceled.");
+    EXPECT_EQ(insert({notIntoArchive, withSafeCopy}), "No Safe Copy of b.cdds done|Insertion canceled.");
     boxes.expect("Safe Copy Error : 75 ");
 }
 
 TEST_F(TroubledInsertion, NeverTouchesWhatTakesTheArchivesPlaceMeanwhile) {
-    put("wall-4x4.dds", chain);
-    const std::string path = session.archivePath;
-    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
-    std::filesystem::create_hard_link(path, folder.file("own"));
+    permit(0400);
+    fs::create_hard_link(path, folder.file("own"));
     sign.atTheEnd = [&] { // of the safe copy
         replaceByATwin();
-        std::filesystem::permissions(path, std::filesystem::perms{0404});
+        permit(0404);
     };
-    EXPECT_EQ(insert("e!"), copyLine(0) + "CDDS Attributes changed to Read Write|0 Mipmap(s) inserted.|"
-                                          "CDDS Attributes changed to Read Only|");
+    EXPECT_EQ(insert({embedded}), copyLine(0) + writable + "0 Mipmap(s) inserted.|" + readOnly);
     EXPECT_EQ(boxes.take().at(1).title, "Pelrath - Insertion refused");
     EXPECT_TRUE(archive() == outside(before) && folder.read("own") == before);
-    EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{0404});
-    EXPECT_EQ(std::filesystem::status(folder.file("own")).permissions(), std::filesystem::perms::owner_read);
+    EXPECT_EQ(row(permitted(), permitted("own")), row(0404, 0400));
 
-    std::filesystem::permissions(path, std::filesystem::perms{0604});
-    open({cdds, {chainOf("wall", "DXT1", 4, 4)}});
-    sign.atTheEnd = [&] { // other tables, at the same time
-        const std::filesystem::file_time_type time = std::filesystem::last_write_time(path);
-        (void)folder.write("a.cdds", ArchiveBuilder{cdds, {chainOf("roof", "DXT1", 4, 4)}}.build());
-        std::filesystem::last_write_time(path, time);
-    };
-    EXPECT_EQ(insert("e!"), copyLine(1) + "0 Mipmap(s) inserted.|");
-    boxes.expect("has been changed by another program");
-
-    rewrite(before);
+    reopen();
     HeldArchive held{session};
     ASSERT_TRUE(held.file());
     replaceByATwin(); // between two levels
@@ -249,7 +242,6 @@ TEST_F(TroubledInsertion, NeverTouchesWhatTakesTheArchivesPlaceMeanwhile) {
 }
 
 TEST_F(TroubledInsertion, NeverWritesOverTheTables) {
-    put("wall-4x4.dds", chain);
     for (const CddsType type : {cdds, CddsType::Type0C}) {
         ArchiveBuilder builder{type, {chainOf("wall", "DXT1", 4, 4)}};
         builder.build();
@@ -258,7 +250,7 @@ TEST_F(TroubledInsertion, NeverWritesOverTheTables) {
             builder.patches[table + 16] = at - (table + 16); // where the second level says its data is
             open(builder);
             before = archive();
-            EXPECT_EQ(insert("ek!"), noCopy + "0 Mipmap(s) inserted.|");
+            EXPECT_EQ(insert({withoutSafeCopy}), noCopy + "0 Mipmap(s) inserted.|");
             boxes.expect("would overwrite its tables");
             EXPECT_TRUE(archive() == before) << at;
         }
@@ -266,20 +258,18 @@ TEST_F(TroubledInsertion, NeverWritesOverTheTables) {
 }
 
 TEST_F(TroubledInsertion, CountsTheLevelsThatTheArchiveReallyGot) {
-    for (const char* name : {"wall-4x4.dds", "wall-2x2.dds", "wall-1x1.dds"}) {
+    for (const char* name : {"wall-2x2.dds", "wall-1x1.dds"}) {
         put(name, chain);
     }
-    const std::string path = session.archivePath;
-    std::filesystem::permissions(path, std::filesystem::perms{0421});
+    permit(0421);
     // The lines between those about the attributes, and the first two levels afterwards.
-    const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"ek!", "2 Mipmap(s) inserted.|", "xxxxxxxxyyyyyyyy"},
-        {"xk!", "out/wall-4x4.dds inserted.|out/wall-2x2.dds inserted.|2 mipmap(s) inserted.|",
+    const std::tuple<Step, const char*, const char*> cases[] = {
+        {embedded, "2 Mipmap(s) inserted.|", "xxxxxxxxyyyyyyyy"},
+        {external, "out/wall-4x4.dds inserted.|out/wall-2x2.dds inserted.|2 mipmap(s) inserted.|",
          "xxxxxxxxxxxxxxxx"}};
-    for (const auto& [clicks, lines, levels] : cases) {
+    for (const auto& [operation, lines, levels] : cases) {
         const FullDisk full{before.size() - 4}; // the third level's write breaks off in its middle
-        EXPECT_EQ(insert(clicks), noCopy + "CDDS Attributes changed to Read Write|" + lines +
-                                      "CDDS Attributes changed to Read Only|");
+        EXPECT_EQ(insert({operation, withoutSafeCopy}), noCopy + writable + lines + readOnly);
         const std::string question =
             path + " is Read Only.\r\n\r\n- Select Ok to make it writable and perform the insertion,\r\n"
                    "- Select Cancel to abort the insertion.";
@@ -290,165 +280,144 @@ TEST_F(TroubledInsertion, CountsTheLevelsThatTheArchiveReallyGot) {
                     "Pelrath", BoxIcon::Critical, BoxButtons::Ok}}));
         EXPECT_EQ(levelOf(archive(), 0) + levelOf(archive(), 1), levels);
         EXPECT_TRUE(levelOf(archive(), 2) == levelOf(before, 2)) << "a level is wholly old or wholly new";
-        EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{0421});
+        EXPECT_EQ(permitted(), 0421U);
     }
     boxes.answer = BoxAnswer::Cancel;
-    EXPECT_EQ(insert("ek!"), noCopy);
-    EXPECT_EQ(insert("nk!"), noCopy + "0 mipmaps(s) inserted.");
+    EXPECT_EQ(insert({withoutSafeCopy}), noCopy);
+    EXPECT_EQ(insert({images, withoutSafeCopy}), noCopy + "0 mipmaps(s) inserted.");
     EXPECT_EQ(boxes.take().size(), 2U);
 }
 
 std::uint32_t leftCode; // by the next library call that fails
+std::string vanishing;  // with the library's next save, the archive or nothing
 
-TEST(Insertion, EndsInOrderWhereTheLibraryFails) {
+TEST(Insertion, EndsInOrderWhereTheLibraryFailsOrTheArchiveVanishes) {
     LibraryFunctions library = imageLibrary();
     library.ilGetError = [] { return std::exchange(leftCode, 0U); };
-    LibraryFunctions copying = library, saving = library, deleting = library;
+    LibraryFunctions copying = library, saving = library, deleting = library, late = library;
     copying.ilCopyImage = [](std::uint32_t) -> std::uint8_t { return leftCode = 0x0505, 0; };
     saving.ilSaveImage = [](const char*) -> std::uint8_t { return leftCode = 0x0505, 0; };
     deleting.ilDeleteImages = [](std::size_t, const std::uint32_t*) { leftCode = 0x0505; };
-    // The library, how the message begins, the clicks, and how many levels the archive has got by then.
-    const std::tuple<LibraryFunctions, const char*, const char*, int> cases[] = {
-        {copying, "Insertion", "nf5!", 0},
-        {saving, "ilSave", "nf5!", 0},
-        {deleting, "Insertion", "nf5!", 0},
-        {deleting, "Insertion", "nf2!", 3}};
-    for (const auto& [functions, start, clicks, count] : cases) {
+    late.ilSaveImage = [](const char* name) {
+        return fs::remove(vanishing), imageLibrary().ilSaveImage(name);
+    };
+    const std::string failed = " Error Number: 1285 -> IL_INVALID_VALUE ";
+    // The library, how the message begins, the filter, and how many levels the archive has got by then.
+    const std::tuple<LibraryFunctions, std::string, int, int> cases[] = {
+        {copying, "Insertion" + failed, 5, 0},
+        {saving, "ilSave" + failed, 5, 0},
+        {deleting, "Insertion" + failed, 5, 0},
+        {deleting, "Insertion" + failed, 2, 3},
+        {late, "", 2, 0}};
+    for (const auto& [functions, start, index, count] : cases) {
         TransferHarness h{functions};
         h.open({cdds, {chainOf("wall", "DXT1", 4, 4)}});
         const std::string before = h.archive();
+        vanishing = h.session.archivePath;
         (void)h.folder.write("out/wall-4x4.bmp", bitmapOf(4, "48*F8"));
-        std::filesystem::permissions(h.session.archivePath, std::filesystem::perms::owner_read);
-        const std::string attributes = "CDDS Attributes changed to Read ";
-        EXPECT_EQ(h.insert(clicks), copyLine(0) + attributes + "Write|out/wall-4x4.bmp|" + attributes +
-                                        "Only|" + std::to_string(count) + " mipmaps(s) inserted.");
+        fs::permissions(vanishing, fs::perms::owner_read);
+        EXPECT_EQ(h.insert({images, filter(index)}), copyLine(0) + writable + "out/wall-4x4.bmp|" + readOnly +
+                                                         std::to_string(count) + " mipmaps(s) inserted.");
         const Boxes shown = h.boxes.take(); // behind the question
         ASSERT_EQ(shown.size(), 2U);
-        EXPECT_TRUE(
-            shown[1].text.starts_with(std::string{start} + " Error Number: 1285 -> IL_INVALID_VALUE "))
-            << shown[1];
+        EXPECT_TRUE(shown[1].text.starts_with(start)) << shown[1];
+        EXPECT_EQ(shown[1].title, start.empty() ? "Pelrath - Insertion refused" : "Pelrath");
         EXPECT_EQ(row(h.archive() == before, h.files(), h.files("program")),
-                  row(count == 0, "wall-4x4.bmp", ""));
+                  row(count == 0 && !start.empty(), "wall-4x4.bmp", ""));
         leftCode = 0;
     }
 }
 
-std::string vanishing; // with the library's next save
-
-TEST(Insertion, TellsThatTheArchiveHasVanished) {
-    LibraryFunctions library = imageLibrary();
-    library.ilSaveImage = [](const char* name) {
-        return std::filesystem::remove(vanishing), imageLibrary().ilSaveImage(name);
-    };
-    TransferHarness h{library};
-    (void)h.folder.write("out/wall-4x4.bmp", bitmapOf(4, "48*F8"));
-    for (const bool readOnly : {true, false}) {
-        h.open({cdds, {chainOf("wall", "DXT1", 4, 4)}});
-        vanishing = h.session.archivePath;
-        if (readOnly) std::filesystem::permissions(vanishing, std::filesystem::perms::owner_read);
-        EXPECT_TRUE(h.insert("nk!").ends_with("|0 mipmaps(s) inserted."));
-        const Boxes shown = h.boxes.take(); // the question among them
-        ASSERT_EQ(shown.size(), readOnly ? 2U : 1U);
-        EXPECT_EQ(shown.back().title, "Pelrath - Insertion refused");
-    }
-}
-
 TEST_F(TroubledInsertion, SaysAllThatBecameOfTheArchiveAndNeverReplacesIt) {
-    extract("e!");
-    EXPECT_EQ(insert("sN!"), "No mipmap selected.|0 mipmap(s) inserted.|");
-    EXPECT_EQ(files("copies"), "");
-    std::filesystem::permissions(session.archivePath, std::filesystem::perms::owner_read);
-    const std::string attributes = "CDDS Attributes changed to Read ",
-                      rest = "out/wall-4x4.dds|" + attributes + "Only|3 mipmaps(s) inserted.";
-    EXPECT_EQ(insert("c!"), copyLine(0) + attributes + "Write|" + rest);
-    EXPECT_EQ(insert("ck!"), noCopy + attributes + "Write|" + rest);
+    permit(0400);
+    const std::string rest = writable + "out/wall-4x4.dds|" + readOnly + "3 mipmaps(s) inserted.";
+    extract({embedded, overwriting});
+    EXPECT_EQ(insert({create}), copyLine(0) + rest);
+    EXPECT_EQ(insert({create, withoutSafeCopy}), noCopy + rest);
     boxes.take(); // the questions
     session.archive.textures[0].name = "a.cdds";
     session.settings.bazarTempFolder = folder.path();
-    (void)insert("ab!");
+    (void)insert({notIntoArchive, intoBazarTemp});
     boxes.expect("is the open archive");
     EXPECT_EQ(archive().size(), before.size());
 }
 
 TEST_F(TroubledInsertion, MakesItsSafeCopyUnderTheNextNumberThatNothingHas) {
-    put("wall-4x4.dds", chain);
     (void)folder.write("copies/a-0.cdds", "earlier");
-    std::filesystem::create_symlink("nowhere", folder.file("copies/a-1.cdds"));
-    std::filesystem::create_directory(folder.file("copies/a-2.cdds"));
-    EXPECT_TRUE(insert("e!").starts_with(copyLine(3)));
+    fs::create_symlink("nowhere", folder.file("copies/a-1.cdds"));
+    fs::create_directory(folder.file("copies/a-2.cdds"));
+    EXPECT_TRUE(insert({}).starts_with(copyLine(3)));
     EXPECT_TRUE(folder.read("copies/a-3.cdds") == before && folder.read("copies/a-0.cdds") == "earlier");
     const std::string size = std::to_string(before.size());
     EXPECT_EQ(sign.seen, "Copying a.cdds 0, " + size + "; Copying a.cdds " + size + ", " + size + "; clear");
-    EXPECT_TRUE(insert("e!").starts_with(copyLine(4)));
 
     // A folder that has gone, and the user's answers when asked for another.
-    int asked = 0;
     std::string answer;
-    chooseSafeCopyFolder = [&] { ++asked, session.settings.cddsBackupFolder = answer; };
+    chooseSafeCopyFolder = [&] { session.settings.cddsBackupFolder = answer; };
     session.settings.cddsBackupFolder = folder.file("gone");
-    EXPECT_EQ(insert("e!"), noCopy + "CDDS Safe Copy folder undefined.|Insertion canceled.");
-    EXPECT_EQ(row(asked, dialog.txtCDDSBackupFolder.text(), dialog.chkSaveCdds.checked(),
-                  dialog.chkSaveCdds.enabled()),
-              "1, Invalid CDDS Safe Copy Folder, false, true");
+    EXPECT_EQ(insert({}), noCopy + "CDDS Safe Copy folder undefined.|Insertion canceled.");
+    EXPECT_EQ(
+        row(dialog.txtCDDSBackupFolder.text(), dialog.chkSaveCdds.checked(), dialog.chkSaveCdds.enabled()),
+        "Invalid CDDS Safe Copy Folder, false, true");
     answer = folder.file("copies");
-    EXPECT_TRUE(insert("e!").starts_with(copyLine(5)));
+    EXPECT_TRUE(insert({}).starts_with(copyLine(4)));
     EXPECT_EQ(dialog.txtCDDSBackupFolder.text(), answer);
 }
 
 TEST_F(TroubledInsertion, InsertsNothingWithoutTheSafeCopyThatIsWanted) {
-    put("wall-4x4.dds", chain);
     {
         const FullDisk full{before.size() - 4};
-        EXPECT_EQ(insert("e!"), noCopy + "Insertion canceled.");
+        EXPECT_EQ(insert({}), noCopy + "Insertion canceled.");
         boxes.expect("Safe Copy Error : 6 Overflow");
         EXPECT_EQ(files("copies"), "");
     }
     const std::string taken = folder.file("out/wall-4x4.dds"), start = folder.file("copies/a-");
     for (int i = 0; i <= 32767; ++i) {
-        std::filesystem::create_hard_link(taken, start + std::to_string(i) + ".cdds");
+        fs::create_hard_link(taken, start + std::to_string(i) + ".cdds");
     }
-    EXPECT_EQ(insert("e!"), noCopy + "Insertion canceled.");
+    EXPECT_EQ(insert({}), noCopy + "Insertion canceled.");
     boxes.expect("Safe Copy Error : 58 File already exists (all numbers up to 32767 are taken in ");
     EXPECT_TRUE(archive() == before);
 }
 
 TEST_F(TroubledInsertion, CopiesTheTextureIntoBazarTempUnderItsOwnName) {
-    const std::string destination = folder.file("bazar/wall.xyz"),
-                      copied = noCopy + "bazar/wall.xyz overwritten| 1 file(s) copied.|";
+    const std::string copied = noCopy + "bazar/wall.xyz overwritten| 1 file(s) copied.|";
+    const ShownBox question{"File wall.xyz already exists in Bazar Temp folder. Overwrite it ?",
+                            "File exists", BoxIcon::None, BoxButtons::OkCancel};
     for (const auto& [type, start] :
          {std::pair{"DXT1", std::string{"BM"}}, std::pair{"DXT5", bytesOf("000002 9*00 w4 w4 2008")}}) {
         open({cdds, {chainOf("wall.xyz", type, 4, 4)}});
-        extract("eo!");
-        before = archive();
-        EXPECT_EQ(insert("eab!"), copied);
+        extract({embedded, overwriting});
+        EXPECT_EQ(insert({notIntoArchive, intoBazarTemp}), copied);
         EXPECT_TRUE(folder.read("bazar/wall.xyz").starts_with(start)) << type;
         (void)folder.write("bazar/wall.xyz", "mine");
         boxes.answer = BoxAnswer::Cancel;
-        EXPECT_EQ(insert("ekb!"), noCopy + "out/wall-4x4.dds inserted.|3 Mipmap(s) inserted.|bazar/wall.xyz");
+        EXPECT_EQ(insert({withoutSafeCopy, intoBazarTemp}),
+                  noCopy + "out/wall-4x4.dds inserted.|3 Mipmap(s) inserted.|bazar/wall.xyz");
+        boxes.expect(question);
         EXPECT_EQ(folder.read("bazar/wall.xyz"), "mine");
         boxes.answer = BoxAnswer::Ok;
-        EXPECT_EQ(insert("eab!"), copied);
-        const ShownBox question{"File wall.xyz already exists in Bazar Temp folder. Overwrite it ?",
-                                "File exists", BoxIcon::None, BoxButtons::OkCancel};
-        EXPECT_EQ(boxes.take(), (Boxes{question, question}));
-        EXPECT_TRUE(folder.read("bazar/wall.xyz").starts_with(start) && archive() == before) << type;
-        std::filesystem::remove(destination);
+        EXPECT_EQ(insert({notIntoArchive, intoBazarTemp}), copied);
+        boxes.expect(question);
+        EXPECT_TRUE(folder.read("bazar/wall.xyz").starts_with(start)) << type;
+        fs::remove(folder.file("bazar/wall.xyz"));
     }
 }
 
 TEST_F(TroubledInsertion, CopiesNothingWhereThereIsNothingToCopyOrNowhereToPutIt) {
-    EXPECT_EQ(insert("eab!"), noCopy) << "no such file";
-    put("wall-4x4.dds", "no picture");
-    EXPECT_EQ(insert("eab!"), noCopy);
+    const Step copying = all({notIntoArchive, intoBazarTemp});
+    EXPECT_EQ(insert({copying}), noCopy) << "no picture";
     const ShownBox unreadable{"LoadImage " + folder.file("out/wall-4x4.dds") + " error",
                               "StoreCopyInBazarTemp", BoxIcon::Critical, BoxButtons::Ok};
     EXPECT_EQ(boxes.take().at(1), unreadable);
-    extract("eo!");
-    std::filesystem::create_directory(folder.file("bazar/wall.xyz"));
-    EXPECT_EQ(insert("eab!"), noCopy + "bazar/wall.xyz not written.|");
+    remove("wall-4x4.dds");
+    EXPECT_EQ(insert({copying}), noCopy);
+    extract({embedded});
+    fs::create_directory(folder.file("bazar/wall.xyz"));
+    EXPECT_EQ(insert({copying}), noCopy + "bazar/wall.xyz not written.|");
     boxes.expect("ImageSave Error : 75 Path/File access error (");
     session.archive.textures[0].name = "../wall";
-    EXPECT_EQ(insert("eab!"), noCopy);
+    EXPECT_EQ(insert({copying}), noCopy);
     boxes.expect("Store texture Copy Error : 52 The texture's name \"../wall\" cannot be the name of a file");
     EXPECT_EQ(files("bazar"), "wall.xyz");
 }

@@ -9,6 +9,7 @@
 #include "transfer/texture_extraction_insertion.hpp"
 
 #include <numeric>
+#include <regex>
 
 namespace pelrath::test {
 
@@ -43,6 +44,41 @@ inline TexturePlan chainOf(const std::string& name, const std::string& type, std
         last = width == 1 && height == 1;
     }
     return plan;
+}
+
+/// What the user does in the dialog, one thing after another.
+using Step = std::function<void(TransferControls&)>;
+using Steps = std::vector<Step>;
+
+inline void images(TransferControls& dialog) { dialog.optOutFileType[NativeFileType].select(); }
+inline void ddsFiles(TransferControls& dialog) { dialog.optOutFileType[DdsFileType].select(); }
+inline void single(TransferControls& dialog) { dialog.optMipmaps[Single].select(); }
+inline void embedded(TransferControls& dialog) { dialog.optMipmaps[Embedded].select(); }
+inline void external(TransferControls& dialog) { dialog.optMipmaps[External].select(); }
+inline void create(TransferControls& dialog) { dialog.optMipmaps[Create].select(); }
+inline void allLevels(TransferControls& dialog) { dialog.cmdSelAllResolution.press(); }
+inline void noLevel(TransferControls& dialog) { dialog.cmdSelNoneResolution.press(); }
+inline void overwriting(TransferControls& dialog) { dialog.chkOverwriteExistingFiles.setChecked(true); }
+inline void launching(TransferControls& dialog) { dialog.chkLaunchEditor.setChecked(true); }
+inline void withSafeCopy(TransferControls& dialog) { dialog.chkSaveCdds.setChecked(true); }
+inline void withoutSafeCopy(TransferControls& dialog) { dialog.chkSaveCdds.setChecked(false); }
+/// Which takes the mark of the safe copy away as well.
+inline void notIntoArchive(TransferControls& dialog) { dialog.chkDestination[ToArchive].setChecked(false); }
+inline void intoBazarTemp(TransferControls& dialog) { dialog.chkDestination[ToBazarTemp].setChecked(true); }
+inline void run(TransferControls& dialog) { dialog.cmdExtractInsert.press(); }
+inline Step mark(int level, bool marked = true) {
+    return [=](TransferControls& dialog) { dialog.List1.setChecked(level, marked); };
+}
+inline Step all(const Steps& steps) {
+    return [=](TransferControls& dialog) {
+        for (const Step& step : steps) {
+            step(dialog);
+        }
+    };
+}
+inline Step unmark(int level) { return mark(level, false); }
+inline Step filter(int index) {
+    return [=](TransferControls& dialog) { dialog.lstScaleFilter.select(index); };
 }
 
 /// The dialog over an open archive, and the user in front of it. The archive is a.cdds in the folder; images
@@ -95,45 +131,16 @@ struct TransferHarness {
         windows.answer = user;
         dialog.show(owner);
     }
-    /// n and d choose the file kind, s e x c the operation, f and a digit the filter; g leaves open whether
-    /// to overwrite; a digit turns a level's mark over, A and N are the buttons; o l k a b turn over whether
-    /// to overwrite, to launch the editor, to keep a safe copy, to write into the archive, into the Bazar
-    /// Temp folder; ! runs.
-    void click(const std::string& clicks) {
-        const auto turn = [](CheckBox& box) { box.setChecked(!box.checked()); };
-        for (std::size_t at = 0; at < clicks.size(); ++at) {
-            const char letter = clicks[at];
-            if (const std::size_t i = std::string_view{"sexc"}.find(letter); i < 4)
-                dialog.optMipmaps[i].select();
-            if (letter == 'n' || letter == 'd')
-                dialog.optOutFileType[letter == 'n' ? NativeFileType : DdsFileType].select();
-            if (letter >= '0' && letter <= '9')
-                dialog.List1.setChecked(letter - '0', !dialog.List1.isChecked(letter - '0'));
-            if (letter == 'f') dialog.lstScaleFilter.select(clicks[++at] - '0');
-            if (letter == 'A') dialog.cmdSelAllResolution.press();
-            if (letter == 'N') dialog.cmdSelNoneResolution.press();
-            if (letter == 'o') turn(dialog.chkOverwriteExistingFiles);
-            if (letter == 'g') dialog.chkOverwriteExistingFiles.setValue(CheckValue::Grey);
-            if (letter == 'k') turn(dialog.chkSaveCdds);
-            if (letter == 'l') turn(dialog.chkLaunchEditor);
-            if (letter == 'a' || letter == 'b')
-                turn(dialog.chkDestination[letter == 'a' ? ToArchive : ToBazarTemp]);
-            if (letter == '!') dialog.cmdExtractInsert.press();
-        }
+    void act(const Steps& steps) { all(steps)(dialog); }
+    /// What the summary says after these steps and a press on the action button: its line breaks as |, paths
+    /// from the folder on.
+    std::string after(DialogMode mode, const Steps& steps) {
+        show(mode, [&] { act(steps), run(dialog); });
+        const std::string text = std::regex_replace(dialog.ExtractSummary.text(), std::regex{"\r\n"}, "|");
+        return std::regex_replace(text, std::regex{folder.file("")}, "");
     }
-    /// What the summary says of that: its line breaks as |, paths from the folder on.
-    std::string after(DialogMode mode, const std::string& clicks) {
-        show(mode, [&] { click(clicks); });
-        std::string text = dialog.ExtractSummary.text();
-        const std::string start = folder.file("");
-        for (std::size_t at = 0; (at = text.find(start)) != std::string::npos;)
-            text.erase(at, start.size());
-        for (std::size_t at = 0; (at = text.find("\r\n")) != std::string::npos;)
-            text.replace(at, 2, "|");
-        return text;
-    }
-    std::string extract(const std::string& clicks) { return after(DialogMode::Extraction, clicks); }
-    std::string insert(const std::string& clicks) { return after(DialogMode::Insertion, clicks); }
+    std::string extract(const Steps& steps) { return after(DialogMode::Extraction, steps); }
+    std::string insert(const Steps& steps) { return after(DialogMode::Insertion, steps); }
 
     [[nodiscard]] std::string files(const std::string& inside = "out") const {
         std::string names;
