@@ -20,30 +20,18 @@ TEST(Text, EveryAnsiByteSurvivesARoundTrip) {
     EXPECT_EQ(ansiCode(U'\u0394'), '?');
 }
 
-TEST(Text, CountsAndCutsCharacters) {
-    EXPECT_EQ(row(characterCount(""), firstCharacters("", 3)), "0, ");
-    EXPECT_EQ(row(characterCount("abc"), firstCharacters("abc", 2)), "3, ab");
-    EXPECT_EQ(row(characterCount("a\u00E9\u20ACz"), firstCharacters("a\u00E9\u20ACz", 3)),
-              "4, a\u00E9\u20AC");
-    EXPECT_EQ(row(characterCount("\u00FCb"), firstCharacters("\u00FCb", 9)), "2, \u00FCb");
-}
-
-TEST(Text, UpperCaseKeepsTheNumberOfCharacters) {
-    const std::pair<const char*, const char*> cases[] = {{"ab9_Z", "AB9_Z"},
-                                                         {"r\u00E9servoir", "R\u00C9SERVOIR"},
-                                                         {"\u00FF\u0161", "\u0178\u0160"},
-                                                         {"stra\u00DFe", "STRA\u00DFE"}};
-    for (const auto& [text, upper] : cases) {
-        EXPECT_EQ(upperCase(text), upper);
-    }
-}
-
-TEST(Text, TrimsAndPads) {
+TEST(Text, CountsCutsAndPadsCharacters) {
+    EXPECT_EQ(row(characterCount(""), characterCount("a\u00E9\u20ACz")), "0, 4");
+    EXPECT_EQ(
+        row(firstCharacters("abc", 2), firstCharacters("a\u00E9\u20ACz", 3), firstCharacters("\u00FCb", 9)),
+        "ab, a\u00E9\u20AC, \u00FCb");
     EXPECT_EQ(row(trimBlanks("  a b  "), trimBlanks("   "), trimBlanks("\ta\t")), "a b, , \ta\t");
     std::string line = "|";
     appendPadded(line, "\u00E9\u00E9", 4);
     appendPadded(line, "toolong", 4);
     EXPECT_EQ(line, "|\u00E9\u00E9  toolong");
+    EXPECT_EQ(row(upperCase("ab9_Z"), upperCase("r\u00E9\u0161\u00FF"), upperCase("stra\u00DFe")),
+              "AB9_Z, R\u00C9\u0160\u0178, STRA\u00DFE");
 }
 
 } // namespace
