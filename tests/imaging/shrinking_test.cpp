@@ -4,15 +4,6 @@
 namespace pelrath::test {
 namespace {
 
-/// The greatest difference between two bytes in the same place; 256 for different lengths.
-int difference(const std::string& a, const std::string& b) {
-    int most = a.size() == b.size() ? 0 : 256;
-    for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i) {
-        most = std::max(most, std::abs(static_cast<unsigned char>(a[i]) - static_cast<unsigned char>(b[i])));
-    }
-    return most;
-}
-
 /// That many times the same bytes.
 std::string all(std::int64_t count, const std::string& pixel) {
     std::string bytes;

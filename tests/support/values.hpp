@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <sstream>
 #include <string>
@@ -77,6 +78,15 @@ inline std::string plainBlocks(std::uint32_t width, std::uint32_t height, std::u
         blocks += little(color, 8);
     }
     return blocks;
+}
+
+/// The greatest difference between two bytes in the same place; 256 for different lengths.
+inline int difference(const std::string& a, const std::string& b) {
+    int most = a.size() == b.size() ? 0 : 256;
+    for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i) {
+        most = std::max(most, std::abs(static_cast<unsigned char>(a[i]) - static_cast<unsigned char>(b[i])));
+    }
+    return most;
 }
 
 /// What happened, in order.

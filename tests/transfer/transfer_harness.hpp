@@ -8,7 +8,6 @@
 #include "support/temporary_folder.hpp"
 #include "transfer/texture_extraction_insertion.hpp"
 
-#include <numeric>
 #include <regex>
 
 namespace pelrath::test {
@@ -169,21 +168,17 @@ struct TransferHarness {
     /// Largest difference of a channel between two states of a level.
     [[nodiscard]] int difference(const std::string& before, const std::string& after,
                                  std::size_t level) const {
-        const auto texels = [&](const std::string& blocks) {
+        const auto texels = [&](const std::string& bytes) {
+            const std::string blocks = levelOf(bytes, level);
             const auto width = static_cast<std::uint32_t>(chosen().mipmaps[level].width),
                        height = static_cast<std::uint32_t>(chosen().mipmaps[level].height);
-            std::vector<std::byte> decoded(std::size_t{width} * height * 4);
+            std::string decoded(std::size_t{width} * height * 4, '\0');
             decodeLevel(chosen().fourCC == "DXT1" ? BlockFormat::Dxt1 : BlockFormat::Dxt5,
-                        std::as_bytes(std::span{blocks}), width, height, decoded);
+                        std::as_bytes(std::span{blocks}), width, height,
+                        std::as_writable_bytes(std::span{decoded}));
             return decoded;
         };
-        const std::vector<std::byte> one = texels(levelOf(before, level)),
-                                     other = texels(levelOf(after, level));
-        const auto apart = [](std::byte a, std::byte b) {
-            return std::abs(std::to_integer<int>(a) - std::to_integer<int>(b));
-        };
-        return std::inner_product(
-            one.begin(), one.end(), other.begin(), 0, [](int a, int b) { return std::max(a, b); }, apart);
+        return test::difference(texels(before), texels(after));
     }
 
     TemporaryFolder folder;
