@@ -39,19 +39,16 @@ TEST_F(FolderChoiceTest, TheTwoDialogsDifferInTheirTexts) {
         {&other, "CDDS Safe Copy Folder : ", "Select CDDS Safe Copy folder"}};
     for (const auto& [d, label, instruction] : cases) {
         EXPECT_EQ(row(d->window.caption(), d->Label1.caption()), "Form1, <selectFolder>");
-        windows.answer = [&, d = d, label = label] {
-            EXPECT_EQ(row(d->window.caption(), d->Label1.caption(), d->selectedFolder.text()),
-                      row("Folder Selection", label, "/old"));
-            const Box& box = d->window.box();
-            EXPECT_EQ(row(box.left + box.width / 2, box.top + box.height / 2), "5500, 5000");
-            d->cmdGetExtractInsertFolder.press();
-        };
+        windows.answer = [d = d] { d->cmdGetExtractInsertFolder.press(); };
         d->show();
-        EXPECT_EQ(row(picker.asked.title, picker.asked.initialFolder, picker.asked.rootFolder,
-                      picker.asked.flags, picker.asked.owner),
-                  row(instruction, "/old", "", 0x7D, 42));
+        const Box& box = d->window.box();
+        EXPECT_EQ(
+            row(d->window.caption(), d->Label1.caption(), box.left + box.width / 2, box.top + box.height / 2),
+            row("Folder Selection", label, 5500, 5000));
+        EXPECT_EQ(row(picker.asked.title, picker.asked.initialFolder, picker.asked.owner),
+                  row(instruction, "/old", 42));
     }
-    EXPECT_EQ(row(picker.shown, folder), "2, /old");
+    EXPECT_EQ(picker.shown, 2);
 }
 
 TEST_F(FolderChoiceTest, WhatIsStoredWhenItCloses) {
@@ -82,14 +79,16 @@ TEST_F(FolderChoiceTest, WhatIsStoredWhenItCloses) {
 }
 
 TEST_F(FolderChoiceTest, AnEmptyFolderIsAskedForAgain) {
-    std::vector<ShownBox> before;
-    const Connection focus = dialog.selectedFolder.focusRequested.connect([&] { before = boxes.take(); });
-    const std::vector<ShownBox> asked{{"Invalid Folder. Please select another folder.", "Undefined folder"}};
+    const ShownBox asked{"Invalid Folder. Please select another folder.", "Undefined folder"};
+    int focused = 0;
+    const Connection focus = dialog.selectedFolder.focusRequested.connect([&] {
+        boxes.expect(asked); // the focus comes after the message
+        ++focused;
+    });
     const std::string stored = after([&] {
         dialog.selectedFolder.setText("");
         dialog.cmdOK.press();
-        EXPECT_EQ(before, asked); // the focus comes after the message
-        EXPECT_EQ(row(dialog.window.isUnloaded(), folder), "false, ");
+        EXPECT_EQ(row(focused, dialog.window.isUnloaded(), folder), "1, false, ");
         dialog.cmdCancel.press();
     });
     EXPECT_EQ(stored, "");

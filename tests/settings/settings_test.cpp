@@ -6,12 +6,17 @@
 namespace pelrath::test {
 namespace {
 
-CSetting iniSetting(const TemporaryFolder& folder) {
+struct ProfileFiles : testing::Test {
+    ProfileFiles() {
+        setting.Init("  " + folder.file("a") + " ", CSetting::IniMode);
+        EXPECT_EQ(row(setting.appName(), setting.iniFileName()), folder.file("a, ") + folder.file("a.ini"));
+    }
+    void write(const std::string& content) const { (void)folder.write("a.ini", content); }
+    [[nodiscard]] std::string file() const { return folder.read("a.ini"); }
+
+    TemporaryFolder folder;
     CSetting setting;
-    setting.Init("  " + folder.file("a") + " ", CSetting::IniMode);
-    EXPECT_EQ(row(setting.appName(), setting.iniFileName()), folder.file("a, ") + folder.file("a.ini"));
-    return setting;
-}
+};
 
 // A number as it is read, or the failure of reading it.
 std::string numberIn(CSetting& setting, const char* key) {
@@ -25,13 +30,10 @@ constexpr const char* overflow = "-2147220989, CSetting.GetSettingInt, Error rea
 
 using NumberCases = std::vector<std::pair<const char*, const char*>>;
 
-TEST(ProfileFiles, ValuesAreFoundAsTheFormatHasThem) {
-    const TemporaryFolder folder;
-    (void)folder.write("a.ini",
-                       "\xEF\xBB\xBF; comment\r\nstray=1\r\n[ Setup ]x\r\n Key One = a = b ;c \r\n"
-                       "single='q'\r\ndouble=\" q \"\r\nhalf=\"q\r\nempty=\r\n;hidden=1\r\nno equals sign\r\n"
-                       "folder=/home/\u00E9t\u00E9/\u0394\r\n[Other]\r\nKey One=other\r\n[setup]\r\nlate=1");
-    CSetting setting = iniSetting(folder);
+TEST_F(ProfileFiles, ValuesAreFoundAsTheFormatHasThem) {
+    write("\xEF\xBB\xBF; comment\r\nstray=1\r\n[ Setup ]x\r\n Key One = a = b ;c \r\n"
+          "single='q'\r\ndouble=\" q \"\r\nhalf=\"q\r\nempty=\r\n;hidden=1\r\nno equals sign\r\n"
+          "folder=/home/\u00E9t\u00E9/\u0394\r\n[Other]\r\nKey One=other\r\n[setup]\r\nlate=1");
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"Setup", "Key One", "a = b ;c"}, {"SETUP", "key one", "a = b ;c"},
         {"setup", "single", "q"},         {"setup", "double", "q"},
@@ -46,39 +48,34 @@ TEST(ProfileFiles, ValuesAreFoundAsTheFormatHasThem) {
     for (int i = 0; i < 130; ++i) {
         accents += "\u00E9";
     }
-    (void)folder.write("a.ini", "[s]\nlong=" + std::string(200, 'x') + "\naccents=" + accents);
+    write("[s]\nlong=" + std::string(200, 'x') + "\naccents=" + accents);
     EXPECT_EQ(setting.GetSettingStr("s", "long", ""), std::string(127, 'x'));
     EXPECT_EQ(setting.GetSettingStr("s", "accents", "").size(), 254U);
 }
 
-TEST(ProfileFiles, NumbersAreWhatAValueBeginsWith) {
-    const TemporaryFolder folder;
+TEST_F(ProfileFiles, NumbersAreWhatAValueBeginsWith) {
     const NumberCases cases = {{"12", "12"},         {"0x1F", "31"},       {"-0b101", "-5"},
                                {"-5", "-5"},         {"+7", "7"},          {"12abc", "12"},
                                {"abc", "0"},         {"", "99"},           {"1.9", "1"},
                                {"32767", "32767"},   {"-32768", "-32768"}, {"40000", overflow},
                                {"-40000", overflow}, {"4294967297", "1"},  {"\x01\x02\xFF", "0"}};
     for (const auto& [stored, number] : cases) {
-        (void)folder.write("a.ini", std::string{"[s]\nk="} + stored + "\n");
-        CSetting setting = iniSetting(folder);
+        write(std::string{"[s]\nk="} + stored + "\n");
         EXPECT_EQ(numberIn(setting, "k"), number) << stored;
     }
 }
 
-TEST(ProfileFiles, WritingLeavesEverythingElse) {
-    const TemporaryFolder folder;
-    CSetting setting = iniSetting(folder);
+TEST_F(ProfileFiles, WritingLeavesEverythingElse) {
     setting.SaveSettingInt("New", "number", -5);
-    EXPECT_EQ(folder.read("a.ini"), "[New]\nnumber=-5\n");
-    (void)folder.write(
-        "a.ini",
+    EXPECT_EQ(file(), "[New]\nnumber=-5\n");
+    write(
         "\xEF\xBB\xBF; mine \xE9\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nfirst=1\r\n; note\r\n\r\n[Last]\r\nend=\xFF\x80");
     setting.SaveSettingStr("SETUP", "FIRST", "two words");
     setting.SaveSettingStr("Setup", "added", "x=y");
     setting.SaveSettingStr("last", "more", "\u00E9");
     setting.SaveSettingStr("last", "more", "two\n[lines]"); // which the file cannot hold
     EXPECT_EQ(
-        folder.read("a.ini"),
+        file(),
         "\xEF\xBB\xBF; mine \xE9\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nFIRST=two words\r\n; note\r\n"
         "added=x=y\r\n\r\n[Last]\r\nend=\xFF\x80\r\nmore=\u00E9\r\n");
     EXPECT_EQ(setting.GetSettingStr("Setup", "added", ""), "x=y");
@@ -86,49 +83,42 @@ TEST(ProfileFiles, WritingLeavesEverythingElse) {
     EXPECT_EQ(folder.names(), std::vector<std::string>{"a.ini"});
 }
 
-TEST(ProfileFiles, AFailedWriteIsSilentAndLeavesTheFileWhole) {
-    const TemporaryFolder folder;
+TEST_F(ProfileFiles, AFailedWriteIsSilentAndLeavesTheFileWhole) {
     const std::string before = "[s]\nk=" + std::string(2000, 'x') + "\n";
-    (void)folder.write("a.ini", before);
-    CSetting setting = iniSetting(folder);
+    write(before);
     (FullDisk{500}, setting.SaveSettingStr("s", "other", "y"));
-    EXPECT_EQ(folder.read("a.ini"), before);
+    EXPECT_EQ(file(), before);
     EXPECT_EQ(folder.names(), std::vector<std::string>{"a.ini"});
     setting.Init(folder.file("missing/a"), CSetting::IniMode);
     setting.SaveSettingStr("s", "k", "v");
     EXPECT_EQ(setting.GetSettingStr("s", "k", "default"), "default");
 }
 
-TEST(ProfileFiles, WhatIsThereAndCannotBeReadIsNeitherMissingNorWrittenOver) {
-    const TemporaryFolder folder;
-    CSetting setting = iniSetting(folder);
-    const auto failure = [&](const auto& get) { return failureOf([&] { (void)get(); }); };
+TEST_F(ProfileFiles, WhatIsThereAndCannotBeReadIsNeitherMissingNorWrittenOver) {
     const std::string large = "[s]\nk=v\n;" + std::string(std::size_t{1} << 20, 'x');
-    (void)folder.write("a.ini", large);
-    for (const char* reason : {"(6, Overflow (", "(75, Path/File access error ("}) {
-        const RuntimeError error = failure([&] { return setting.GetSettingStr("s", "k", ""); });
+    write(large);
+    for (const std::string reason : {"(6, Overflow (", "(75, Path/File access error ("}) {
+        const RuntimeError error = failureOf([&] { (void)setting.GetSettingStr("s", "k", ""); });
         EXPECT_EQ(row(error.number(), error.source()), "-2147220989, CSetting.GetSettingStr");
-        EXPECT_TRUE(error.description().starts_with(std::string{"Error reading Setting "} + reason));
-        EXPECT_EQ(failure([&] { return setting.GetSettingInt("s", "k", 1); }).number(), error.number());
+        EXPECT_TRUE(error.description().starts_with("Error reading Setting " + reason));
+        EXPECT_TRUE(numberIn(setting, "k").starts_with("-2147220989, CSetting.GetSettingInt, "));
         setting.SaveSettingStr("s", "k", "w");
-        EXPECT_TRUE(folder.read("a.ini") == (reason[1] == '6' ? large : ""));
+        EXPECT_TRUE(file() == (reason[1] == '6' ? large : ""));
         std::filesystem::remove(folder.file("a.ini"));
         std::filesystem::create_directory(folder.file("a.ini"));
     }
 }
 
-TEST(ProfileFiles, APassIsOfOneReadingAndWritesAllAtOnce) {
-    const TemporaryFolder folder;
-    CSetting setting = iniSetting(folder);
-    (void)folder.write("a.ini", "[s]\na=1\nb=1\n");
+TEST_F(ProfileFiles, APassIsOfOneReadingAndWritesAllAtOnce) {
+    write("[s]\na=1\nb=1\n");
     setting.beginPass();
     EXPECT_EQ(setting.GetSettingInt("s", "a", 0), 1);
-    (void)folder.write("a.ini", "[s]\na=2\nb=2\n");
+    write("[s]\na=2\nb=2\n");
     EXPECT_EQ(setting.GetSettingStr("s", "b", ""), "1");
     setting.SaveSettingInt("s", "a", 3);
-    EXPECT_EQ(folder.read("a.ini"), "[s]\na=2\nb=2\n");
+    EXPECT_EQ(file(), "[s]\na=2\nb=2\n");
     setting.endPass();
-    EXPECT_EQ(folder.read("a.ini"), "[s]\na=3\nb=1\n");
+    EXPECT_EQ(file(), "[s]\na=3\nb=1\n");
 }
 
 // The folder is read once a process: all of it in one test.
@@ -180,42 +170,36 @@ std::string endOf(Pass pass) {
     return "none";
 }
 
-TEST(ApplicationSettingsFile, HoldsNineKeysInOrder) {
+TEST(ApplicationSettingsFile, HoldsNineKeysAsFarAsTheyCanBeUsed) {
     const TemporaryFolder folder;
+    const std::string path = folder.file("Pelrath");
     ApplicationSettings settings;
-    loadApplicationSettings(folder.file("Pelrath"), settings);
+    loadApplicationSettings(path, settings);
     settings.mainTop = 10.5;
     settings.mainLeft = -3.2;
     settings.extractionFolder = "/a b";
     settings.bazarTempFolder = "/\u00E9";
-    saveApplicationSettings(folder.file("Pelrath"), settings);
+    saveApplicationSettings(path, settings);
     EXPECT_EQ(folder.read("Pelrath.ini"),
               "[Settings]\nMainTop=10\nMainLeft=-3\nViewPortWidth=512\nViewPortHeight=512\n"
               "ViewPortColor=0\nbazartempfolder=/\u00E9\ncddsbackupfolder=\n"
               "[Setup]\nextractionfolder=/a b\nfirsttimedone=False\n");
     ApplicationSettings read;
-    loadApplicationSettings(folder.file("Pelrath"), read);
+    loadApplicationSettings(path, read);
     EXPECT_EQ(row(read.mainTop, read.bazarTempFolder), "10, /\u00E9");
-}
 
-TEST(ApplicationSettingsFile, APassEndsAtTheKeyThatCannotBeUsed) {
-    const TemporaryFolder folder;
     (void)folder.write(
         "Pelrath.ini",
         "[Settings]\nMainTop=7\nViewPortWidth=99999\nViewPortColor=3\n[Setup]\nfirsttimedone=True\n");
-    ApplicationSettings settings;
-    EXPECT_EQ(endOf([&] { loadApplicationSettings(folder.file("Pelrath"), settings); }),
+    settings = {};
+    EXPECT_EQ(endOf([&] { loadApplicationSettings(path, settings); }),
               "ViewPortWidth, Error reading Setting (6, Overflow)");
     EXPECT_EQ(row(settings.mainTop, settings.firstTimeDone, settings.viewPortWidth, settings.viewPortColor),
               "7, True, 512, 0");
-
-    settings = {};
     settings.mainTop = 5;
     settings.mainLeft = 32768;
-    EXPECT_TRUE(
-        endOf([&] { saveApplicationSettings(folder.file("Pelrath"), settings); }).starts_with("MainLeft, "));
-    const std::string ini = folder.read("Pelrath.ini");
-    EXPECT_TRUE(ini.find("MainTop=5\n") < ini.find("firsttimedone=True\n") && ini.ends_with("True\n")) << ini;
+    EXPECT_TRUE(endOf([&] { saveApplicationSettings(path, settings); }).starts_with("MainLeft, "));
+    EXPECT_TRUE(folder.read("Pelrath.ini").starts_with("[Settings]\nMainTop=5\nViewPortWidth=99999\n"));
 }
 
 } // namespace
