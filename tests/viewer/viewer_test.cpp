@@ -14,26 +14,22 @@ TEST(Probe, ReadsTheHeadAndTellsWhatIsNotOne) {
     whole[24] = 7;
     whole[28] = 9;
     // Name, content, what is read, and the complaint behind the path.
-    const std::tuple<const char*, const char*, ImageInfo, const char*> cases[] = {
-        {"magic only", "DDS ", {}, nullptr},
+    const std::tuple<const char*, std::string, ImageInfo, std::string> cases[] = {
+        {"magic only", "DDS ", {}, ""},
         {"lower case", "dds and more", {}, " is not in DDS format."},
-        {"empty", "", {}, " is not in DDS format."},
         {"short", "DD", {}, " is not in DDS format."},
-        {"missing", nullptr, {}, " not found."},
-        {".", nullptr, {}, " not found."},
-        {"whole", nullptr, {256, 128, 7, 9}, nullptr},
+        {"missing", "", {}, " not found."},
+        {".", "", {}, " not found."},
+        {"whole", whole, {256, 128, 7, 9}, ""},
     };
-    (void)folder.write("whole", whole);
     for (const auto& [name, content, info, complaint] : cases) {
         RecordingBoxes boxes;
-        const std::string path = content == nullptr ? folder.file(name) : folder.write(name, content);
+        const std::string path = content.empty() ? folder.file(name) : folder.write(name, content);
         ImageInfo read{1, 2, 3, 4};
-        EXPECT_EQ(getImageInfo(path, read, boxes), complaint == nullptr) << name;
+        EXPECT_EQ(getImageInfo(path, read, boxes), complaint.empty()) << name;
         EXPECT_EQ(read, info) << name;
-        std::vector<ShownBox> expected;
-        if (complaint != nullptr)
-            expected = {{"Image File " + path + complaint, "getImageInfo", BoxIcon::Critical}};
-        EXPECT_EQ(boxes.take(), expected);
+        if (!complaint.empty())
+            boxes.expect({"Image File " + path + complaint, "getImageInfo", BoxIcon::Critical});
     }
 }
 
@@ -156,12 +152,16 @@ TEST_F(ViewerTest, DrawsOnlyWhatIsNew) {
     EXPECT_EQ(row(frames[0].texture, frames[1].quad[3].x), "0, 8");
     EXPECT_EQ(row(frames[5].scale, frames[6].scale), "1, 1.5");
     EXPECT_NE(frames[7].texture, frames[6].texture);
-    const std::pair<std::uint32_t, Blend> expected[] = {
-        {0xFF102030, frames[0].blend},    {0xFF102030, Blend::None},        {0xFF102030, Blend::Mask},
-        {0xFF102030, Blend::InverseBoth}, {0xFFFFFFFF, Blend::InverseBoth}, {0xFF000000, Blend::InverseBoth},
-        {0xFF000000, Blend::InverseBoth}, {0xFF000000, Blend::InverseBoth}};
+    const Blend opaque = frames[0].blend;
+    const std::pair<std::uint32_t, Blend> expected[] = {{0xFF102030, opaque},
+                                                        {0xFF102030, Blend::None},
+                                                        {0xFF102030, Blend::Mask},
+                                                        {0xFF102030, Blend::InverseBoth},
+                                                        {0xFFFFFFFF, Blend::InverseBoth},
+                                                        {0xFF000000, Blend::InverseBoth}};
     for (std::size_t i = 0; i < 8; ++i) {
-        EXPECT_EQ((std::pair{frames[i].clearColor, frames[i].blend}), expected[i]) << i;
+        EXPECT_EQ((std::pair{frames[i].clearColor, frames[i].blend}), expected[std::min<std::size_t>(i, 5)])
+            << i;
     }
     EXPECT_FALSE(state.Running);
 }
@@ -180,10 +180,9 @@ TEST_F(ViewerTest, AFailedFrameEndsTheLoopAndLeavesItsFlag) {
 TEST_F(ViewerTest, WithoutADeviceTheLoopReportsAndTriesAgain) {
     surface.record.creationFails = true;
     viewer.startRendering();
-    auto shown = boxes.take();
+    const std::vector<ShownBox> shown = boxes.take();
     ASSERT_EQ(shown.size(), 2U);
-    EXPECT_EQ(shown[0],
-              (ShownBox{"An error occurred while creating Direct3D.", "ERROR!", BoxIcon::Exclamation}));
+    EXPECT_EQ(shown[0], (ShownBox{"An error occurred while creating Direct3D.", "ERROR!"}));
     EXPECT_EQ(shown[1].title, "Render Error");
     EXPECT_NE(shown[1].text.find(" . Unknown error.\r\nThere is no rendering device. no graphics"),
               std::string::npos);
@@ -191,8 +190,7 @@ TEST_F(ViewerTest, WithoutADeviceTheLoopReportsAndTriesAgain) {
     surface.record.creationFails = false;
     pump.steps = {[this] { viewer.stopRendering(); }};
     viewer.startRendering();
-    EXPECT_TRUE(state.d3dCreated);
-    EXPECT_EQ(surface.record.frames.size(), 1U);
+    EXPECT_EQ(row(state.d3dCreated, surface.record.frames.size()), "true, 1");
 }
 
 TEST_F(ViewerTest, StoppingAndStartingInsideTheLoopGoesOnInIt) {
