@@ -15,31 +15,32 @@ TEST(ArchiveFileInUse, IsTheOneThatWasReadAndNoOther) {
     const std::string otherLevel = bytes.substr(0, bytes.size() - 1) + "9";
     builder.textures[0].name = "b.bmp";
     const std::string otherName = builder.build();
-    std::string chosen;
-    const auto write = [&](const std::string& content, bool keepTime) {
-        const fs::file_time_type before = fs::last_write_time(path);
-        (void)folder.write("a.cdds", content);
-        fs::last_write_time(path, before + std::chrono::seconds{keepTime ? 0 : 1});
+    const auto writes = [&](const std::string& content, int secondsLater = 0) {
+        return [&folder, &path, content, secondsLater] {
+            const fs::file_time_type before = fs::last_write_time(path);
+            (void)folder.write("a.cdds", content);
+            fs::last_write_time(path, before + std::chrono::seconds{secondsLater});
+        };
     };
-    const auto replace = [&](const std::string& name) {
-        fs::last_write_time(folder.write(name, bytes), fs::last_write_time(path));
-        fs::rename(folder.file(name), path);
+    const auto twinComes = [&] {
+        fs::last_write_time(folder.write("twin", bytes), fs::last_write_time(path));
+        fs::rename(folder.file("twin"), path);
     };
+    const char* const changed = "has been changed by another";
+    const char* const replaced = "another file has taken the place of ";
     // What happens to it behind the read, and the words of the refusal; null: it is still the one.
     const std::tuple<const char*, std::function<void()>, const char*> cases[] = {
         {"nothing", [] {}, nullptr},
         {"other permissions", [&] { fs::permissions(path, fs::perms::owner_read); }, nullptr},
-        {"moved away and back",
-         [&] { fs::rename(path, folder.file("b")), fs::rename(folder.file("b"), path); }, nullptr},
-        {"the same tables at the same time", [&] { write(otherLevel, true); }, nullptr},
-        {"other tables at the same time", [&] { write(otherName, true); }, "has been changed by another"},
-        {"no archive at the same time", [&] { write(std::string(bytes.size(), 'x'), true); },
-         "has been changed by another"},
-        {"longer at the same time", [&] { write(bytes + "x", true); }, "has been changed by another"},
-        {"written at another time", [&] { write(bytes, false); }, "has been changed by another"},
-        {"a twin in its place", [&] { replace("twin"); }, "another file has taken the place of "},
-        {"a folder in its place", [&] { fs::remove(path), fs::create_directory(path); },
-         "another file has taken the place of "},
+        {"moved and back", [&] { fs::rename(path, folder.file("b")), fs::rename(folder.file("b"), path); },
+         nullptr},
+        {"the same tables at the same time", writes(otherLevel), nullptr},
+        {"other tables at the same time", writes(otherName), changed},
+        {"no archive at the same time", writes(std::string(bytes.size(), 'x')), changed},
+        {"longer at the same time", writes(bytes + "x"), changed},
+        {"written at another time", writes(bytes, 1), changed},
+        {"a twin in its place", twinComes, replaced},
+        {"a folder in its place", [&] { fs::remove(path), fs::create_directory(path); }, replaced},
         {"removed", [&] { fs::remove(path); }, "has been removed or renamed"},
     };
     for (const auto& [name, happens, words] : cases) {

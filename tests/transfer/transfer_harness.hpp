@@ -22,21 +22,18 @@ inline TexturePlan chainOf(const std::string& name, const std::string& type, std
     for (bool last = false; !last; width = std::max(1, width / 2), height = std::max(1, height / 2)) {
         std::string blocks;
         for (std::int32_t y = 0; y < height; y += 4) {
-            std::int64_t colors =
-                bottom > top ? 0x55555555
-                             : 0; // the larger colour stands first: then there are four, and none transparent
-            std::int64_t alphas = 0;
+            std::int64_t colors = 0, alphas = 0;
             for (std::int32_t line = 0; line < 4; ++line) {
-                if (2 * (y + line) < height) continue;
-                colors ^= std::int64_t{0x55} << (8 * line);
-                alphas |= std::int64_t{01111} << (12 * line);
+                const bool lower = 2 * (y + line) >= height;
+                // The larger colour stands first: then there are four, and none transparent.
+                colors |= std::int64_t{lower == (top >= bottom) ? 0x55 : 0} << (8 * line);
+                alphas |= std::int64_t{lower ? 01111 : 0} << (12 * line);
             }
-            const std::string alpha =
-                type == "DXT5" ? little(77, 1) + little(255, 1) + little(alphas, 6) : "";
+            const std::string alpha = little(77, 1) + little(255, 1) + little(alphas, 6);
             const std::string color =
                 little(std::max(top, bottom), 2) + little(std::min(top, bottom), 2) + little(colors, 4);
             for (std::int32_t x = 0; x < width; x += 4) {
-                blocks += alpha + color;
+                blocks += (type == "DXT5" ? alpha : "") + color;
             }
         }
         plan.levels.push_back({width, height, blocks});
