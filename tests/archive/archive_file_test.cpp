@@ -63,15 +63,5 @@ TEST(ArchiveFileInUse, IsTheOneThatWasReadAndNoOther) {
                   ". Please choose the archive and read it again");
 }
 
-// A file as old as the system's own shell has settled; what it holds is no archive, let alone this one.
-TEST(ArchiveFileInUse, IsNotReadAgainAsLongAsItsTimesStay) {
-    const std::string old = "/bin/sh";
-    const CddsArchive other{CddsType::Type0C, {{"a.bmp", "DXT1", 0, {}}}, 0};
-    const InputFile opened{old};
-    const ArchiveFile file{opened};
-    EXPECT_EQ(file.open(old, other).size(), opened.size());
-    EXPECT_THROW(file.requireTables(opened, other), ArchiveRefused);
-}
-
 } // namespace
 } // namespace pelrath::test

@@ -42,17 +42,24 @@ std::vector<TextureRecord> recordsOf(const ArchiveBuilder& builder) {
 }
 
 TEST(Reader, GivesTheTrueCatalogueWhereverThingsLie) {
-    // Whether data comes first, where a texture's table lies, and where the data of a texture's level.
-    const std::tuple<const char*, bool, std::map<std::size_t, std::int32_t>,
-                     std::map<std::pair<std::size_t, std::size_t>, std::int32_t>>
-        cases[] = {
-            {"tables first", false, {}, {}},
-            {"data first", true, {}, {}},
-            {"fixed places", false, {}, {{{0, 0}, 9000}, {{0, 1}, 5000}, {{2, 0}, 7000}, {{3, 0}, 8000}}},
-            {"scattered backwards", false, {{0, 300000}, {2, 150000}, {3, 70001}}, {{{2, 0}, 290000}}},
-            {"shared and overlapping", false, {}, {{{0, 0}, 4000}, {{0, 1}, 4000}, {{2, 0}, 4008}}},
-        };
-    for (const auto& [name, dataFirst, tables, levels] : cases) {
+    using Arrange = std::function<void(ArchiveBuilder&)>;
+    const auto at = [](ArchiveBuilder& builder, std::size_t texture, std::size_t level, std::int32_t place) {
+        builder.textures.at(texture).levels.at(level).at = place;
+    };
+    const std::pair<const char*, Arrange> cases[] = {
+        {"tables first", [](ArchiveBuilder&) {}},
+        {"data first", [](ArchiveBuilder& builder) { builder.dataBeforeTables = true; }},
+        {"data with gaps, shared and overlapping",
+         [&](ArchiveBuilder& b) {
+             at(b, 0, 0, 9000), at(b, 0, 1, 9000), at(b, 2, 0, 9004), at(b, 3, 0, 8000);
+         }},
+        {"all scattered backwards", [&](ArchiveBuilder& builder) {
+             for (std::size_t i = 0; i < 4; ++i) {
+                 builder.textures[i].tableAt = 300000 - 70001 * static_cast<std::int32_t>(i);
+             }
+             at(builder, 2, 0, 250000);
+         }}};
+    for (const auto& [name, arrange] : cases) {
         for (const CddsType type : bothLayouts) {
             ArchiveBuilder builder{
                 type,
@@ -60,25 +67,11 @@ TEST(Reader, GivesTheTrueCatalogueWhereverThingsLie) {
                  {"none", "DXT5", {}},
                  {"  glass.tga", "dxt5", {{4, 4, std::string(16, 'c')}}},
                  {"empty level", "DXT1", {{1, 1, ""}}}}};
-            builder.dataBeforeTables = dataFirst;
-            for (const auto& [i, at] : tables) {
-                builder.textures.at(i).tableAt = at;
-            }
-            for (const auto& [place, at] : levels) {
-                builder.textures.at(place.first).levels.at(place.second).at = at;
-            }
+            arrange(builder);
             const CddsArchive archive = readBytes(builder.build());
             EXPECT_TRUE((archive == CddsArchive{type, recordsOf(builder), 4})) << name;
         }
     }
-}
-
-// Negative offsets all the way: a table inside an earlier entry's name, data before the table.
-TEST(Reader, FollowsOffsetsBackwards) {
-    ArchiveBuilder builder{CddsType::Type0C,
-                           {{"", "DXT1", {}}, {"back", "DXT5", {{4, 4, std::string("\x0C\0\0\0", 4), 0}}}}};
-    builder.textures[1].tableAt = builder.entryAt(0) + 4;
-    EXPECT_EQ(readBytes(builder.build()).textures.at(1).mipmaps.at(0), (MipmapRecord{"DXT5", 0, 4, 4, 4}));
 }
 
 TEST(Reader, SkipsZeroBytesAndKeepsEveryOther) {
