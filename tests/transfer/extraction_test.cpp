@@ -20,6 +20,8 @@ TEST_F(Extraction, WritesTheChosenFilesAndSaysSo) {
     const auto inAThirdState = [](TransferControls& controls) {
         controls.chkOverwriteExistingFiles.setValue(CheckValue::Grey);
     };
+    const char* const allButOne =
+        "out/w-8x8.dds written|out/w-4x4.dds not overwritten.|out/w-2x2.dds written|";
     // Type, file in the folder before, steps, what is said of the files and their number, files afterwards.
     const std::tuple<const char*, std::string, Steps, std::string, int, const char*> cases[] = {
         {"DXT1", "", {}, "out/w-8x8.dds written|", 1, "w-8x8.dds"},
@@ -29,22 +31,12 @@ TEST_F(Extraction, WritesTheChosenFilesAndSaysSo) {
         {"DXT1", "w-8x8.dds", {overwriting}, "out/w-8x8.dds overwritten.|", 1, "w-8x8.dds"},
         {"DXT1", "w-8x8.dds", {inAThirdState}, "out/w-8x8.dds|", 1, "w-8x8.dds"},
         {"DXT1", "", {embedded, overwriting}, "out/w-8x8.dds written|", 1, "w-8x8.dds"},
-        {"DXT5",
-         "w-4x4.dds",
-         {external, unmark(3)},
-         "out/w-8x8.dds written|out/w-4x4.dds not overwritten.|out/w-2x2.dds written|",
-         2,
-         "w-2x2.dds w-4x4.dds w-8x8.dds"},
+        {"DXT5", "w-4x4.dds", {external, unmark(3)}, allButOne, 2, "w-2x2.dds w-4x4.dds w-8x8.dds"},
         {"DXT5", "", {images, mark(3)}, "out/w-1x1.tga written|", 1, "w-1x1.tga"},
         {"DXT5", "w-8x8.tga", {images}, "out/w-8x8.tga not overwritten.|", 0, "w-8x8.tga"},
         {"DXT1", "w-8x8.bmp", {images, overwriting}, "out/w-8x8.bmp overwritten.|", 1, "w-8x8.bmp"},
         {"DXT1", "", {images, noLevel}, "No mipmap selected.|", 0, ""},
-        {"DXT1",
-         "",
-         {external, run, images},
-         "out/w-8x8.bmp written|",
-         1,
-         "w-1x1.dds w-2x2.dds w-4x4.dds w-8x8.bmp w-8x8.dds"},
+        {"DXT1", "", {mark(3), run, images}, "out/w-8x8.bmp written|", 1, "w-1x1.dds w-8x8.bmp"},
     };
     const std::string old(10000, 'x');
     for (const auto& [type, before, steps, lines, count, after] : cases) {
@@ -59,28 +51,29 @@ TEST_F(Extraction, WritesTheChosenFilesAndSaysSo) {
 
 TEST_F(Extraction, HandsTheFileToTheEditor) {
     begin("a b.bmp", "DXT1");
-    const auto withoutTheLargest = [this](TransferControls&) { fs::remove(folder.file("out/a b-8x8.dds")); };
-    // In this order: whether there is a program, the steps, what it opens, the summary.
-    const std::tuple<bool, Steps, const char*, std::string> cases[] = {
-        {false, {}, "", "out/a b-8x8.dds written|" + extracted(1) + "|No executable found for dds"},
-        {false, {images}, "", "out/a b-8x8.bmp written|" + extracted(1) + "|No executable found for bmp"},
-        {true, {noLevel}, "", extracted(0) + "|No executable found for "},
+    const auto noLargest = [this](TransferControls&) { fs::remove(folder.file("out/a b-8x8.dds")); };
+    const std::string two = "out/a b-4x4.dds written|out/a b-2x2.dds written|";
+    // In this order: whether there is a program, the steps, what it opens, the summary's lines and count, and
+    // what is said behind them.
+    const std::tuple<bool, Steps, const char*, std::string, int, const char*> cases[] = {
+        {false, {}, "", "out/a b-8x8.dds written|", 1, "|No executable found for dds"},
+        {false, {images}, "", "out/a b-8x8.bmp written|", 1, "|No executable found for bmp"},
+        {true, {noLevel}, "", "", 0, "|No executable found for "},
+        {true, {external, unmark(0), unmark(3)}, "out/a b-8x8.dds", two, 2, ""},
+        {true, {mark(2)}, "out/a b-2x2.dds", "out/a b-2x2.dds not overwritten.|", 0, ""},
+        {true, {images, mark(1)}, "out/a b-4x4.bmp", "out/a b-4x4.bmp written|", 1, ""},
+        {true, {images, mark(1)}, "", "out/a b-4x4.bmp not overwritten.|", 0, ""},
         {true,
-         {external, unmark(0), unmark(3)},
-         "out/a b-8x8.dds",
-         "out/a b-4x4.dds written|out/a b-2x2.dds written|" + extracted(2)},
-        {true, {mark(2)}, "out/a b-2x2.dds", "out/a b-2x2.dds not overwritten.|" + extracted(0)},
-        {true, {images, mark(1)}, "out/a b-4x4.bmp", "out/a b-4x4.bmp written|" + extracted(1)},
-        {true, {images, mark(1)}, "", "out/a b-4x4.bmp not overwritten.|" + extracted(0)},
-        {true,
-         {external, noLevel, mark(1), withoutTheLargest},
+         {external, noLevel, mark(1), noLargest},
          "out/a b-4x4.dds",
-         "out/a b-4x4.dds not overwritten.|" + extracted(0)},
+         "out/a b-4x4.dds not overwritten.|",
+         0,
+         ""},
     };
-    for (const auto& [program, steps, opened, summary] : cases) {
+    for (const auto& [program, steps, opened, lines, count, behind] : cases) {
         associations = {};
         if (program) associations.executable = "/bin/true";
-        EXPECT_EQ(extract({launching, all(steps)}), summary);
+        EXPECT_EQ(extract({launching, all(steps)}), lines + extracted(count) + behind);
         EXPECT_EQ(associations.opened.empty() ? "" : associations.opened.at(0),
                   *opened == '\0' ? "" : folder.file(opened));
         EXPECT_FALSE(fileExists(associations.probe)) << associations.probe;
@@ -108,19 +101,15 @@ TEST_F(Extraction, AFailureIsToldAndLeavesNothingHalfWritten) {
     const auto folderInPlaceOf = [this](const char* name) {
         return [=, this] { fs::create_directory(folder.file(name)); };
     };
+    const auto readOnlyFile = [this] {
+        fs::permissions(folder.write("out/w-8x8.dds", "old"), fs::perms::owner_read);
+    };
     const auto noArchive = [this] { fs::remove(session.archivePath); };
+    const std::string one = "out/w-8x8.dds written|" + extracted(1);
     // What is done before, the steps, the words of the message, the summary and the files.
     const std::tuple<std::function<void()>, Steps, const char*, std::string, const char*> cases[] = {
-        {[this] { fs::permissions(folder.write("out/w-8x8.dds", "old"), fs::perms::owner_read); },
-         {overwriting},
-         "Error : 70 ",
-         none,
-         "w-8x8.dds"},
-        {folderInPlaceOf("out/w-4x4.dds"),
-         {external},
-         "ImageSave Error : 75 ",
-         "out/w-8x8.dds written|" + extracted(1),
-         "w-4x4.dds w-8x8.dds"},
+        {readOnlyFile, {overwriting}, "Error : 70 ", none, "w-8x8.dds"},
+        {folderInPlaceOf("out/w-4x4.dds"), {external}, "ImageSave Error : 75 ", one, "w-4x4.dds w-8x8.dds"},
         {folderInPlaceOf("out/w-8x8.bmp"), {images}, "Error", none, "w-8x8.bmp"},
         {[this] { session.exportImportFolder += "/gone"; }, {}, "Error : 76 ", none, ""},
         {noArchive, {embedded}, "Error : 53 ", none, ""},
