@@ -278,7 +278,7 @@ TEST_F(TroubledInsertion, CountsTheLevelsThatTheArchiveReallyGot) {
 }
 
 std::uint32_t leftCode; // by the next library call that fails
-std::string vanishing;  // with the library's next save, the archive or nothing
+std::string vanishing;  // the archive, with the library's next save
 
 TEST(Insertion, EndsInOrderWhereTheLibraryFailsOrTheArchiveVanishes) {
     LibraryFunctions library = imageLibrary();
