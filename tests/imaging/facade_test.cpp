@@ -40,6 +40,22 @@ TEST_F(Facade, WantsVersion160OfEveryPart) {
     }
 }
 
+TEST_F(Facade, StartsEveryPartInOrder) {
+    static std::string calls;
+    LibraryFunctions library = imageLibrary();
+    library.ilInit = [] { calls += "ilInit ", imageLibrary().ilInit(); };
+    library.iluInit = [] { calls += "iluInit ", imageLibrary().iluInit(); };
+    library.ilutRenderer = [](std::uint32_t renderer) {
+        return calls += "renderer " + row(renderer) + " ", imageLibrary().ilutRenderer(renderer);
+    };
+    library.ilutEnable = [](std::uint32_t mode) {
+        return calls += "mode " + row(mode) + " ", imageLibrary().ilutEnable(mode);
+    };
+    library.ilGetError = [] { return calls += "error ", imageLibrary().ilGetError(); };
+    EXPECT_TRUE((ImageLibraryFacade{boxes, options, library}.initImageLibrary()));
+    EXPECT_EQ(calls, "ilInit iluInit renderer 0 mode 1588 error mode 1589 error ");
+}
+
 TEST_F(Facade, LeavesTheReportOfAFailedStartToItsCaller) {
     ImageLibraryFacade failing{boxes, options, libraryWithCode()};
     pendingCode = 1289;
@@ -107,7 +123,9 @@ TEST_F(Facade, ScalesToTheSidesAskedFor) {
 
 TEST_F(Facade, ScalesOnWhenTheLibraryGivesNoReason) {
     LibraryFunctions library = libraryWithCode();
-    library.iluImageParameter = [](std::uint32_t, std::uint32_t value) { filtersSet.push_back(value); };
+    library.iluImageParameter = [](std::uint32_t parameter, std::uint32_t value) {
+        if (parameter == 0x2600) filtersSet.push_back(value);
+    };
     library.iluScale = [](std::uint32_t, std::uint32_t, std::uint32_t) { return std::uint8_t{0}; };
     pendingCode = 0;
     filtersSet.clear();

@@ -87,14 +87,23 @@ TEST_F(Loading, NeedsAFileWithAKnownExtension) {
     EXPECT_EQ(pixelsOf(folder.file("white.JpG")), std::string(64 * 4, '\xFF'));
 }
 
-TEST_F(Loading, DoesNotBelieveALoadThatLeavesACode) {
+TEST_F(Loading, DoesNotBelieveACallThatLeavesACode) {
     LibraryFunctions library = libraryWithCode();
+    std::uint32_t image = 0;
+    const auto expectCode = [&](const std::string& code) {
+        EXPECT_FALSE((ImageLibraryFacade{boxes, options, library}.loadImage(good, image)));
+        expectBox("ilLoadImage Error Number: " + code);
+    };
     library.ilLoad = [](std::uint32_t type, const char* name) {
         return pendingCode = 1298, imageLibrary().ilLoad(type, name);
     };
-    std::uint32_t image = 0;
-    EXPECT_FALSE((ImageLibraryFacade{boxes, options, library}.loadImage(good, image)));
-    expectBox("ilLoadImage Error Number: 1298 -> IL_FILE_READ_ERROR ");
+    expectCode("1298 -> IL_FILE_READ_ERROR ");
+    library.ilBindImage = [](std::uint32_t given) { pendingCode = 1281, imageLibrary().ilBindImage(given); };
+    expectCode("1281 -> IL_INVALID_ENUM ");
+    library.ilGenImages = [](std::size_t count, std::uint32_t* made) {
+        pendingCode = 1285, imageLibrary().ilGenImages(count, made);
+    };
+    expectCode("1285 -> IL_INVALID_VALUE ");
     const ReadingFromMemory other{{}}; // there is one file in memory
     EXPECT_EQ(failureOf([&] { facade.loadImage(good, image); }).number(), 5);
 }
