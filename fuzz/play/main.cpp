@@ -46,11 +46,11 @@ public:
             std::this_thread::sleep_for(std::chrono::milliseconds{20 + dice.below(80)});
             if (turn < length) {
                 dice.onceIn(25) ? world_.disturb(dice, board_) : useDisplay(dice);
-            } else if (turn % 50 == 49) { // not at once: an act may be its end as well
+            } else if (turn < length + 20) {
+                onDisplay("window", "key alt+F4");
+            } else if (turn == length + 20) { // one is enough
                 board_.act("close", "by a signal");
                 kill(program_, dice.onceIn(2) ? SIGTERM : SIGHUP);
-            } else {
-                onDisplay("window", "key alt+F4");
             }
         }
         return verdict();

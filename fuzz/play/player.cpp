@@ -41,7 +41,7 @@ public:
     }
 
     int run() {
-        const EndSignals ends;
+        static const auto& ends = *new EndSignals; // also for the time behind the program's end
         QSocketNotifier asked{ends.handle(), QSocketNotifier::Read};
         connect(&asked, &QSocketNotifier::activated, &program_.window, [&] {
             ends.taken();
