@@ -96,9 +96,16 @@ private:
 
     [[nodiscard]] std::string state() const {
         const Main& main = program_.main;
-        return row(program_.session.selectedTexture, program_.session.viewer.Running, main.Output[0].count(),
-                   main.chkGraphicDisplay.checked(), main.Text8.text(), main.incrementalSearchText.text(),
-                   static_cast<int>(program_.session.mode));
+        const auto& dialog = main.transfer;
+        return row(program_.session.selectedTexture, main.Output[0].count(), main.chkGraphicDisplay.checked(),
+                   main.Text8.text(), main.incrementalSearchText.text(),
+                   static_cast<int>(program_.session.mode), main.backViewportColor.selectedIndex(),
+                   main.viewPortSize.selectedIndex(), dialog.optMipmaps.selectedIndex(),
+                   dialog.chkSaveCdds.checked());
+    }
+    [[nodiscard]] bool operationRuns() const {
+        const auto* sign = program_.transfer.findChild<QWidget*>("busySign");
+        return !program_.main.cmdReadCDDS.enabled() || sign != nullptr;
     }
     void lookAtChoice() {
         const Session& session = program_.session;
@@ -117,6 +124,10 @@ private:
         for (const QWidget* window : QApplication::topLevelWidgets()) {
             if (window->isVisible() && window->inherits("QDialog"))
                 dialogs << window->metaObject()->className() + window->objectName();
+            const auto* box = qobject_cast<const QMessageBox*>(window);
+            const bool unhandled =
+                box != nullptr && box->windowTitle() == programTitle && !box->text().contains("rror");
+            expect(!unhandled, "no reaction fails: " + (unhandled ? box->text().toStdString() : ""));
         }
         expect(dialogs.removeDuplicates() == 0, "one dialog of a kind");
         if (!gate_.isIdle()) return;
@@ -174,8 +185,11 @@ private:
         Dice dice{seed_, 2, turn_};
         soon(); // before the act, which may not return before later ones have run
         look();
-        if (!gate_.isQuiet()) board_.count("act in an operation");
+        const bool operation = operationRuns();
+        const std::string before = state();
+        if (operation) board_.count("act in an operation");
         act(dice);
+        expect(!operation || state() == before, "nothing reacts in an operation");
         for (int i = 0; i < 5 && program_.main.window.isUnloaded(); ++i) {
             act(dice);
         }
