@@ -150,7 +150,7 @@ private:
                "what is chosen is marked: " + row(textures, rows, chosen, pane.selectedRow()));
         const bool resting = main.chkGraphicDisplay.checked() && !program_.session.viewer.Running;
         resting_ = resting ? resting_ + 1 : 0;
-        expect(resting_ < 100, "the picture is drawn while the display is on");
+        expect(resting_ < 50, "the picture is drawn while the display is on");
     }
     void lookAtFace() {
         const auto& window = program_.window;

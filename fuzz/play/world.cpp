@@ -12,19 +12,27 @@ namespace fs = std::filesystem;
 using namespace test;
 
 std::vector<TexturePlan> textures() {
-    return {chainOf("wall.bmp", "DXT1", 64, 64),
-            chainOf("\xE9toile.tga", "DXT5", 64, 32),
-            chainOf("twin.bmp", "DXT1", 16, 16),
-            chainOf("Twin.bmp", "DXT5", 8, 4),
-            {"single", "DXT1", {{32, 32, plainBlocks(32, 32, blue)}}},
-            {"levelless.bmp", "DXT1", {}},
-            {"other.bmp", "ARGB", {{4, 4, std::string(64, 'a')}}},
-            {"../up.bmp", "DXT1", {{4, 4, plainBlocks(4, 4, blue)}}},
-            {"", "DXT5", {{4, 4, std::string(16, 'n')}}},
-            {" blanks .tga ", "DXT5", {{4, 4, std::string(16, 'b')}}},
-            {"liar.bmp", "DXT1", {{30000, -7, "8 bytes."}}},
-            {"hollow.bmp", "DXT1", {{64, 64, ""}}},
-            {std::string(32, 'x'), "DXT1", {{4, 4, plainBlocks(4, 4, yellow)}}}};
+    std::vector<TexturePlan> all{chainOf("wall.bmp", "DXT1", 64, 64),
+                                 chainOf("\xE9toile.tga", "DXT5", 64, 32),
+                                 chainOf("twin.bmp", "DXT1", 16, 16),
+                                 chainOf("Twin.bmp", "DXT5", 8, 4),
+                                 {"single", "DXT1", {{32, 32, plainBlocks(32, 32, blue)}}},
+                                 {"levelless.bmp", "DXT1", {}},
+                                 {"other.bmp", "ARGB", {{4, 4, std::string(64, 'a')}}},
+                                 {"../up.bmp", "DXT1", {{4, 4, plainBlocks(4, 4, blue)}}},
+                                 {"", "DXT5", {{4, 4, std::string(16, 'n')}}},
+                                 {" blanks .tga ", "DXT5", {{4, 4, std::string(16, 'b')}}},
+                                 {"liar.bmp", "DXT1", {{30000, -7, "8 bytes."}}},
+                                 {"hollow.bmp", "DXT1", {{64, 64, ""}}},
+                                 {std::string(32, 'x'), "DXT1", {{4, 4, plainBlocks(4, 4, yellow)}}}};
+    std::int32_t at = 20'000; // behind the tables, with gaps that nothing may be written into
+    for (TexturePlan& texture : all) {
+        for (LevelPlan& level : texture.levels) {
+            level.at = at;
+            at += static_cast<std::int32_t>(level.data.size()) + 3;
+        }
+    }
+    return all;
 }
 
 std::string contentOf(const std::string& path) {
