@@ -326,7 +326,6 @@ int play(const World& world, unsigned seed, Board& board) {
     desktop::Application::prepareGraphics();
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication qt{count, arguments.data()};
-    desktop::fitFontToLayout();
     Player player{world, seed, board};
     return player.run();
 }

@@ -43,18 +43,13 @@ std::string contentOf(const std::string& path) {
 // The file's bytes but for what its levels hold.
 std::string outsideLevels(const std::string& path) {
     std::string bytes = contentOf(path);
-    const auto blank = [&bytes](const auto& tables) {
-        for (const TextureRecord& texture : makeCatalogue(tables).textures) {
+    try {
+        for (const TextureRecord& texture : makeCatalogue(readArchive(InputFile{path})).textures) {
             for (const MipmapRecord& level : texture.mipmaps) {
                 const auto size = static_cast<std::size_t>(level.dataSize);
                 bytes.replace(static_cast<std::size_t>(level.dataOffset), size, size, '*');
             }
         }
-    };
-    try {
-        const ArchiveContents contents = readArchive(path);
-        if (const auto* tables = std::get_if<Tables0C>(&contents)) blank(*tables);
-        if (const auto* tables = std::get_if<TablesCdds>(&contents)) blank(*tables);
     } catch (const DamagedArchive&) { // it has no levels
     }
     return bytes;
