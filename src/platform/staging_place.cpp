@@ -6,6 +6,9 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace pelrath {
 
 namespace {
@@ -23,6 +26,12 @@ std::string makePrivateFolder() {
     return none || ::mkdtemp(folder.data()) == nullptr ? std::string{} : folder;
 }
 
+// What is cleared away during a long run can come back as somebody else's.
+bool isOwnFolder(const std::string& path) {
+    struct stat found {};
+    return ::lstat(path.c_str(), &found) == 0 && S_ISDIR(found.st_mode) && found.st_uid == ::geteuid();
+}
+
 } // namespace
 
 StagingPlace::~StagingPlace() {
@@ -32,7 +41,7 @@ StagingPlace::~StagingPlace() {
 
 std::string StagingPlace::pathFor(const std::string& usual) {
     if (canBePut(usual)) return usual;
-    if (folder_.empty()) folder_ = makePrivateFolder();
+    if (!isOwnFolder(folder_)) folder_ = makePrivateFolder();
     return folder_.empty() ? usual : joinPath(folder_, fileName(usual));
 }
 

@@ -5,7 +5,8 @@
 namespace pelrath {
 
 /// Where a working file of the program's goes when its usual place does not take it: a folder that only the
-/// user can read, below the system's folder for temporary files. What is put there is gone when this goes.
+/// user can read, below the system's folder for temporary files. It is made again where it was cleared away,
+/// and what is put there is gone when this goes.
 class StagingPlace {
 public:
     StagingPlace() = default;
