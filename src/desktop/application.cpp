@@ -1,6 +1,7 @@
 #include "desktop/application.hpp"
 
 #include "desktop/artwork.hpp"
+#include "desktop/whole_frames.hpp"
 #include "platform/program_folder.hpp"
 
 #include <QApplication>
@@ -16,6 +17,7 @@ Application::Application()
       transfer(main.transfer, binder),
       bazarTempFolder(main.frmGetBazarTempFolder, "frmGetBazarTempFolder", binder),
       cddsBackupFolder(main.frmGetCDDSBackupFolder, "frmGetCDDSBackupFolder", binder) {
+    QApplication::setStyle(new WholeFrames); // the application owns it
     QApplication::setWindowIcon(programIcon()); // of message boxes before the first window, too
     session.programFolder = programFolder();
     windows.add(main.disclaimer.window, disclaimer);

@@ -1,5 +1,7 @@
 #include "desktop/bordered_box.hpp"
 
+#include "desktop/whole_frames.hpp"
+
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -18,7 +20,7 @@ void BorderedBox::paintEvent(QPaintEvent* /*event*/) {
     if (layout()->contentsMargins().isNull()) return;
     QPainter painter{this};
     painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    drawFrame(painter, rect());
 }
 
 } // namespace pelrath::desktop

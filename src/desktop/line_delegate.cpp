@@ -1,5 +1,7 @@
 #include "desktop/line_delegate.hpp"
 
+#include "desktop/whole_frames.hpp"
+
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QPainter>
@@ -121,7 +123,7 @@ void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     LinePen{*painter, option.rect.adjusted(textInset, 0, 0, 0)}.draw(index.data().toString());
     if (active && !selected) {
         painter->setPen(option.palette.color(group, QPalette::Highlight));
-        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+        drawFrame(*painter, option.rect);
     }
 }
 

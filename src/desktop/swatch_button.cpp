@@ -1,5 +1,7 @@
 #include "desktop/swatch_button.hpp"
 
+#include "desktop/whole_frames.hpp"
+
 #include <QPainter>
 
 namespace pelrath::desktop {
@@ -16,10 +18,10 @@ void SwatchButton::paintEvent(QPaintEvent* /*event*/) {
     if (!isEnabled()) fill.setAlphaF(0.25F);
     painter.fillRect(rect().adjusted(3, 3, -3, -3), fill);
     painter.setPen(colors.color(QPalette::Mid));
-    painter.drawRect(rect().adjusted(2, 2, -3, -3));
+    drawFrame(painter, rect().adjusted(2, 2, -2, -2));
     if (isChecked()) {
         painter.setPen(QPen{colors.color(isEnabled() ? QPalette::WindowText : QPalette::Mid), 1});
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        drawFrame(painter, rect());
     }
     if (hasFocus()) {
         painter.setPen(QPen{colors.color(QPalette::Highlight), 2});

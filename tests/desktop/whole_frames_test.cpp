@@ -1,0 +1,60 @@
+#include "desktop/bordered_box.hpp"
+#include "desktop/whole_frames.hpp"
+
+#include <QApplication>
+#include <QPlainTextEdit>
+
+#include <gtest/gtest.h>
+
+namespace pelrath::test {
+namespace {
+
+// The sides that cannot be told from what lies inside or outside, at a quarter of the height and the width.
+std::string missingSides(QWidget& window, const QRect& place, double scale) {
+    QImage image{window.size() * scale, QImage::Format_RGB32};
+    image.setDevicePixelRatio(scale);
+    window.render(&image);
+    const auto pixel = [scale](int edge) { return qRound(edge * scale); };
+    const QRect outer{QPoint{pixel(place.left()), pixel(place.top())},
+                      QPoint{pixel(place.right() + 1) - 1, pixel(place.bottom() + 1) - 1}};
+    const int x = outer.left() + outer.width() / 4;
+    const int y = outer.bottom() - outer.height() / 4;
+    const QRgb outside = image.pixel(0, 0);
+    const QRgb inside = image.pixel(x, y);
+    std::string missing;
+    for (const auto& [name, side] : {std::pair{" left", QPoint{outer.left(), y}},
+                                     {" right", QPoint{outer.right(), y}},
+                                     {" top", QPoint{x, outer.top()}},
+                                     {" bottom", QPoint{x, outer.bottom()}}}) {
+        const QRgb found = image.pixel(side);
+        if (found == outside || found == inside) missing += name;
+    }
+    return missing;
+}
+
+TEST(WholeFrames, HaveAllSidesWhereverTheyStandAtEveryScale) {
+    QApplication::setStyle(new desktop::WholeFrames);
+    QWidget window;
+    window.resize(80, 80);
+    QFrame panel{&window};
+    panel.setFrameShape(QFrame::StyledPanel);
+    const QPlainTextEdit text{&window};
+    desktop::BorderedBox box{&window};
+    box.setBorder(1);
+    for (QObject* object : window.children()) {
+        auto* view = dynamic_cast<QWidget*>(object);
+        for (QObject* other : window.children()) {
+            dynamic_cast<QWidget*>(other)->setVisible(other == view);
+        }
+        for (const double scale : {1.25, 1.5, 1.75, 2.25, 2.5}) {
+            for (int place = 1; place <= 16; ++place) {
+                view->setGeometry(place, place, 40 + place / 4, 40 + place / 4);
+                EXPECT_EQ(missingSides(window, view->geometry(), scale), "")
+                    << view->metaObject()->className() << " at " << place << ", scale " << scale;
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace pelrath::test
