@@ -312,7 +312,11 @@ void MainWindow::appear() {
     const QPoint wanted = binder_.screen().pixels(model_.window.box()).topLeft();
     const QList<QRect> areas = freeAreas();
     fitInto(nearestArea(wanted, areas).size() - managersFrame);
-    move(reachable(wanted, width(), areas));
+    const QPoint place = startingPlace({wanted, size() + managersFrame}, areas);
+    // A place that the user chose is kept even where it cannot be taken now.
+    if (wanted.isNull())
+        model_.window.moveTo(binder_.screen().twips(place.x()), binder_.screen().twips(place.y()));
+    move(place);
     show();
 }
 

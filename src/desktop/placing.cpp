@@ -7,6 +7,17 @@
 
 namespace pelrath::desktop {
 
+namespace {
+
+QPoint reachable(const QPoint& wanted, int width, const QList<QRect>& areas) {
+    constexpr int hold = 120; // pixels
+    const QRect area = nearestArea({wanted.x() + width / 2, wanted.y()}, areas);
+    return {std::clamp(wanted.x(), area.left() + hold - width, area.right() - hold),
+            std::clamp(wanted.y(), area.top(), area.bottom() - hold)};
+}
+
+} // namespace
+
 QList<QRect> freeAreas() {
     QList<QRect> areas;
     for (const QScreen* screen : QGuiApplication::screens()) { // the primary one stands first
@@ -26,13 +37,6 @@ QRect nearestArea(const QPoint& point, const QList<QRect>& areas) {
     });
 }
 
-QPoint reachable(const QPoint& wanted, int width, const QList<QRect>& areas) {
-    constexpr int hold = 120; // pixels
-    const QRect area = nearestArea({wanted.x() + width / 2, wanted.y()}, areas);
-    return {std::clamp(wanted.x(), area.left() + hold - width, area.right() - hold),
-            std::clamp(wanted.y(), area.top(), area.bottom() - hold)};
-}
-
 QPoint onScreen(const QRect& place, const QList<QRect>& areas) {
     const QRect area = nearestArea(place.center(), areas);
     const auto within = [](int wanted, int first, int room) {
@@ -40,6 +44,11 @@ QPoint onScreen(const QRect& place, const QList<QRect>& areas) {
     };
     return {within(place.left(), area.left(), area.width() - place.width()),
             within(place.top(), area.top(), area.height() - place.height())};
+}
+
+QPoint startingPlace(const QRect& wanted, const QList<QRect>& areas) {
+    if (!wanted.topLeft().isNull()) return reachable(wanted.topLeft(), wanted.width(), areas);
+    return onScreen(wanted, {nearestArea(wanted.topLeft(), areas)});
 }
 
 } // namespace pelrath::desktop

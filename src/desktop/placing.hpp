@@ -12,12 +12,12 @@ namespace pelrath::desktop {
 /// The area, of one or more, that a point is in or nearest to.
 [[nodiscard]] QRect nearestArea(const QPoint& point, const QList<QRect>& areas);
 
-/// The place nearest to the wanted one at which enough of a window's title bar to take hold of lies in an
-/// area; `width` is the window's, in pixels.
-[[nodiscard]] QPoint reachable(const QPoint& wanted, int width, const QList<QRect>& areas);
-
 /// The top left of the nearest place at which a dialog lies wholly in one area; of one that is too large,
 /// the top and the left do.
 [[nodiscard]] QPoint onScreen(const QRect& place, const QList<QRect>& areas);
+
+/// Where a window of that size, frame included, begins: at a place that the user chose as far as enough of
+/// its title bar to take hold of lies in an area; at 0, 0, which nobody chose, wholly in one.
+[[nodiscard]] QPoint startingPlace(const QRect& wanted, const QList<QRect>& areas);
 
 } // namespace pelrath::desktop
