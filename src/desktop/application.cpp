@@ -17,7 +17,7 @@ Application::Application()
       transfer(main.transfer, binder),
       bazarTempFolder(main.frmGetBazarTempFolder, "frmGetBazarTempFolder", binder),
       cddsBackupFolder(main.frmGetCDDSBackupFolder, "frmGetCDDSBackupFolder", binder) {
-    QApplication::setStyle(new WholeFrames); // the application owns it
+    QApplication::setStyle(new WholeFrames);    // the application owns it
     QApplication::setWindowIcon(programIcon()); // of message boxes before the first window, too
     session.programFolder = programFolder();
     windows.add(main.disclaimer.window, disclaimer);
