@@ -39,15 +39,15 @@ bool breaks(std::string_view text) { return text.find_first_of("\r\n") != std::s
 std::string wholeText(const std::string& path) {
     const InputFile file{path};
     if (file.size() > Profile::largest) {
-        throw makeError(ErrorNumber::Overflow, "Profile",
-                        path + " is longer than " + std::to_string(Profile::largest) + " bytes");
+        throw RuntimeError{static_cast<int>(ErrorNumber::Overflow), "Profile",
+                           path + " is longer than settings ever are (1 MiB)"};
     }
     std::string text(static_cast<std::size_t>(file.size()), '\0');
     file.readAt(0, std::as_writable_bytes(std::span{text}));
     return text;
 }
 
-// Only a file that is known to be missing has no text.
+// Only a file that is known to be missing has no text: these two numbers stand for nothing else.
 std::string textOf(const std::string& path) try {
     return wholeText(path);
 } catch (const RuntimeError& error) {

@@ -25,9 +25,10 @@ constexpr std::array rows{
     Row{ErrorNumber::DiskFull, "Disk full", {ENOSPC, EDQUOT}},
     Row{ErrorNumber::InputPastEnd, "Input past end of file", {}},
     Row{ErrorNumber::TooManyFiles, "Too many files", {EMFILE, ENFILE}},
+    Row{ErrorNumber::DeviceUnavailable, "Device unavailable", {ENODEV, ENXIO}},
     Row{ErrorNumber::PermissionDenied, "Permission denied", {EACCES, EPERM, EROFS, ETXTBSY}},
     Row{ErrorNumber::PathFileAccess, "Path/File access error", {EISDIR, EBUSY}},
-    Row{ErrorNumber::PathNotFound, "Path not found", {ENOTDIR, ENODEV, ENXIO}},
+    Row{ErrorNumber::PathNotFound, "Path not found", {ENOTDIR}},
 };
 
 // What the number's sentence alone would leave to be guessed.

@@ -35,6 +35,7 @@ enum class ErrorNumber {
     DiskFull = 61,
     InputPastEnd = 62,
     TooManyFiles = 67,
+    DeviceUnavailable = 68,
     PermissionDenied = 70,
     PathFileAccess = 75,
     PathNotFound = 76,
