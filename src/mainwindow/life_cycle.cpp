@@ -32,10 +32,7 @@ void LifeCycle::loadSettings() {
     try {
         loadApplicationSettings(settingsBaseName_, settings);
     } catch (const SettingsUnreadable& unread) {
-        mayBeSaved_ = false;
-        tell("The settings in " + settingsFile() + " cannot be read: " + unread.what() +
-             ".\r\n\r\nThe program runs with its defaults and leaves the file as it is; settings changed "
-             "meanwhile are not kept. Please repair or remove the file, and start the program again.");
+        tellUnreadable(unread.what(), "The program runs with its defaults and leaves");
     } catch (const SettingsPassEnded& end) {
         tellUnusable(end.key(), end.what(), "It and the settings behind it have their defaults now.");
     }
@@ -51,6 +48,13 @@ void LifeCycle::loadSettings() {
 }
 
 void LifeCycle::tell(const std::string& text) { boxes_.exclamation(text, "Pelrath - Settings"); }
+
+void LifeCycle::tellUnreadable(const std::string& reason, const std::string& outcome) {
+    mayBeSaved_ = false;
+    tell("The settings cannot be read: " + reason + ".\r\n\r\n" + outcome +
+         " the file as it is; settings changed meanwhile are not kept. Please repair or remove the file, and "
+         "start the program again.");
+}
 
 // The next save puts the defaults in the place of what cannot be used.
 void LifeCycle::tellUnusable(const std::string& key, const std::string& reason, const std::string& outcome) {
@@ -85,6 +89,8 @@ void LifeCycle::saveSettings() {
     settings.viewPortColor = session_.viewer.viewPortColor;
     try {
         saveApplicationSettings(settingsBaseName_, settings);
+    } catch (const SettingsUnreadable& unread) {
+        tellUnreadable(unread.what(), "So they cannot be saved, and the program leaves");
     } catch (const SettingsPassEnded& end) {
         tell("The setting \"" + end.key() + "\" cannot be saved in " + settingsFile() + ": " + end.what() +
              ".\r\n\r\nIt and the settings behind it stay as they were.");

@@ -47,6 +47,7 @@ private:
     void Timer1_Timer();
     void loadSettings();
     void tell(const std::string& text);
+    void tellUnreadable(const std::string& reason, const std::string& outcome);
     void tellUnusable(const std::string& key, const std::string& reason, const std::string& outcome);
     /// Beside it, under a name of its own; false when it cannot be kept.
     [[nodiscard]] bool keepWornSettings() const;

@@ -62,28 +62,26 @@ struct Save {
     }
 };
 
+// What cannot be read must not be written over either.
+CSetting storeFor(const std::string& settingsBaseName) try {
+    CSetting store;
+    store.Init(settingsBaseName, CSetting::IniMode);
+    store.beginPass();
+    return store;
+} catch (const RuntimeError& error) {
+    throw SettingsUnreadable{error.description()};
+}
+
 } // namespace
 
 void loadApplicationSettings(const std::string& settingsBaseName, ApplicationSettings& settings) {
     settings = {};
-    CSetting store;
-    store.Init(settingsBaseName, CSetting::IniMode);
-    try {
-        store.beginPass();
-    } catch (const RuntimeError& error) {
-        throw SettingsUnreadable{error.description()};
-    }
+    CSetting store = storeFor(settingsBaseName);
     eachKey(settings, Load{store});
 }
 
 void saveApplicationSettings(const std::string& settingsBaseName, const ApplicationSettings& settings) {
-    CSetting store;
-    store.Init(settingsBaseName, CSetting::IniMode);
-    try {
-        store.beginPass();
-    } catch (const RuntimeError&) {
-        return; // what nobody has read is not written over
-    }
+    CSetting store = storeFor(settingsBaseName);
     try {
         eachKey(settings, Save{store});
     } catch (const SettingsPassEnded&) {

@@ -34,7 +34,7 @@ private:
     std::string key_;
 };
 
-/// The settings file is there and cannot be read: nothing of it is known.
+/// The settings file is there and cannot be read: nothing of it is known. The reason names it.
 class SettingsUnreadable : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -44,7 +44,8 @@ public:
 /// `settingsBaseName`. Missing ones give their defaults.
 void loadApplicationSettings(const std::string& settingsBaseName, ApplicationSettings& settings);
 
-/// Writes every key, in the same order, all at once. A file that cannot be read or written stays as it is.
+/// Writes every key, in the same order, all at once. A file that cannot be read (SettingsUnreadable) or
+/// written stays as it is.
 void saveApplicationSettings(const std::string& settingsBaseName, const ApplicationSettings& settings);
 
 } // namespace pelrath

@@ -115,9 +115,7 @@ void CSetting::save(const std::string& section, const std::string& key, const st
     }
 }
 
-void CSetting::beginPass() {
-    guarded(ReadFailed, "CSetting.beginPass", readingFailed, [this] { pass_.emplace(iniFileName_); });
-}
+void CSetting::beginPass() { pass_.emplace(iniFileName_); }
 
 void CSetting::endPass() {
     if (pass_) writeSilently([this] { pass_->write(); });

@@ -34,7 +34,7 @@ public:
     void SaveSettingStr(const std::string& Section, const std::string& KeyName, const std::string& Setting);
     void SaveSettingInt(const std::string& Section, const std::string& KeyName, std::int16_t Setting);
 
-    /// From here on every get and save of a profile file is of this one reading. Raises ReadFailed.
+    /// From here on every get and save of a profile file is of this one reading. Fails as Profile does.
     void beginPass();
     /// Writes what the pass has saved, all of it or nothing.
     void endPass();

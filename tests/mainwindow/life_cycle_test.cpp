@@ -110,8 +110,8 @@ TEST_F(LifeCycleTest, AWornFileNeverKeepsItFromStartingNorIsItLost) {
         {done + "[Settings]\nViewPortColor=-1\n", "stays as it is", "Pelrath.ini.bak", false},
         {done + "[Settings]\nMainTop=99999\n", "\"MainTop\"", "none", true},
         {"\x01\xFF\xFE[[[]]=\n===\n[Setup]\nfirsttimedone=True", nullptr, "none", true},
-        {done + longest, "cannot be read: Error reading Setting (6, ", "none", false},
-        {"", "cannot be read: Error reading Setting (75, ", "Pelrath.ini", false},
+        {done + longest, "Pelrath.ini is longer than", "none", false},
+        {"", "cannot be read: Path/File access error (", "Pelrath.ini", false},
     };
     for (const auto& [ini, complaint, inTheWay, saved] : cases) {
         MainHarness fresh;
@@ -218,6 +218,14 @@ TEST_F(LifeCycleTest, TheCloseCleansUp) {
     EXPECT_EQ(row(stored("extractionfolder"), stored("ViewPortColor"), surface.record.alive,
                   surface.record.created),
               "/in/use, 4, 0, 1");
+}
+
+TEST_F(LifeCycleTest, SettingsThatCannotBeSavedAreTold) {
+    start();
+    std::filesystem::remove(folder.file("Pelrath.ini"));
+    std::filesystem::create_directory(folder.file("Pelrath.ini")); // since the load
+    main.queryUnload();
+    boxes.expect("So they cannot be saved");
 }
 
 TEST_F(LifeCycleTest, APlaceBeyondTheNumbersStopsTheSaving) {
