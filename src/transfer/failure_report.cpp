@@ -20,7 +20,8 @@ bool attempt(MessageBoxes& boxes, const FailureWords& words, const std::function
     work();
     return true;
 } catch (const ImageLibraryError& error) {
-    boxes.critical(libraryFailureText(words.ofLibrary, error.code()), programTitle);
+    const std::string text = libraryFailureText(words.ofLibrary, error.code());
+    boxes.critical(error.reason().empty() ? text : text + "\r\n\r\n" + error.reason() + ".", programTitle);
     return false;
 } catch (const RuntimeError& error) {
     boxes.critical(textOf(words, error), programTitle);
