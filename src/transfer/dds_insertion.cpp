@@ -44,6 +44,7 @@ bool DdsInsertion::mayBegin(HeldArchive& archive) {
     const bool asRead =
         !c_.chkDestination[ToArchive].checked() || attemptInsertion(boxes_, [&] { archive.requireTables(); });
     const bool safe = asRead && safeCopy_.makeSafeCopy(archive, summary_);
+    ofSafeCopy_ = summary_;
     showSummary();
     return safe;
 }
@@ -124,9 +125,8 @@ void DdsInsertion::createFromLargest(HeldArchive& archive) {
     images_.performSimpleImageInsertion(ImageFileKind::Dds, archive);
     // Its summary starts anew, and would hide the safe copy's name and what became of the attribute. That no
     // copy was made it says as well.
-    const std::string ofCopy = summary_.substr(0, summary_.find(lineBreak) + std::string{lineBreak}.size());
     std::string nested = c_.ExtractSummary.text();
-    if (nested.starts_with(ofCopy)) nested.erase(0, ofCopy.size());
+    if (nested.starts_with(ofSafeCopy_)) nested.erase(0, ofSafeCopy_.size());
     summary_ += nested;
     showSummary();
 }
@@ -134,9 +134,12 @@ void DdsInsertion::createFromLargest(HeldArchive& archive) {
 void DdsInsertion::copyIntoBazarTemp() {
     const std::string path = buildImageFileName(session_, 0, ImageFileKind::Dds);
     if (summary_.empty()) summary_ = path + lineBreak;
-    if (fileExists(path) && bazarTemp_.StoreCopyInBazarTemp(session_.selectedTexture, path, summary_)) {
-        showSummary();
-    }
+    if (!fileExists(path)) return;
+    std::string ofCopy;
+    if (!bazarTemp_.StoreCopyInBazarTemp(session_.selectedTexture, path, ofCopy)) return;
+    if (!ofCopy.empty() && !summary_.ends_with(lineBreak)) summary_ += lineBreak;
+    summary_ += ofCopy;
+    showSummary();
 }
 
 void DdsInsertion::showSummary() { c_.ExtractSummary.setText(summary_); }

@@ -63,7 +63,9 @@ private:
     ImageInsertion& images_;
     BazarTempCopy& bazarTemp_;
 
-    std::string summary_; ///< of the current run
+    // Of the current run.
+    std::string summary_;
+    std::string ofSafeCopy_; ///< what the summary says of it
 };
 
 } // namespace pelrath

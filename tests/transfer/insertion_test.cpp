@@ -390,6 +390,10 @@ TEST_F(TroubledInsertion, CopiesTheTextureIntoBazarTempUnderItsOwnName) {
         boxes.expect(question);
         EXPECT_TRUE(folder.read("bazar/wall.xyz").starts_with(start)) << type;
         fs::remove(folder.file("bazar/wall.xyz"));
+        EXPECT_EQ(insert({create, withoutSafeCopy, intoBazarTemp}),
+                  noCopy + "out/wall-4x4.dds|3 mipmaps(s) inserted.|bazar/wall.xyz overwritten|"
+                           " 1 file(s) copied.|");
+        fs::remove(folder.file("bazar/wall.xyz"));
     }
 }
 
