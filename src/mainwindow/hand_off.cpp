@@ -31,6 +31,7 @@ void HandOff::checkAndOpenDialog() {
         return;
     }
     session_.exportImportFolder = folder;
+    c_.Text8.setText(folder);
     if (textureIsChosen()) dialog_.show(c_.window);
 }
 

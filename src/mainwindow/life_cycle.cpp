@@ -1,6 +1,7 @@
 #include "mainwindow/life_cycle.hpp"
 
 #include "platform/files.hpp"
+#include "platform/full_path.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <array>
@@ -17,7 +18,8 @@ LifeCycle::LifeCycle(const Controls& controls, const Screen& screen, MessageBoxe
 void LifeCycle::Form_Load() {
     settingsBaseName_ = joinPath(session_.programFolder, "Pelrath");
     loadSettings();
-    session_.exportImportFolder = session_.settings.extractionFolder;
+    const std::string& stored = session_.settings.extractionFolder;
+    session_.exportImportFolder = stored.empty() ? stored : pathFromRoot(stored);
     c_.Text8.setText(session_.exportImportFolder);
     session_.viewer.d3dCreated = false;
     if (!passFirstRunGate()) {
