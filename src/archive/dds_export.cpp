@@ -64,9 +64,9 @@ const TextureRecord& DdsExport::texture(std::int16_t index) const {
 const MipmapRecord& DdsExport::level(std::int16_t textureIndex, std::int16_t index) const {
     const TextureRecord& owner = texture(textureIndex);
     if (!isIndex(index, owner.mipmaps.size())) {
-        fail(ErrorNumber::SubscriptOutOfRange, "the texture \"" + owner.name + "\" has no level " +
-                                                   std::to_string(index) + " in " + archivePath_ +
-                                                   ". Please choose another");
+        fail(ErrorNumber::SubscriptOutOfRange, "the texture \"" + visibleText(owner.name) +
+                                                   "\" has no level " + std::to_string(index) + " in " +
+                                                   archivePath_ + ". Please choose another");
     }
     return owner.mipmaps[static_cast<std::size_t>(index)];
 }
@@ -76,6 +76,10 @@ void DdsExport::requireData(const MipmapRecord& level) const {
     fail(ErrorNumber::InvalidCall, "the level of " + std::to_string(level.width) + " x " +
                                        std::to_string(level.height) + " has no data in " + archivePath_ +
                                        ". Please choose another");
+}
+
+std::string DdsExport::describe(std::int16_t textureIndex) const {
+    return "\"" + visibleText(texture(textureIndex).name) + "\" in " + archivePath_;
 }
 
 DdsHeader DdsExport::buildDdsHeader(std::int16_t textureIndex, std::int16_t levelIndex) const {
@@ -124,7 +128,7 @@ void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureI
         sum += record.dataSize;
     }
     if (sum > largestFileData) {
-        fail(ErrorNumber::Overflow, "all levels of the texture \"" + texture(textureIndex).name +
+        fail(ErrorNumber::Overflow, "all levels of the texture \"" + visibleText(texture(textureIndex).name) +
                                         "\" are more than one file can hold. Please take single levels");
     }
     const InputFile archive = openArchive();

@@ -54,6 +54,9 @@ public:
     /// case; nothing for any other type.
     [[nodiscard]] std::optional<NativeImageKind> nativeImageKind(std::int16_t textureIndex) const;
 
+    /// How messages name the texture: its name, quoted, and the archive's path.
+    [[nodiscard]] std::string describe(std::int16_t textureIndex) const;
+
     /// The catalogue's own record of a level.
     [[nodiscard]] const MipmapRecord& level(std::int16_t textureIndex, std::int16_t index) const;
 

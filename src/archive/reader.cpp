@@ -23,7 +23,7 @@ struct Place {
     std::int64_t level = -1; ///< appended to the thing when it is not negative
 
     [[nodiscard]] std::string owner() const {
-        return "Texture " + std::to_string(texture + 1) + " (\"" + fieldText(name) + "\")";
+        return "Texture " + std::to_string(texture + 1) + " (\"" + visibleText(fieldText(name)) + "\")";
     }
     [[nodiscard]] std::string what() const {
         return std::string{thing} + (level < 0 ? "" : " " + std::to_string(level));

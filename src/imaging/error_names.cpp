@@ -48,7 +48,7 @@ std::string getErrorTypeName(std::int32_t code) {
     return "Error Type not found !";
 }
 
-std::string_view loadAdvice(std::int32_t code) {
+std::string loadAdvice(std::int32_t code, std::string_view remedy) {
     switch (code) {
     case 0x0502:
         return "needs more memory than there is; close other programs or make the picture smaller";
@@ -56,13 +56,13 @@ std::string_view loadAdvice(std::int32_t code) {
         return "is of a form that cannot be read; save it plainly, with 24 or 32 bits a pixel (a DDS file: as "
                "DXT1 or DXT5)";
     case 0x0508:
-        return "is not of the kind that its extension says, or is damaged; save it anew";
+        return std::string{"is not of the kind that its extension says, or is damaged; "}.append(remedy);
     case 0x0511:
         return "has sides that cannot be; possible are 1 to 16384 pixels, and 134217728 pixels in all";
     case 0x0512:
-        return "ends too early; copy or save it anew";
+        return std::string{"ends too early; "}.append(remedy);
     default:
-        return "is damaged or cannot be read; save it anew";
+        return std::string{"is damaged or cannot be read; "}.append(remedy);
     }
 }
 

@@ -81,7 +81,11 @@ std::vector<std::byte> bytesOf(const std::string& fileName) {
     try {
         file.emplace(fileName);
     } catch (const RuntimeError& error) {
-        throw ImageLibraryError{IL_COULD_NOT_OPEN_FILE, "loadImage", error.description()};
+        const bool missing = error.number() == static_cast<int>(ErrorNumber::FileNotFound);
+        throw ImageLibraryError{
+            IL_COULD_NOT_OPEN_FILE, "loadImage",
+            error.description() +
+                (missing ? ". Please extract it first, or choose the folder that holds it" : "")};
     }
     if (file->size() > mostBytes) refuse(Refusal::ImpossibleSides);
     std::vector<std::byte> bytes(static_cast<std::size_t>(file->size()));
@@ -141,7 +145,8 @@ bool ImageLibraryFacade::initImageLibrary() try {
     throw;
 }
 
-bool ImageLibraryFacade::loadImage(const std::string& fileName, std::uint32_t& imageId) try {
+bool ImageLibraryFacade::loadImage(const std::string& fileName, std::uint32_t& imageId,
+                                   const PictureWords& words) try {
     library_.ilGenImages(1, &imageId);
     check();
     library_.ilBindImage(imageId);
@@ -154,8 +159,9 @@ bool ImageLibraryFacade::loadImage(const std::string& fileName, std::uint32_t& i
     loadChecked(loadableFile(*kind, fileName), fileName);
     return true;
 } catch (const ImageLibraryError& error) {
+    const std::string& name = words.name.empty() ? fileName : words.name;
     const std::string reason =
-        error.reason().empty() ? fileName + " " + std::string{loadAdvice(error.code())} : error.reason();
+        error.reason().empty() ? name + " " + loadAdvice(error.code(), words.remedy) : error.reason();
     report("ilLoadImage Error Number: ", error.code(), reason);
     return false;
 }

@@ -18,6 +18,12 @@ namespace pelrath {
 struct LoadableFile;
 struct Pixels;
 
+/// How messages speak of a picture that is to be loaded.
+struct PictureWords {
+    std::string name;                            ///< begins a sentence; empty: the file's own path
+    std::string remedy = "copy or save it anew"; ///< what helps where it is damaged
+};
+
 /// The layer through which pictures are loaded, converted, scaled and saved. Its operations work on the
 /// image that is bound in the library, whose images, error stack and settings are the process's own: one
 /// thread, one operation at a time. An operation that fails says so in a critical message box, with the
@@ -38,7 +44,7 @@ public:
     /// its extension, into it. The caller removes the image, after a failure too. The pixels are exactly
     /// those of the file; a DDS file's chain is not kept. What cannot be true of a file of its kind fails
     /// before the library sees the file. An error that is not the library's leaves with its own number.
-    bool loadImage(const std::string& fileName, std::uint32_t& imageId);
+    bool loadImage(const std::string& fileName, std::uint32_t& imageId, const PictureWords& words = {});
 
     /// Sets the options for an OutputFileType and hands the type and the extension out. An index outside
     /// 0..4 changes nothing and is no failure.

@@ -2,6 +2,7 @@
 
 #include "platform/files.hpp"
 #include "platform/full_path.hpp"
+#include "platform/text.hpp"
 
 namespace pelrath {
 
@@ -41,7 +42,7 @@ bool HandOff::textureIsChosen() {
     const bool chosen = session_.selectedTexture >= 0 && texture < textures.size();
     if (chosen && !session_.selectedBaseName.empty()) return true;
     if (chosen) {
-        boxes_.exclamation("The texture \"" + textures[texture].name +
+        boxes_.exclamation("The texture \"" + visibleText(textures[texture].name) +
                                "\" has no name in front of its extension, so that no image file can be named "
                                "after it.\r\n\r\nPlease select another texture and try again.",
                            "Pelrath - Texture without a name");

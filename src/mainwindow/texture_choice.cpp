@@ -3,6 +3,7 @@
 #include "mainwindow/main_controls.hpp"
 #include "platform/files.hpp"
 #include "platform/runtime_error.hpp"
+#include "platform/text.hpp"
 
 #include <numeric>
 
@@ -49,11 +50,12 @@ void TextureChoice::stageAndShow(std::int16_t texture) {
         c_.Label11.setCaption("Texture not available !");
         c_.Label11.setVisible(true);
         const std::string& name = session_.archive.textures[static_cast<std::size_t>(texture)].name;
-        boxes_.exclamation("The texture \"" + name + "\" cannot be shown: " + error.description() + ".",
+        boxes_.exclamation("The texture \"" + visibleText(name) +
+                               "\" cannot be shown: " + error.description() + ".",
                            "Pelrath - Texture not available");
         return;
     }
-    viewer_.showTexture(path);
+    viewer_.showTexture(path, "This is the texture " + dds_.describe(texture) + ".");
 }
 
 } // namespace pelrath

@@ -145,8 +145,7 @@ FileReplacement::FileReplacement(const std::string& path) : finalPath_(endOfLink
     path_ = joinPath(parentFolder(finalPath_), ".pelrath-XXXXXX");
     handle_ = ::mkostemp(path_.data(), O_CLOEXEC);
     // What is missing is the folder, as the file may well be.
-    if (handle_ < 0 && errno == ENOENT)
-        throw makeError(ErrorNumber::PathNotFound, "FileReplacement", finalPath_);
+    if (handle_ < 0 && errno == ENOENT) throw makeSystemError(ENOTDIR, "FileReplacement", finalPath_);
     if (handle_ < 0) fail("FileReplacement", finalPath_);
 }
 

@@ -40,6 +40,10 @@ std::string_view adviceOn(int systemError) {
         return ": its links lead round in a circle; please choose another folder";
     case EFBIG:
         return ": beyond the length that files may have here";
+    case EISDIR:
+        return ": a folder, or something else that is no file, stands in its place; please remove or rename it";
+    case ENOTDIR:
+        return ": its folder is gone; please choose the folder again";
     default:
         return {};
     }

@@ -29,6 +29,12 @@ char asciiUpper(char c) {
     return static_cast<char>(c ^ (small ? 0x20 : 0));
 }
 
+bool isControl(std::string_view character) {
+    const auto first = static_cast<unsigned char>(character[0]);
+    if (character.size() == 1) return first < 0x20 || first == 0x7F;
+    return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0; // U+0080 to U+009F
+}
+
 } // namespace
 
 bool isAscii(std::string_view text) {
@@ -121,6 +127,16 @@ std::string_view trimBlanks(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string visibleText(std::string_view text) {
+    std::string visible;
+    while (!text.empty()) {
+        const std::string_view character = firstCharacters(text, 1);
+        visible += isControl(character) ? "\uFFFD" : character;
+        text.remove_prefix(character.size());
+    }
+    return visible;
 }
 
 void appendPadded(std::string& line, std::string_view text, std::size_t width) {

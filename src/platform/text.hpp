@@ -40,6 +40,10 @@ void makeUpperCase(std::span<char> ascii);
 /// `text` without the blanks (U+0020 only) at both ends.
 [[nodiscard]] std::string_view trimBlanks(std::string_view text);
 
+/// `text` with U+FFFD in the place of each control character, which would show nothing. For names in
+/// messages.
+[[nodiscard]] std::string visibleText(std::string_view text);
+
 /// Appends `text` with blanks behind it up to `width` characters; a longer text is kept whole.
 void appendPadded(std::string& line, std::string_view text, std::size_t width);
 

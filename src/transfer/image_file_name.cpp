@@ -2,8 +2,7 @@
 
 #include "platform/files.hpp"
 #include "platform/runtime_error.hpp"
-
-#include <algorithm>
+#include "platform/text.hpp"
 
 namespace pelrath {
 
@@ -21,38 +20,30 @@ const char* extensionOf(ImageFileKind kind) {
     return ".dds";
 }
 
-bool neverInAFileName(char byte) {
-    const auto code = static_cast<unsigned char>(byte);
-    return code < 0x20 || code == 0x7F || byte == '/' || byte == '\\';
-}
-
-// U+0080 to U+009F, in UTF-8.
-bool hasSecondControlSet(std::string_view name) {
-    for (std::size_t at = 0; (at = name.find('\xC2', at)) != std::string_view::npos; ++at) {
-        if (static_cast<unsigned char>(name.substr(at + 1, 1)[0]) < 0xA0) return true;
-    }
-    return false;
+// `texture` is what the name comes from.
+void requireFileName(const std::string& name, const std::string& texture) {
+    const bool special = texture.empty() || name.empty() || name == "." || name == "..";
+    if (!special && name.find_first_of("/\\") == std::string::npos && visibleText(name) == name) return;
+    throw RuntimeError{static_cast<int>(ErrorNumber::BadFileName), "buildImageFileName",
+                       "The texture's name \"" + visibleText(texture) + "\" cannot be the name of a file" +
+                           (special ? "" : ", as it holds a separator or a control character") +
+                           ". Please choose another texture."};
 }
 
 } // namespace
 
 const std::string& checkedFileName(const std::string& name) {
-    const bool special = name.empty() || name == "." || name == "..";
-    if (special || std::any_of(name.begin(), name.end(), neverInAFileName) || hasSecondControlSet(name)) {
-        throw RuntimeError{static_cast<int>(ErrorNumber::BadFileName), "buildImageFileName",
-                           "The texture's name \"" + name + "\" cannot be the name of a file" +
-                               (special ? "" : ", as it holds a separator or a control character") +
-                               ". Please choose another texture."};
-    }
+    requireFileName(name, name);
     return name;
 }
 
 std::string buildImageFileName(const Session& session, std::int16_t level, ImageFileKind kind) {
     const DdsExport dds{session.archive, session.archivePath, session.archiveFile};
     const MipmapRecord& mipmap = dds.level(session.selectedTexture, level);
-    return joinPath(session.exportImportFolder, checkedFileName(session.selectedBaseName) + "-" +
-                                                    std::to_string(mipmap.width) + "x" +
-                                                    std::to_string(mipmap.height) + extensionOf(kind));
+    const std::string name = session.selectedBaseName + "-" + std::to_string(mipmap.width) + "x" +
+                             std::to_string(mipmap.height) + extensionOf(kind);
+    requireFileName(name, session.selectedBaseName);
+    return joinPath(session.exportImportFolder, name);
 }
 
 } // namespace pelrath

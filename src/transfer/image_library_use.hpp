@@ -29,8 +29,9 @@ private:
 /// Loads a picture for as long as it lives; then, or with remove(), it is gone from the library.
 class LoadedImage {
 public:
-    LoadedImage(ImageLibraryFacade& facade, const LibraryImages& images, const std::string& path)
-        : images_(images), loaded_(facade.loadImage(path, id_)) {}
+    LoadedImage(ImageLibraryFacade& facade, const LibraryImages& images, const std::string& path,
+                const PictureWords& words = {})
+        : images_(images), loaded_(facade.loadImage(path, id_, words)) {}
     ~LoadedImage();
     LoadedImage(const LoadedImage&) = delete;
     LoadedImage& operator=(const LoadedImage&) = delete;

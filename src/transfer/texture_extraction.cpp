@@ -115,7 +115,11 @@ void TextureExtraction::writeImage(ImageFileKind kind) {
     const std::string staged = place.pathFor(joinPath(session_.programFolder, "tmp1.dds"));
     dds_.writeDdsLevelFile(staged, session_.selectedTexture, static_cast<std::int16_t>(level),
                            Durability::Scratch);
-    LoadedImage image{imaging_.facade, imaging_.images, staged};
+    LoadedImage image{
+        imaging_.facade,
+        imaging_.images,
+        staged,
+        {"The texture " + dds_.describe(session_.selectedTexture), "another copy of the archive may help"}};
     if (!image) {
         boxes_.critical("LoadImage " + staged + " error", "SimpleImageInsertion");
         return;

@@ -1,5 +1,6 @@
 #include "transfer/texture_extraction_insertion.hpp"
 
+#include "platform/text.hpp"
 #include "transfer/failure_report.hpp"
 
 namespace pelrath {
@@ -85,7 +86,7 @@ bool TextureExtractionInsertion::typeIsKnown() {
     const TextureRecord& texture =
         session_.archive.textures[static_cast<std::size_t>(session_.selectedTexture)];
     boxes_.exclamation(
-        "Textures of the type \"" + texture.fourCC +
+        "Textures of the type \"" + visibleText(texture.fourCC) +
             "\" can be neither extracted nor inserted.\r\n\r\nPlease choose a DXT1 or DXT5 texture.",
         "Pelrath - Texture type not supported");
     return false;

@@ -107,7 +107,10 @@ TEST_F(Saving, TracesItsSteps) {
 
 TEST_F(Saving, LeavesWhatIsThereWhereItMayNotOrCannotWrite) {
     const std::string taken = "ilSave Error Number: 1292 -> IL_FILE_ALREADY_EXISTS ",
-                      failed = "ImageSave Error : ";
+                      failed = "ImageSave Error : ",
+                      noFolder = ": its folder is gone; please choose the folder again)",
+                      noFile = ": a folder, or something else that is no file, stands in its place; please "
+                               "remove or rename it)";
     std::filesystem::create_directory(folder.file("folder.bmp"));
     std::filesystem::permissions(folder.write("readonly.bmp", "before"), std::filesystem::perms::owner_read);
     static_cast<void>(folder.write("there", "before"));
@@ -115,9 +118,9 @@ TEST_F(Saving, LeavesWhatIsThereWhereItMayNotOrCannotWrite) {
     const std::vector<std::string> names = folder.names();
     // The library would open the pipe to see whether it is there, and wait.
     const std::tuple<const char*, bool, std::string> cases[] = {
-        {"gone/a.bmp", true, failed + "76 Path not found (" + folder.file("gone/a.bmp") + ")"},
-        {"folder.bmp", true, failed + "75 Path/File access error (" + folder.file("folder.bmp") + ")"},
-        {"pipe.bmp", true, failed + "75 Path/File access error (" + folder.file("pipe.bmp") + ")"},
+        {"gone/a.bmp", true, failed + "76 Path not found (" + folder.file("gone/a.bmp") + noFolder},
+        {"folder.bmp", true, failed + "75 Path/File access error (" + folder.file("folder.bmp") + noFile},
+        {"pipe.bmp", true, failed + "75 Path/File access error (" + folder.file("pipe.bmp") + noFile},
         {"readonly.bmp", true, failed + "70 Permission denied (" + folder.file("readonly.bmp") + ")"},
         {"readonly.bmp", false, taken},
         {"there", false, taken},

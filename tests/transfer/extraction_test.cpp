@@ -89,7 +89,7 @@ TEST_F(Extraction, HandsTheFileToTheEditor) {
 
 TEST_F(Extraction, AFailureIsToldAndLeavesNothingHalfWritten) {
     const std::string none = extracted(0);
-    for (const char* name : {"../up.bmp", "a\\b.bmp", "..bmp", "b\x07.bmp", "\x81.bmp"}) {
+    for (const char* name : {"../up.bmp", "a\\b.bmp", "b\x07.bmp", "\x81.bmp"}) {
         begin(name, "DXT1");
         for (const auto& [steps, summary] :
              {std::pair{Steps{}, none}, {{embedded}, none}, {{external}, none}, {{images}, ""}}) {
@@ -124,6 +124,15 @@ TEST_F(Extraction, AFailureIsToldAndLeavesNothingHalfWritten) {
         boxes.expect(words);
         EXPECT_EQ(files(), after) << words;
     }
+}
+
+TEST_F(Extraction, NamesADamagedTextureAndItsArchive) {
+    open({CddsType::TypeCdds, {{"..bmp", "DXT1", {{8, 8, std::string(31, 'x')}}}}});
+    EXPECT_EQ(extract({}), "out/.-8x8.dds written|1 file(s) extracted.");
+    EXPECT_EQ(extract({images}), "0 file(s) extracted.");
+    EXPECT_EQ(boxes.take().at(0).text,
+              "ilLoadImage Error Number: 1298 -> IL_FILE_READ_ERROR \r\n\r\nThe texture \"..bmp\" in " +
+                  session.archivePath + " ends too early; another copy of the archive may help.");
 }
 
 } // namespace

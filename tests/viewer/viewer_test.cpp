@@ -123,11 +123,11 @@ TEST_F(ViewerTest, FilesThatCannotBeShownSayWhy) {
     }
     const std::tuple<const char*, std::uint32_t, std::size_t, const char*> files[] = {
         {"DXT1", 8, 31, "-2005529767 . The data is invalid.\r\nIt holds too little data for 8 x 8 pixels"},
-        {"DXT3", 8, 64, "-2005529767 . The data is invalid."},
+        {"DXT3", 8, 64, "no others can be shown. This is it. \r\nDLL error:"},
         {"DXT1", 0xFFFFFFFC, 32, "-2005529767 . The data is invalid.\r\nA texture cannot have -4 x 8 pixels"},
         {"DXT1", 20000, 64, "-2005530518 . The queried technique"}};
     for (const auto& [fourCC, width, size, reason] : files) {
-        viewer.showTexture(stage(fourCC, width, 8, size));
+        viewer.showTexture(stage(fourCC, width, 8, size), "This is it.");
         boxes.expect(reason);
     }
     EXPECT_TRUE(surface.record.loaded.empty());

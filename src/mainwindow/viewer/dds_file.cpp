@@ -12,14 +12,14 @@ namespace pelrath {
 
 namespace {
 
-PixelFormat formatOf(const DdsHead& head, const std::string& path) {
+PixelFormat formatOf(const DdsHead& head) {
     std::array<char, 4> fourCC{};
     std::memcpy(fourCC.data(), &head[84], fourCC.size());
     const std::string_view type{fourCC.data(), fourCC.size()};
     if (type == "DXT1") return PixelFormat::Dxt1;
     if (type == "DXT5") return PixelFormat::Dxt5;
     throw deviceError(DeviceFailure::InvalidData,
-                      "Its pixels are neither DXT1 nor DXT5, and no others can be shown (" + path + ").");
+                      "Its pixels are neither DXT1 nor DXT5, and no others can be shown.");
 }
 
 // Archives count sides in signed numbers, and hand them on as they are.
@@ -33,19 +33,17 @@ std::string sides(std::int32_t width, std::int32_t height) {
     return std::to_string(width) + " x " + std::to_string(height) + " pixels";
 }
 
-void requirePossible(std::int32_t width, std::int32_t height, std::uint32_t largestSide,
-                     const std::string& path) {
+void requirePossible(std::int32_t width, std::int32_t height, std::uint32_t largestSide) {
     const auto largest = static_cast<std::int32_t>(largestSide);
     if (width < 1 || height < 1) {
         throw deviceError(DeviceFailure::InvalidData,
                           "A texture cannot have " + sides(width, height) +
-                              ": the archive is damaged there, and another copy of it may help (" + path +
-                              ").");
+                              ": the archive is damaged there, and another copy of it may help.");
     }
     if (width > largest || height > largest) {
         throw deviceError(DeviceFailure::NotAvailable,
                           "It has " + sides(width, height) + ", and this computer shows no side above " +
-                              std::to_string(largest) + "; extract it to see it elsewhere (" + path + ").");
+                              std::to_string(largest) + "; extract it to see it elsewhere.");
     }
 }
 
@@ -60,33 +58,34 @@ std::vector<std::byte> dataOf(const std::string& path, std::uint64_t most) {
 }
 
 template <typename Work>
-auto read(const std::string& path, Work work) try {
+auto read(Work work) try {
     return work();
 } catch (const RuntimeError& error) {
-    throw deviceError(DeviceFailure::InvalidData, error.description() + ". Choose the texture again.");
+    throw deviceError(DeviceFailure::InvalidData,
+                      std::string{errorDescription(static_cast<ErrorNumber>(error.number()))} +
+                          ". Choose the texture again.");
 } catch (const std::bad_alloc&) {
-    throw deviceError(DeviceFailure::OutOfMemory, "There is too little memory to show it (" + path + ").");
+    throw deviceError(DeviceFailure::OutOfMemory, "There is too little memory to show it.");
 }
 
 } // namespace
 
 DdsPicture readDdsPicture(const std::string& path, std::uint32_t largestSide) {
-    const DdsHead head = read(path, [&] { return readDdsHeader(path); });
+    const DdsHead head = read([&] { return readDdsHeader(path); });
     DdsPicture picture;
-    picture.format = formatOf(head, path);
+    picture.format = formatOf(head);
     const std::int32_t width = sideAt(head, 16);
     const std::int32_t height = sideAt(head, 12);
-    requirePossible(width, height, largestSide, path);
+    requirePossible(width, height, largestSide);
     picture.width = static_cast<std::uint32_t>(width);
     picture.height = static_cast<std::uint32_t>(height);
     const std::uint64_t blocks = ((picture.width + 3ULL) / 4) * ((picture.height + 3ULL) / 4);
     const std::uint64_t needed = blocks * (picture.format == PixelFormat::Dxt1 ? 8 : 16);
-    picture.blocks = read(path, [&] { return dataOf(path, needed); });
+    picture.blocks = read([&] { return dataOf(path, needed); });
     if (picture.blocks.size() < needed) {
         throw deviceError(DeviceFailure::InvalidData,
                           "It holds too little data for " + sides(width, height) +
-                              ": the archive is damaged there, and another copy of it may help (" + path +
-                              ").");
+                              ": the archive is damaged there, and another copy of it may help.");
     }
     return picture;
 }

@@ -15,9 +15,10 @@ constexpr int noObject = 91;
 
 std::string spacedNumber(int number) { return (number < 0 ? "" : " ") + std::to_string(number); }
 
-std::string deviceMessage(const RuntimeError& error, const std::string& reason, int systemError) {
-    return "Error: " + std::to_string(error.number()) + reason + "\r\n" + error.description() + " \r\n" +
-           "DLL error:" + spacedNumber(systemError);
+std::string deviceMessage(const RuntimeError& error, const std::string& reason, int systemError,
+                          const std::string& origin = {}) {
+    return "Error: " + std::to_string(error.number()) + reason + "\r\n" + error.description() +
+           (origin.empty() ? "" : " " + origin) + " \r\n" + "DLL error:" + spacedNumber(systemError);
 }
 
 // Nothing for a failure that loading has no words for.
@@ -79,7 +80,7 @@ void TextureViewer::showStatus(const std::string& caption) {
     world_.Label11.setVisible(true);
 }
 
-void TextureViewer::showTexture(const std::string& path) {
+void TextureViewer::showTexture(const std::string& path, const std::string& origin) {
     ImageInfo info;
     getImageInfo(path, info, world_.boxes);
     if (info.width == 0 || info.height == 0) {
@@ -87,7 +88,7 @@ void TextureViewer::showTexture(const std::string& path) {
         return;
     }
     const Quad quad = fitQuad(info.width, info.height, world_.state);
-    if (!loadTextureFile(path)) {
+    if (!loadTextureFile(path, origin)) {
         showStatus("File not found !");
         return;
     }
@@ -95,7 +96,7 @@ void TextureViewer::showTexture(const std::string& path) {
     quad_ = quad;
 }
 
-bool TextureViewer::loadTextureFile(const std::string& path) {
+bool TextureViewer::loadTextureFile(const std::string& path, const std::string& origin) {
     constexpr const char* title = "loadTextureFile Error";
     if (!fileExists(path)) {
         world_.boxes.critical(path + " Texture file not found", title);
@@ -110,7 +111,7 @@ bool TextureViewer::loadTextureFile(const std::string& path) {
     } catch (const RuntimeError& error) {
         const int systemError = errno;
         const auto reason = loadReason(error.number());
-        world_.boxes.critical(reason ? deviceMessage(error, *reason, systemError) : "", title);
+        world_.boxes.critical(reason ? deviceMessage(error, *reason, systemError, origin) : "", title);
         return false;
     }
 }

@@ -38,13 +38,14 @@ public:
     /// Gives the device back. The loop must have been told to stop.
     void release();
 
-    /// The staged file at `path` is what the next frame shows. A failure leaves the picture as it was.
-    void showTexture(const std::string& path);
+    /// The staged file at `path` is what the next frame shows. A failure leaves the picture as it was, and
+    /// its message ends with `origin`, a sentence.
+    void showTexture(const std::string& path, const std::string& origin = {});
     /// The next frame shows the background alone.
     void showNothing() { quad_ = {}; }
 
 private:
-    bool loadTextureFile(const std::string& path);
+    bool loadTextureFile(const std::string& path, const std::string& origin);
     void offerModesOf(PixelFormat format);
     void showStatus(const std::string& caption);
 
