@@ -30,7 +30,7 @@ constexpr const char* filterNames[] = {"nearest", "linear", "bilinear", "box",  
 
 struct NoAssociations : FileAssociations {
     [[nodiscard]] std::string executableFor(const std::string& /*file*/) override { return {}; }
-    void open(const std::string& /*file*/) override {}
+    void open(const std::string& /*file*/, const Failed& /*failed*/) override {}
 };
 
 /// An archive with one texture, the dialog over it, and images of it in three kinds.

@@ -7,8 +7,8 @@
 
 namespace pelrath::desktop {
 
-/// Work that may wait for a folder that does not answer. Each piece has a thread of its own, so that it holds
-/// up no other, and nobody waits for its end.
+/// Work that may wait, for a folder that does not answer or for another program's end. Each piece has a
+/// thread of its own, so that it holds up no other, and nobody waits for its end.
 class Background : public QObject {
 public:
     /// Runs a function on the thread that this object belongs to, in the order of posting. What comes after

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "desktop/background.hpp"
+#include "desktop/refresh.hpp"
 #include "platform/file_associations.hpp"
 
 #include <QElapsedTimer>
@@ -10,17 +12,19 @@ namespace pelrath::desktop {
 /// Opens files in the desktop's programs behind the program's own active window.
 class QtFileAssociations : public QObject, public FileAssociations {
 public:
-    QtFileAssociations();
+    explicit QtFileAssociations(Refresh& refresh);
 
     [[nodiscard]] std::string executableFor(const std::string& file) override {
-        return desktop_.executableFor(file);
+        return DesktopAssociations::executableFor(file);
     }
-    void open(const std::string& file) override;
+    void open(const std::string& file, const Failed& failed) override;
 
 private:
+    void tell(const Failed& failed, const RuntimeError& error);
     void comeBack();
 
-    DesktopAssociations desktop_;
+    Refresh& refresh_;
+    Background background_;
     QElapsedTimer sinceStart_;
     bool guarding_ = false;
 };

@@ -5,17 +5,17 @@
 
 #include <gio/gdesktopappinfo.h>
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
-#include <fstream>
+#include <chrono>
 #include <memory>
 
-#include <unistd.h>
+#include <sys/wait.h>
 
 namespace pelrath {
 
 namespace {
+
+constexpr std::chrono::seconds startingTime{10}; // what ends later has run
 
 struct Unref {
     void operator()(gpointer object) const { g_object_unref(object); }
@@ -51,35 +51,58 @@ bool isStartedByMessage(GAppInfo* program) {
     return g_desktop_app_info_get_boolean(G_DESKTOP_APP_INFO(program), "DBusActivatable") != FALSE;
 }
 
-// Empty for a program that is none.
-std::string interpreterOf(const std::string& program) {
-    std::array<char, 256> start{}; // as far as the system looks
-    std::ifstream{program, std::ios::binary}.read(start.data(), start.size() - 1);
-    std::string_view line{start.data()};
-    if (!line.starts_with("#!")) return {};
-    line = line.substr(2, line.find('\n') - 2);
-    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
-    return std::string{line.substr(0, line.find_first_of(" \t"))};
-}
-
-RuntimeError notStarted(ErrorNumber number, const std::string& file, const std::string& reason) {
-    return {static_cast<int>(number), "launchEditor",
+RuntimeError notStarted(const std::string& file, const std::string& reason) {
+    return {static_cast<int>(ErrorNumber::FileNotFound), "launchEditor",
             "The image editor cannot be started: " + reason +
                 ".\r\n\r\nPlease choose another program for such files in the settings of your desktop, or "
                 "open " +
                 file + " by hand."};
 }
 
-// Programs are started through a helper, which nobody hears fail.
-void requireExecutable(const std::string& program, const std::string& file) {
-    const auto require = [&](const std::string& executed, const std::string& whose) {
-        if (::access(executed.c_str(), X_OK) == 0) return;
-        const ErrorNumber number = errorNumberOf(errno);
-        throw notStarted(number, file, whose + executed + " cannot be executed");
+std::string reasonOf(GError& failure) {
+    g_dbus_error_strip_remote_error(&failure);
+    std::string reason{failure.message};
+    if (reason.ends_with('.')) reason.pop_back();
+    return reason;
+}
+
+// Of the helpers through which programs are started: shells, and one that just hands on what exec() answered.
+bool meansNotRun(int exitCode) { return exitCode == 126 || exitCode == 127 || exitCode == 255; }
+
+// Of a program that is sent the message: what became of it.
+void awaitAnswer(GAppInfo* program, GList* uris, GError** error) {
+    const std::unique_ptr<GMainContext, decltype(&g_main_context_unref)> events{g_main_context_new(),
+                                                                                &g_main_context_unref};
+    g_main_context_push_thread_default(events.get());
+    Object<GAsyncResult> answer;
+    const auto take = [](GObject*, GAsyncResult* result, gpointer into) {
+        static_cast<Object<GAsyncResult>*>(into)->reset(G_ASYNC_RESULT(g_object_ref(result)));
     };
-    require(program, "");
-    const std::string interpreter = interpreterOf(program);
-    if (!interpreter.empty()) require(interpreter, program + " cannot be run, as its interpreter ");
+    g_app_info_launch_uris_async(program, uris, nullptr, nullptr, take, &answer);
+    while (!answer) {
+        g_main_context_iteration(events.get(), TRUE);
+    }
+    g_main_context_pop_thread_default(events.get());
+    g_app_info_launch_uris_finish(program, answer.get(), error);
+}
+
+// The program's exit code; 0 for any other end.
+int runToTheEnd(GAppInfo* program, GList* uris, GError** error) {
+    const Object<GAppLaunchContext> context{g_app_launch_context_new()};
+    // Started "at time 0", long before anything the user did: for window managers that heed it, and programs
+    // that pass it on, the focus stays where it is.
+    g_app_launch_context_setenv(context.get(), "DESKTOP_STARTUP_ID", "pelrath_TIME0");
+    GPid process = 0;
+    const auto take = [](GDesktopAppInfo*, GPid started, gpointer into) {
+        *static_cast<GPid*>(into) = started;
+    };
+    const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD);
+    g_desktop_app_info_launch_uris_as_manager(G_DESKTOP_APP_INFO(program), uris, context.get(), flags,
+                                              nullptr, nullptr, take, &process, error);
+    int status = 0;
+    while (process != 0 && ::waitpid(process, &status, 0) < 0 && errno == EINTR) {
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 0;
 }
 
 } // namespace
@@ -96,19 +119,26 @@ std::string DesktopAssociations::executableFor(const std::string& file) {
 // Through its desktop entry, as a sandboxed program has no other way to be started.
 void DesktopAssociations::open(const std::string& file) {
     const Object<GAppInfo> program = programFor(file);
-    if (!program) throw notStarted(ErrorNumber::FileNotFound, file, "there is none any more");
-    if (!isStartedByMessage(program.get())) requireExecutable(executableOf(program.get()), file);
-    const Object<GFile> argument{g_file_new_for_path(file.c_str())};
-    const std::unique_ptr<GList, decltype(&g_list_free)> arguments{g_list_append(nullptr, argument.get()),
-                                                                   &g_list_free};
-    const Object<GAppLaunchContext> context{g_app_launch_context_new()};
-    // Started "at time 0", long before anything the user did: for window managers that heed it, and programs
-    // that pass it on, the focus stays where it is.
-    g_app_launch_context_setenv(context.get(), "DESKTOP_STARTUP_ID", "pelrath_TIME0");
+    if (!program) throw notStarted(file, "there is none any more");
+    const Text uri{g_filename_to_uri(file.c_str(), nullptr, nullptr)};
+    const std::unique_ptr<GList, decltype(&g_list_free)> uris{g_list_append(nullptr, uri.get()),
+                                                              &g_list_free};
     GError* error = nullptr;
-    if (g_app_info_launch(program.get(), arguments.get(), context.get(), &error) != FALSE) return;
+    int ending = 0;
+    const auto start = std::chrono::steady_clock::now();
+    if (isStartedByMessage(program.get())) {
+        awaitAnswer(program.get(), uris.get(), &error);
+    } else {
+        ending = runToTheEnd(program.get(), uris.get(), &error);
+    }
     const std::unique_ptr<GError, Free> failure{error};
-    throw notStarted(ErrorNumber::FileNotFound, file, failure->message);
+    if (failure) throw notStarted(file, reasonOf(*failure));
+    const bool atOnce = std::chrono::steady_clock::now() - start < startingTime;
+    if (atOnce && meansNotRun(ending)) {
+        throw notStarted(file, executableOf(program.get()) + " does not run (exit code " +
+                                   std::to_string(ending) +
+                                   "): it is damaged, or something that it needs is missing");
+    }
 }
 
 } // namespace pelrath

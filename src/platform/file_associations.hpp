@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/runtime_error.hpp"
+
+#include <functional>
 #include <string>
 
 namespace pelrath {
@@ -14,16 +17,25 @@ public:
     /// program.
     [[nodiscard]] virtual std::string executableFor(const std::string& file) = 0;
 
+    /// Hears that a program does not start; the description says what to do.
+    using Failed = std::function<void(const RuntimeError&)>;
+
     /// Starts the program for `file` with its path as the one argument, without waiting for it and without
-    /// handing the focus to it. Fails when it cannot be started, with a description that says what to do.
-    virtual void open(const std::string& file) = 0;
+    /// handing the focus to it. Calls `failed`, as soon as it shows and nothing else runs, where it does not
+    /// start; never after this object's end.
+    virtual void open(const std::string& file, const Failed& failed) = 0;
 };
 
-/// The associations of the user's desktop, from its own database of file types.
-class DesktopAssociations : public FileAssociations {
+/// The associations of the user's desktop, from its own database of file types. Usable on any thread.
+class DesktopAssociations {
 public:
-    [[nodiscard]] std::string executableFor(const std::string& file) override;
-    void open(const std::string& file) override;
+    /// As FileAssociations has it.
+    [[nodiscard]] static std::string executableFor(const std::string& file);
+
+    /// Starts the program for `file` with its path as the one argument, and returns when it has ended or,
+    /// where it is started by message, taken the message. Fails where it cannot be started, with a
+    /// description that says what to do.
+    static void open(const std::string& file);
 };
 
 } // namespace pelrath

@@ -5,11 +5,11 @@
 
 namespace pelrath {
 
-void EditorLaunch::launchEditor(const std::string& imagePath) {
+void EditorLaunch::launchEditor(const std::string& imagePath, const FileAssociations::Failed& failed) {
     const std::string extension{fileExtension(imagePath)};
     const std::string exe = findExecutableForExtension(extension);
     if (!imagePath.empty() && fileExists(exe)) {
-        associations_.open(imagePath);
+        associations_.open(imagePath, failed);
     } else {
         ExtractSummary_.setText(ExtractSummary_.text() + "\r\nNo executable found for " + extension);
     }

@@ -55,7 +55,11 @@ void TextureExtraction::finishSummary() {
 void TextureExtraction::launchEditor() {
     if (!c_.chkLaunchEditor.checked()) return;
     if (!fileExists(editorPath_)) editorPath_.clear();
-    attempt(boxes_, failureWords, [this] { editor_.launchEditor(editorPath_); });
+    // It may come when the dialog has been closed: the message boxes are there as long as the program.
+    const auto failed = [&boxes = boxes_](const RuntimeError& error) {
+        attempt(boxes, failureWords, [&error] { throw RuntimeError{error}; });
+    };
+    attempt(boxes_, failureWords, [&] { editor_.launchEditor(editorPath_, failed); });
 }
 
 void TextureExtraction::extractToDdsFiles() {

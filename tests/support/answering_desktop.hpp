@@ -44,8 +44,8 @@ public:
         probe = file;
         return executable;
     }
-    void open(const std::string& file) override {
-        if (broken) throw makeError(ErrorNumber::PermissionDenied, "open", "broken");
+    void open(const std::string& file, const Failed& failed) override {
+        if (broken) return failed(makeError(ErrorNumber::PermissionDenied, "open", "broken"));
         opened.push_back(file);
     }
     std::string executable;
