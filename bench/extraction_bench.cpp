@@ -1,4 +1,5 @@
 #include "large_archive.hpp"
+#include "no_associations.hpp"
 #include "working_user.hpp"
 
 #include "platform/files.hpp"
@@ -69,7 +70,7 @@ struct Workbench {
     Session session;
     AbortingBoxes boxes;
     WorkingUser user;
-    DesktopAssociations associations;
+    NoAssociations associations;
     Window owner;
     TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}}};
 };

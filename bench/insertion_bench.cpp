@@ -1,4 +1,5 @@
 #include "large_archive.hpp"
+#include "no_associations.hpp"
 #include "working_user.hpp"
 
 #include "archive/reader.hpp"
@@ -27,11 +28,6 @@ constexpr int side = 2048;
 constexpr int levelCount = 12;
 constexpr const char* filterNames[] = {"nearest", "linear", "bilinear", "box",     "triangle",
                                        "bell",    "spline", "lanczos",  "mitchell"};
-
-struct NoAssociations : FileAssociations {
-    [[nodiscard]] std::string executableFor(const std::string& /*file*/) override { return {}; }
-    void open(const std::string& /*file*/, const Failed& /*failed*/) override {}
-};
 
 /// An archive with one texture, the dialog over it, and images of it in three kinds.
 struct Workplace {

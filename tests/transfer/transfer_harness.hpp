@@ -8,8 +8,6 @@
 #include "support/temporary_folder.hpp"
 #include "transfer/texture_extraction_insertion.hpp"
 
-#include <regex>
-
 namespace pelrath::test {
 
 constexpr std::uint16_t yellow = 0xFFE0, blue = 0x001F; // 5-6-5
@@ -132,8 +130,15 @@ struct TransferHarness {
     /// from the folder on.
     std::string after(DialogMode mode, const Steps& steps) {
         show(mode, [&] { act(steps), run(dialog); });
-        const std::string text = std::regex_replace(dialog.ExtractSummary.text(), std::regex{"\r\n"}, "|");
-        return std::regex_replace(text, std::regex{folder.file("")}, "");
+        std::string text = dialog.ExtractSummary.text();
+        const auto replaceAll = [&text](const std::string& old, const char* by) {
+            for (std::size_t at = 0; (at = text.find(old, at)) != std::string::npos;) {
+                text.replace(at, old.size(), by);
+            }
+        };
+        replaceAll("\r\n", "|");
+        replaceAll(folder.file(""), "");
+        return text;
     }
     std::string extract(const Steps& steps) { return after(DialogMode::Extraction, steps); }
     std::string insert(const Steps& steps) { return after(DialogMode::Insertion, steps); }
