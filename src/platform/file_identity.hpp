@@ -14,6 +14,9 @@ struct FileIdentity {
     std::uint64_t size = 0;         ///< bytes
     std::int64_t modified = 0;      ///< when its content was last written; programs can set it back
     std::int64_t statusChanged = 0; ///< when that, its permissions or its names last changed
+    std::int64_t born = 0;          ///< when it was made; 0 where the file system does not say
+
+    bool operator==(const FileIdentity&) const = default;
 
     /// True for two states of one and the same file.
     [[nodiscard]] bool sameFile(const FileIdentity& other) const {

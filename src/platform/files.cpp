@@ -10,6 +10,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace pelrath {
@@ -26,12 +27,18 @@ bool isFolder(const std::string& path, bool& exists) {
     return exists && S_ISDIR(info.st_mode);
 }
 
-FileIdentity identityOf(const struct stat& info) {
-    const auto nanoseconds = [](const timespec& time) {
+constexpr unsigned identifying = STATX_BASIC_STATS | STATX_BTIME;
+
+FileIdentity identityOf(const struct statx& info) {
+    const auto nanoseconds = [](const statx_timestamp& time) {
         return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
     };
-    return {info.st_dev, info.st_ino, static_cast<std::uint64_t>(info.st_size), nanoseconds(info.st_mtim),
-            nanoseconds(info.st_ctim)};
+    return {::makedev(info.stx_dev_major, info.stx_dev_minor),
+            info.stx_ino,
+            info.stx_size,
+            nanoseconds(info.stx_mtime),
+            nanoseconds(info.stx_ctime),
+            (info.stx_mask & STATX_BTIME) != 0 ? nanoseconds(info.stx_btime) : 0};
 }
 
 // The path that a link leads to, be there a file or not; any other path as it is.
@@ -59,8 +66,9 @@ bool folderExists(const std::string& path) {
 }
 
 std::optional<FileIdentity> identityOf(const std::string& path) {
-    struct stat info {};
-    if (::stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
+    struct statx info {};
+    if (::statx(AT_FDCWD, path.c_str(), 0, identifying, &info) != 0) return std::nullopt;
+    if (!S_ISREG(info.stx_mode)) return std::nullopt;
     return identityOf(info);
 }
 
@@ -112,8 +120,8 @@ InputFile::InputFile(InputFile&& other) noexcept
     : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, -1)), size_(other.size_) {}
 
 FileIdentity InputFile::identity() const {
-    struct stat info {};
-    if (::fstat(handle_, &info) != 0) fail("InputFile", path_);
+    struct statx info {};
+    if (::statx(handle_, "", AT_EMPTY_PATH, identifying, &info) != 0) fail("InputFile", path_);
     return identityOf(info);
 }
 
