@@ -72,7 +72,8 @@ struct Workbench {
     WorkingUser user;
     NoAssociations associations;
     Window owner;
-    TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}}};
+    InsertionRecovery recovery{boxes, session.programFolder};
+    TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}, recovery}};
 };
 
 void ddsLevel(benchmark::State& state) { Workbench{}.extract(state, DdsFileType, Single); }

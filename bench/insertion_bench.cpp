@@ -70,7 +70,8 @@ struct Workplace {
     LibraryImages images;
     ImageLibraryUse use{facade, images};
     TransferImaging imaging{facade, images, options, use};
-    TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}}};
+    InsertionRecovery recovery{boxes, session.programFolder};
+    TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}, recovery}};
     Window owner;
 
 private:

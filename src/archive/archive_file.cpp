@@ -36,6 +36,11 @@ std::int64_t settledChange(const FileIdentity& state) {
            path + " has been changed by another program since it was read. Please read it again");
 }
 
+[[noreturn]] void refuseAsUsed(const std::string& path) {
+    refuse(ErrorNumber::PermissionDenied,
+           path + " is being used by another copy of the program. Please try again when that is done");
+}
+
 [[nodiscard]] bool is(const RuntimeError& error, ErrorNumber number) {
     return error.number() == static_cast<int>(number);
 }
@@ -63,13 +68,14 @@ ArchiveContents tablesOf(const InputFile& file) try {
 ArchiveFile::ArchiveFile(const InputFile& file)
     : path_(file.path()), known_(file.identity()), comparedAt_(settledChange(known_)) {}
 
-InputFile ArchiveFile::open(const std::string& chosen, const CddsArchive& catalogue) const {
+InputFile ArchiveFile::open(const std::string& chosen, const CddsArchive& catalogue, LockKind lock) const {
     if (chosen != path_) {
         refuse(ErrorNumber::PathFileAccess, chosen + " was chosen, but is not the archive that was read" +
                                                 (path_.empty() ? "" : ", which is " + path_) +
                                                 ". Please choose the archive and read it again");
     }
     InputFile file = openAnew(path_);
+    if (!lockArchive(file, lock)) refuseAsUsed(path_);
     const FileIdentity now = file.identity();
     requireSameState(now);
     if (now.statusChanged != comparedAt_) compareTables(file, now, catalogue);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "archive/archive_lock.hpp"
 #include "archive/reader.hpp"
 #include "platform/files.hpp"
 #include "platform/runtime_error.hpp"
@@ -27,9 +28,12 @@ public:
     /// The file as it is now. Its tables are to be read behind this, from the same `file`.
     explicit ArchiveFile(const InputFile& file);
 
-    /// Opens the file to read levels from it. Its tables are compared only where it may have changed since
-    /// they were last. Throws ArchiveRefused, and RuntimeError where it cannot be opened or read.
-    [[nodiscard]] InputFile open(const std::string& chosen, const CddsArchive& catalogue) const;
+    /// Opens the file to read levels from it, or to write into them, locked accordingly for as long as it is
+    /// open. Its tables are compared only where it may have changed since they were last. Throws
+    /// ArchiveRefused, also where another copy of the program has it locked, and RuntimeError where it cannot
+    /// be opened or read.
+    [[nodiscard]] InputFile open(const std::string& chosen, const CddsArchive& catalogue,
+                                 LockKind lock = LockKind::Shared) const;
 
     /// The tables of the opened file, read again and compared: its levels may be overwritten. Throws as
     /// open(), also where its path leads to another file by now.

@@ -99,6 +99,8 @@ std::optional<ArchiveReading::ReadTables> ArchiveReading::readTables() {
 }
 
 void ArchiveReading::readFile() {
+    services_.recovery.look();
+    if (c_.window.isUnloaded()) return; // closed behind its message
     const std::optional<ReadTables> read = readTables();
     if (!read) return;
     if (const auto* tables = std::get_if<Tables0C>(&read->contents)) show(*tables, read->file);

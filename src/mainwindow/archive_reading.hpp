@@ -13,6 +13,7 @@
 #include "platform/file_open_dialog.hpp"
 #include "platform/message_boxes.hpp"
 #include "session/session.hpp"
+#include "transfer/insertion_recovery.hpp"
 
 #include <array>
 #include <optional>
@@ -46,6 +47,7 @@ public:
         MessageBoxes& boxes;
         FileOpenDialog& fileOpen;
         EventPump& pump;
+        InsertionRecovery& recovery;
     };
 
     ArchiveReading(const Controls& controls, const Services& services, Session& session,

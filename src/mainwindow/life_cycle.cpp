@@ -26,6 +26,7 @@ void LifeCycle::Form_Load() {
         Form_QueryUnload();
         return;
     }
+    parts_.recovery.look();
     parts_.viewport.resetViewportSize();
 }
 

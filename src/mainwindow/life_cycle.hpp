@@ -9,6 +9,7 @@
 #include "platform/message_boxes.hpp"
 #include "platform/screen.hpp"
 #include "session/session.hpp"
+#include "transfer/insertion_recovery.hpp"
 
 #include <string>
 
@@ -33,6 +34,7 @@ public:
         WindowLayout& layout;
         Splash& splash;
         Disclaimer& disclaimer;
+        InsertionRecovery& recovery;
     };
 
     LifeCycle(const Controls& controls, const Screen& screen, MessageBoxes& boxes, Session& session,

@@ -5,11 +5,12 @@ namespace pelrath {
 // The order of the fields is the order in which they need one another; a brace list names a concern's
 // controls in the order of its own declaration.
 Main::Main(Session& session, const MainServices& services)
-    : disclaimer(session.disclaimerAccepted, services.screen, services.windows),
+    : recovery(services.boxes, session.programFolder),
+      disclaimer(session.disclaimerAccepted, services.screen, services.windows),
       folders(services.folderPicker, window),
       transfer(session, {services.boxes, services.windows, services.associations,
                          [this] { frmGetBazarTempFolder.show(); }, [this] { frmGetCDDSBackupFolder.show(); },
-                         &services.busy}),
+                         recovery, &services.busy}),
       frmGetBazarTempFolder(FolderChoice::bazarTempTexts, session.settings.bazarTempFolder, transfer.window,
                             {folders, services.boxes, services.windows}),
       frmGetCDDSBackupFolder(FolderChoice::cddsBackupTexts, session.settings.cddsBackupFolder,
@@ -40,12 +41,13 @@ Main::Main(Session& session, const MainServices& services)
                 incrementalSearchText,
                 dynImage,
                 {&Command1, &cmdReadCDDS, &cmdGetExtractInsertFolder, &cmdExtract, &cmdInsert}},
-               {services.boxes, services.fileOpen, services.pump}, session, listing_, layout_, splash_,
-               viewer_),
+               {services.boxes, services.fileOpen, services.pump, recovery}, session, listing_, layout_,
+               splash_, viewer_),
       exportImportFolder_({cmdGetExtractInsertFolder, Text8}, session, folders),
       handOff_({window, Text8, cmdExtract, cmdInsert}, services.boxes, session, transfer),
       lifeCycle_(
           {window, Timer1, Label11, chkGraphicDisplay, SplashFrame, dynImage, Output[TexturePane], Text8},
-          services.screen, services.boxes, session, {viewer_, viewport_, layout_, splash_, disclaimer}) {}
+          services.screen, services.boxes, session,
+          {viewer_, viewport_, layout_, splash_, disclaimer, recovery}) {}
 
 } // namespace pelrath

@@ -18,6 +18,7 @@
 #include "platform/busy_sign.hpp"
 #include "platform/file_associations.hpp"
 #include "platform/screen.hpp"
+#include "transfer/insertion_recovery.hpp"
 #include "transfer/texture_extraction_insertion.hpp"
 
 namespace pelrath {
@@ -48,6 +49,7 @@ public:
     /// The layout pass as it runs before the window is first shown.
     void layOut() { layout_.Form_Resize(); }
 
+    InsertionRecovery recovery;
     Disclaimer disclaimer;
     FolderSelection folders;
     TextureExtractionInsertion transfer;

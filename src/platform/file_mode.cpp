@@ -5,6 +5,7 @@
 #include <cerrno>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace pelrath {
 
@@ -15,7 +16,9 @@ FileMode fileMode(const InputFile& file) {
 }
 
 void setFileMode(const InputFile& file, FileMode mode) {
-    if (::fchmod(file.handle(), mode) != 0) throw makeSystemError(errno, "setFileMode", file.path());
+    // A file system that keeps no permissions may have nothing to flush.
+    if (::fchmod(file.handle(), mode) != 0 || (::fsync(file.handle()) != 0 && errno != EINVAL))
+        throw makeSystemError(errno, "setFileMode", file.path());
 }
 
 bool isReadOnly(FileMode mode) { return (mode & S_IWUSR) == 0; }

@@ -10,6 +10,7 @@ namespace pelrath {
 using FileMode = unsigned;
 
 [[nodiscard]] FileMode fileMode(const InputFile& file);
+/// Flushed.
 void setFileMode(const InputFile& file, FileMode mode);
 
 [[nodiscard]] bool isReadOnly(FileMode mode);

@@ -1,13 +1,17 @@
 #include "transfer/held_archive.hpp"
 
-#include "platform/file_patch.hpp"
+#include "platform/runtime_error.hpp"
+#include "platform/text.hpp"
+#include "transfer/level_bytes.hpp"
+
+#include <algorithm>
 
 namespace pelrath {
 
 std::shared_ptr<const InputFile> HeldArchive::file() {
     if (!file_) {
         file_ = std::make_shared<const InputFile>(
-            session_.archiveFile.open(session_.archivePath, session_.archive));
+            session_.archiveFile.open(session_.archivePath, session_.archive, LockKind::Exclusive));
     }
     return file_;
 }
@@ -16,16 +20,99 @@ ArchiveContents HeldArchive::requireTables() {
     return session_.archiveFile.requireTables(*file(), session_.archive);
 }
 
-void HeldArchive::overwrite(std::uint64_t offset, Bytes bytes) {
-    const InputFile& archive = *file();
-    session_.archiveFile.requireInPlace(archive);
+void HeldArchive::noteMode(FileMode before) {
+    record_.mode = before;
+    modeNoted_ = true;
+    note();
+}
+
+void HeldArchive::note() {
+    if (!journal_) {
+        record_.archivePath = session_.archivePath;
+        record_.textureName =
+            session_.archive.textures.at(static_cast<std::size_t>(session_.selectedTexture)).name;
+        record_.archive = file()->identity();
+        record_.tables = tablesChecksum(session_.archive);
+        journal_.emplace(session_.programFolder, record_.archive);
+    }
+    journal_->note(record_);
+}
+
+void HeldArchive::overwriteLevels(const std::vector<LevelBytes>& levels) {
+    std::vector<LevelBytes> old = levels;
+    for (LevelBytes& level : old) {
+        file()->readAt(static_cast<std::uint64_t>(level.dataOffset), level.data);
+    }
+    if (!modeNoted_) record_.mode = fileMode(*file());
+    record_.levels = levels;
+    std::size_t begun = 0;
     try {
-        overwriteWholly(archive, offset, bytes);
+        note();
+        for (const LevelBytes& level : levels) {
+            session_.archiveFile.requireInPlace(*file());
+            ++begun;
+            overwriteOne(level);
+        }
     } catch (...) {
-        session_.archiveFile.bringUpToDate(archive);
+        putBack(std::span{old}.first(begun));
+        forgetLevels();
         throw;
     }
-    session_.archiveFile.bringUpToDate(archive);
+}
+
+void HeldArchive::overwriteOne(const LevelBytes& level) {
+    try {
+        writeArchiveBytes(*file(), level.dataOffset + 1, level.data);
+    } catch (...) {
+        session_.archiveFile.bringUpToDate(*file());
+        throw;
+    }
+    session_.archiveFile.bringUpToDate(*file());
+}
+
+// Levels may share bytes: each gets back what it had before the first one was written.
+void HeldArchive::putBack(std::span<const LevelBytes> old) {
+    try {
+        for (const LevelBytes& level : old) {
+            putBackOne(level);
+        }
+    } catch (const RuntimeError& error) {
+        torn_ = true;
+        throw RuntimeError{
+            error.number(), "putBack",
+            error.description() + ". Neither could the old data be put back: the texture \"" +
+                visibleText(record_.textureName) +
+                "\" is damaged until the insertion can be completed. The program tries to when it "
+                "is started again"};
+    }
+}
+
+// No more than what differs: where the write was refused, one of the rest would be as well.
+void HeldArchive::putBackOne(const LevelBytes& old) {
+    std::vector<std::byte> now(old.data.size());
+    file()->readAt(static_cast<std::uint64_t>(old.dataOffset), now);
+    const auto [from, unused] = std::mismatch(old.data.begin(), old.data.end(), now.begin());
+    if (from == old.data.end()) return;
+    const auto [last, also] = std::mismatch(old.data.rbegin(), old.data.rend(), now.rbegin());
+    overwriteOne({old.dataOffset + (from - old.data.begin()), {from, last.base()}});
+}
+
+void HeldArchive::forgetLevels() {
+    record_.levels.clear();
+    if (modeNoted_) {
+        note();
+    } else if (journal_) {
+        journal_->remove();
+    }
+}
+
+void HeldArchive::finish(bool modeIsOwed) {
+    if (!journal_ || torn_) return;
+    if (!modeIsOwed) {
+        journal_->remove();
+    } else if (!record_.levels.empty()) {
+        forgetLevels();
+    }
 }
 
 } // namespace pelrath

@@ -1,32 +1,57 @@
 #pragma once
 
+#include "archive/journal.hpp"
 #include "session/session.hpp"
 
-#include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
+#include <vector>
 
 namespace pelrath {
 
-/// The session's archive for one insertion: opened and checked when it is first needed, and that file held
-/// until this goes. What takes its place meanwhile is never read, copied, changed or written into.
+/// The session's archive for one insertion: opened, locked and checked when it is first needed, and that file
+/// held until this goes. What takes its place meanwhile is never read, copied, changed or written into. A
+/// journal is there from before its first change on; where the program ends before finish(), the journal
+/// outlives it, and the insertion is completed or given up when it is found.
 class HeldArchive {
 public:
     explicit HeldArchive(Session& session) : session_(session) {}
 
     [[nodiscard]] const Session& session() const { return session_; }
 
-    /// Who keeps it keeps the file open. ArchiveRefused where it is not the file that was read.
+    /// Who keeps it keeps the file open and locked. ArchiveRefused where it is not the file that was read, or
+    /// another copy of the program uses it.
     [[nodiscard]] std::shared_ptr<const InputFile> file();
     /// The file's tables, read again. ArchiveRefused where its levels must not be overwritten: it is not, or
     /// no longer, the file that was read, or its path does not lead to it any more.
     ArchiveContents requireTables();
-    /// Writes over a level's bytes, all of them or none (see overwriteWholly()), flushed. ArchiveRefused as
-    /// above, as far as it shows without reading. The session knows the file as it then is.
-    void overwrite(std::uint64_t offset, Bytes bytes);
+
+    /// To be called before the file is made writable: its permissions, to be given back, are in the journal
+    /// then.
+    void noteMode(FileMode before);
+    /// Writes over the levels' bytes, in their order, each with one open, one write and one flush. Afterwards
+    /// all are new, or, when it fails, all as they were: the session knows the file as it then is. Where even
+    /// that fails, the failure says so, and the journal stays. ArchiveRefused as above, as far as it shows
+    /// without reading.
+    void overwriteLevels(const std::vector<LevelBytes>& levels);
+    /// Ends the journal: nothing is left to be done, or only the permissions are still to be given back.
+    void finish(bool modeIsOwed);
 
 private:
+    void note();
+    void overwriteOne(const LevelBytes& level);
+    void putBack(std::span<const LevelBytes> old);
+    void putBackOne(const LevelBytes& old);
+    /// The levels are as they were, for good: from now on the journal is about the permissions alone.
+    void forgetLevels();
+
     Session& session_;
     std::shared_ptr<const InputFile> file_;
+    std::optional<Journal> journal_;
+    JournalRecord record_;
+    bool modeNoted_ = false;
+    bool torn_ = false;
 };
 
 } // namespace pelrath

@@ -1,24 +1,9 @@
 #include "transfer/level_writer.hpp"
 
 #include "archive/table_places.hpp"
-#include "platform/files.hpp"
 #include "platform/runtime_error.hpp"
 
 namespace pelrath {
-
-std::vector<std::byte> readFileBytes(const std::string& path, std::int64_t position, std::int64_t size) {
-    const InputFile file{path};
-    const auto offset = static_cast<std::uint64_t>(position - 1);
-    const auto length = static_cast<std::uint64_t>(size);
-    if (offset > file.size() || length > file.size() - offset) throw SourceTooShort{path};
-    std::vector<std::byte> bytes(static_cast<std::size_t>(length));
-    file.readAt(offset, bytes);
-    return bytes;
-}
-
-void writeArchiveBytes(HeldArchive& archive, std::int64_t position, const std::vector<std::byte>& bytes) {
-    archive.overwrite(static_cast<std::uint64_t>(position - 1), bytes);
-}
 
 void LevelWriter::readMipmapLevels(const std::string& sourcePath, std::int16_t textureIndex, bool chained,
                                    std::int16_t selectedLevel) {
@@ -42,7 +27,7 @@ void LevelWriter::readMipmapLevels(const std::string& sourcePath, std::int16_t t
 
 void LevelWriter::checkArchive() const {
     const ArchiveContents contents = archive_.requireTables();
-    for (const HeldLevel& level : held_) {
+    for (const LevelBytes& level : held_) {
         if (!touchesTables(contents, level.dataOffset, static_cast<std::int64_t>(level.data.size())))
             continue;
         throw ArchiveRefused{static_cast<int>(ErrorNumber::PathFileAccess), "checkArchive",
@@ -54,10 +39,8 @@ void LevelWriter::checkArchive() const {
 
 std::int16_t LevelWriter::writeHeldLevels() {
     checkArchive();
-    for (const HeldLevel& level : held_) {
-        writeArchiveBytes(archive_, level.dataOffset + 1, level.data);
-        ++written_;
-    }
+    archive_.overwriteLevels(held_);
+    written_ = held();
     return written_;
 }
 

@@ -1,33 +1,13 @@
 #pragma once
 
-#include "archive/dds_export.hpp"
 #include "transfer/held_archive.hpp"
+#include "transfer/level_bytes.hpp"
 
-#include <cstddef>
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace pelrath {
-
-/// Where a DDS file's level data begins, as readFileBytes() counts.
-inline constexpr std::int64_t firstLevelPosition = ddsHeaderSize + 1;
-
-/// A file ends before the level data that is to be read from it.
-class SourceTooShort : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
-/// `size` bytes from the 1-based `position` of a file, which is opened for this one read. SourceTooShort
-/// where it does not have them.
-[[nodiscard]] std::vector<std::byte> readFileBytes(const std::string& path, std::int64_t position,
-                                                   std::int64_t size);
-
-/// Writes the bytes over those at the 1-based `position` of the archive, as HeldArchive::overwrite() does.
-/// Never changes the archive's length.
-void writeArchiveBytes(HeldArchive& archive, std::int64_t position, const std::vector<std::byte>& bytes);
 
 /// Copies level data from DDS files over that of the archive, for one insertion. Every byte is read
 /// and held before the first one is written. Levels are given by index, a texture by its index too.
@@ -43,9 +23,9 @@ public:
     void readMipmapLevels(const std::string& sourcePath, std::int16_t textureIndex, bool chained,
                           std::int16_t selectedLevel);
 
-    /// Writes what is held, in the order in which it was read, and answers written(). ArchiveRefused,
-    /// before the first write, where the archive is no longer the file that was read or a level's place is
-    /// not its own.
+    /// Writes what is held, in the order in which it was read, all of it or, when it fails, nothing
+    /// (HeldArchive::overwriteLevels()), and answers written(). ArchiveRefused, before the first write, where
+    /// the archive is no longer the file that was read or a level's place is not its own.
     std::int16_t writeHeldLevels();
 
     /// Both: copies the levels and answers how many were written.
@@ -53,18 +33,14 @@ public:
                                    std::int16_t selectedLevel);
 
     [[nodiscard]] std::int16_t held() const { return static_cast<std::int16_t>(held_.size()); }
-    /// How many levels the archive has got so far, also after a failure.
+    /// How many levels the archive has got.
     [[nodiscard]] std::int16_t written() const { return written_; }
 
 private:
-    struct HeldLevel {
-        std::int64_t dataOffset;
-        std::vector<std::byte> data;
-    };
     void checkArchive() const;
 
     HeldArchive& archive_;
-    std::vector<HeldLevel> held_;
+    std::vector<LevelBytes> held_;
     std::int16_t written_ = 0;
 };
 

@@ -8,7 +8,7 @@ bool ReadOnlyArchive::handleReadOnlyArchive(Action action, HeldArchive& archive,
     bool proceed = true;
     const bool done = attempt(boxes_, {"", "CDDS Attributes Error : "}, [&] {
         if (action == BeforeWriting) {
-            proceed = makeWritable(archive.file(), summary);
+            proceed = makeWritable(archive, summary);
         } else {
             restore(summary);
         }
@@ -16,20 +16,21 @@ bool ReadOnlyArchive::handleReadOnlyArchive(Action action, HeldArchive& archive,
     return proceed && (done || action == AfterWriting);
 }
 
-bool ReadOnlyArchive::makeWritable(const std::shared_ptr<const InputFile>& archive, std::string& summary) {
-    const FileMode before = fileMode(*archive);
+bool ReadOnlyArchive::makeWritable(HeldArchive& archive, std::string& summary) {
+    const std::shared_ptr<const InputFile> file = archive.file();
+    const FileMode before = fileMode(*file);
     if (!isReadOnly(before)) return true;
-    const BoxAnswer answer =
-        boxes_.show(archive->path() +
-                        " is Read Only.\r\n\r\n- Select Ok to make it writable and perform the insertion,\r\n"
-                        "- Select Cancel to abort the insertion.",
-                    "CDDS is read only", BoxIcon::Question, BoxButtons::OkCancel);
+    const BoxAnswer answer = boxes_.show(
+        file->path() + " is Read Only.\r\n\r\n- Select Ok to make it writable and perform the insertion,\r\n"
+                       "- Select Cancel to abort the insertion.",
+        "CDDS is read only", BoxIcon::Question, BoxButtons::OkCancel);
     if (answer == BoxAnswer::Cancel) {
         madeWritable_.reset();
         return false;
     }
-    setFileMode(*archive, writable(before));
-    madeWritable_ = {archive, before};
+    archive.noteMode(before);
+    setFileMode(*file, writable(before));
+    madeWritable_ = {file, before};
     summary += "CDDS Attributes changed to Read Write\r\n";
     return true;
 }

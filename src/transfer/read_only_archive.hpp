@@ -24,8 +24,11 @@ public:
     /// `AfterWriting`.
     bool handleReadOnlyArchive(Action action, HeldArchive& archive, std::string& summary);
 
+    /// An archive still has not got its permissions back.
+    [[nodiscard]] bool owesMode() const { return madeWritable_.has_value(); }
+
 private:
-    bool makeWritable(const std::shared_ptr<const InputFile>& archive, std::string& summary);
+    bool makeWritable(HeldArchive& archive, std::string& summary);
     void restore(std::string& summary);
 
     struct MadeWritable {

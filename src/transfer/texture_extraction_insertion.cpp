@@ -22,8 +22,9 @@ TextureExtractionInsertion::TextureExtractionInsertion(Session& session, const T
                   state_, {facade_, images_, saveOptions_, libraryUse_}, editor_),
       safeCopy_({chkSaveCdds, txtCDDSBackupFolder}, boxes_, session, state_, services.chooseSafeCopyFolder,
                 services.busy),
-      readOnly_(boxes_), imageInsertion_({List1, lstScaleFilter, ExtractSummary}, boxes_, session, state_,
-                                         {facade_, images_, saveOptions_, libraryUse_}, safeCopy_, readOnly_),
+      readOnly_(boxes_), recovery_(services.recovery),
+      imageInsertion_({List1, lstScaleFilter, ExtractSummary}, boxes_, session, state_,
+                      {facade_, images_, saveOptions_, libraryUse_}, safeCopy_, readOnly_),
       bazarTempCopy_(boxes_, session, {facade_, images_, saveOptions_, libraryUse_}),
       ddsInsertion_({List1, chkDestination, ExtractSummary}, boxes_, session, state_, safeCopy_, readOnly_,
                     imageInsertion_, bazarTempCopy_) {
@@ -64,12 +65,14 @@ void TextureExtractionInsertion::cmdExtractInsert_Click() {
 }
 
 void TextureExtractionInsertion::insert() {
+    recovery_.look();
     HeldArchive archive{session_};
     if (state_.imageFileKind == ImageFileKind::Dds) {
         ddsInsertion_.insertFromDdsFiles(archive);
     } else {
         imageInsertion_.performSimpleImageInsertion(state_.imageFileKind, archive);
     }
+    attempt(boxes_, {"", "Insertion Journal Error : "}, [&] { archive.finish(readOnly_.owesMode()); });
 }
 
 void TextureExtractionInsertion::extract() {

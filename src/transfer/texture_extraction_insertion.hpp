@@ -14,6 +14,7 @@
 #include "transfer/file_kind_rules.hpp"
 #include "transfer/image_insertion.hpp"
 #include "transfer/image_library_use.hpp"
+#include "transfer/insertion_recovery.hpp"
 #include "transfer/read_only_archive.hpp"
 #include "transfer/resolution_list.hpp"
 #include "transfer/safe_copy.hpp"
@@ -31,6 +32,7 @@ struct TransferServices {
     FileAssociations& associations;
     ChooseFolder chooseBazarTempFolder;
     ChooseFolder chooseSafeCopyFolder;
+    InsertionRecovery& recovery;
     BusySign* busy = nullptr; ///< none: long work is not shown
     LibraryFunctions library = imageLibrary();
 };
@@ -71,6 +73,7 @@ private:
     TextureExtraction extraction_;
     SafeCopy safeCopy_;
     ReadOnlyArchive readOnly_;
+    InsertionRecovery& recovery_;
     ImageInsertion imageInsertion_;
     BazarTempCopy bazarTempCopy_;
     DdsInsertion ddsInsertion_;

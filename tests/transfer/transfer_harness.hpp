@@ -81,7 +81,7 @@ inline Step filter(int index) {
 struct TransferHarness {
     explicit TransferHarness(const LibraryFunctions& library = imageLibrary())
         : dialog(session, {boxes, windows, associations, [this] { chooseBazarTempFolder(); },
-                           [this] { chooseSafeCopyFolder(); }, &sign, library}) {
+                           [this] { chooseSafeCopyFolder(); }, recovery, &sign, library}) {
         for (const char* name : {"out", "copies", "bazar", "program"}) {
             std::filesystem::create_directory(folder.file(name));
         }
@@ -191,6 +191,7 @@ struct TransferHarness {
     RecordingSign sign;
     Window owner;
     std::function<void()> chooseBazarTempFolder = [] {}, chooseSafeCopyFolder = [] {};
+    InsertionRecovery recovery{boxes, session.programFolder};
     TextureExtractionInsertion dialog;
 };
 

@@ -1,0 +1,164 @@
+#include "archive/journal_record.hpp"
+
+#include <cstring>
+#include <string_view>
+#include <type_traits>
+
+#include <zlib.h>
+
+namespace pelrath {
+
+namespace {
+
+constexpr std::string_view magic = "PELRATHJ";
+constexpr std::uint32_t format = 1;
+
+std::uint32_t checksum(Bytes bytes) {
+    return static_cast<std::uint32_t>(
+        ::crc32_z(0, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()));
+}
+
+class Writing {
+public:
+    template <class Number>
+    void number(Number value) {
+        static_assert(std::is_integral_v<Number>);
+        block(std::as_bytes(std::span{&value, 1}));
+    }
+    void block(Bytes bytes) { bytes_.insert(bytes_.end(), bytes.begin(), bytes.end()); }
+    void counted(Bytes bytes) {
+        number(std::uint64_t{bytes.size()});
+        block(bytes);
+    }
+    void text(std::string_view text) { counted(std::as_bytes(std::span{text})); }
+
+    [[nodiscard]] const std::vector<std::byte>& bytes() const { return bytes_; }
+
+private:
+    std::vector<std::byte> bytes_;
+};
+
+/// What is read past the end is zero or empty, and fails the whole.
+class Reading {
+public:
+    explicit Reading(Bytes bytes) : rest_(bytes) {}
+
+    template <class Number>
+    Number number() {
+        Number value{};
+        const Bytes bytes = block(sizeof value);
+        if (!bytes.empty()) std::memcpy(&value, bytes.data(), sizeof value);
+        return value;
+    }
+    Bytes block(std::uint64_t size) {
+        if (size > rest_.size()) {
+            failed_ = true;
+            rest_ = {};
+            return {};
+        }
+        const Bytes bytes = rest_.first(static_cast<std::size_t>(size));
+        rest_ = rest_.subspan(bytes.size());
+        return bytes;
+    }
+    Bytes counted() { return block(number<std::uint64_t>()); }
+    std::string text() {
+        const Bytes bytes = counted();
+        return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+    }
+
+    [[nodiscard]] bool atEnd() const { return !failed_ && rest_.empty(); }
+    [[nodiscard]] bool failed() const { return failed_; }
+
+private:
+    Bytes rest_;
+    bool failed_ = false;
+};
+
+void write(Writing& out, const FileIdentity& identity) {
+    out.number(identity.device);
+    out.number(identity.inode);
+    out.number(identity.size);
+    out.number(identity.modified);
+    out.number(identity.statusChanged);
+    out.number(identity.born);
+}
+
+FileIdentity readIdentity(Reading& in) {
+    FileIdentity identity;
+    identity.device = in.number<std::uint64_t>();
+    identity.inode = in.number<std::uint64_t>();
+    identity.size = in.number<std::uint64_t>();
+    identity.modified = in.number<std::int64_t>();
+    identity.statusChanged = in.number<std::int64_t>();
+    identity.born = in.number<std::int64_t>();
+    return identity;
+}
+
+std::vector<LevelBytes> readLevels(Reading& in) {
+    std::vector<LevelBytes> levels;
+    // A wrong count ends with the bytes.
+    for (auto count = in.number<std::uint32_t>(); count > 0 && !in.failed(); --count) {
+        const auto at = in.number<std::int64_t>();
+        const Bytes data = in.counted();
+        levels.push_back({at, {data.begin(), data.end()}});
+    }
+    return levels;
+}
+
+} // namespace
+
+std::uint32_t tablesChecksum(const CddsArchive& catalogue) {
+    Writing out;
+    out.number(static_cast<std::uint32_t>(catalogue.type));
+    for (const TextureRecord& texture : catalogue.textures) {
+        out.text(texture.name);
+        out.text(texture.fourCC);
+        out.number(texture.mipmapCount);
+        for (const MipmapRecord& level : texture.mipmaps) {
+            for (const std::int32_t value : {level.dataOffset, level.dataSize, level.width, level.height}) {
+                out.number(value);
+            }
+        }
+    }
+    return checksum(out.bytes());
+}
+
+std::vector<std::byte> encodeJournal(const JournalRecord& record) {
+    Writing out;
+    out.block(std::as_bytes(std::span{magic}));
+    out.number(format);
+    out.text(record.archivePath);
+    out.text(record.textureName);
+    write(out, record.archive);
+    out.number(record.tables);
+    out.number(std::uint32_t{record.mode});
+    out.number(static_cast<std::uint32_t>(record.levels.size()));
+    for (const LevelBytes& level : record.levels) {
+        out.number(level.dataOffset);
+        out.counted(level.data);
+    }
+    out.number(checksum(out.bytes()));
+    return out.bytes();
+}
+
+std::optional<JournalRecord> decodeJournal(Bytes bytes) {
+    constexpr std::size_t sumSize = sizeof(std::uint32_t);
+    if (bytes.size() < sumSize) return std::nullopt;
+    const Bytes summed = bytes.first(bytes.size() - sumSize);
+    if (Reading{bytes.last(sumSize)}.number<std::uint32_t>() != checksum(summed)) return std::nullopt;
+    Reading in{summed};
+    const Bytes letters = in.block(magic.size());
+    if (letters.empty() || std::memcmp(letters.data(), magic.data(), magic.size()) != 0) return std::nullopt;
+    if (in.number<std::uint32_t>() != format) return std::nullopt;
+    JournalRecord record;
+    record.archivePath = in.text();
+    record.textureName = in.text();
+    record.archive = readIdentity(in);
+    record.tables = in.number<std::uint32_t>();
+    record.mode = in.number<std::uint32_t>();
+    record.levels = readLevels(in);
+    if (!in.atEnd()) return std::nullopt;
+    return record;
+}
+
+} // namespace pelrath

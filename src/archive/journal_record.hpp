@@ -1,0 +1,45 @@
+#pragma once
+
+#include "archive/catalogue.hpp"
+#include "platform/file_identity.hpp"
+#include "platform/file_mode.hpp"
+#include "platform/files.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pelrath {
+
+/// New bytes of one level.
+struct LevelBytes {
+    std::int64_t dataOffset; ///< absolute 0-based position in the archive
+    std::vector<std::byte> data;
+    bool operator==(const LevelBytes&) const = default;
+};
+
+/// What an insertion is about to do to an archive: enough to do it again from any point on.
+struct JournalRecord {
+    std::string archivePath;
+    std::string textureName;
+    FileIdentity archive;           ///< before the first write
+    std::uint32_t tables = 0;       ///< tablesChecksum() of its catalogue
+    FileMode mode = 0;              ///< the permissions that it has before and is to have afterwards
+    std::vector<LevelBytes> levels; ///< none: nothing is to be written, only the permissions have changed
+    bool operator==(const JournalRecord&) const = default;
+};
+
+/// The same for two catalogues whose textures and levels have the same names, types, sizes and places.
+[[nodiscard]] std::uint32_t tablesChecksum(const CddsArchive& catalogue);
+
+/// The record as it stands in a file: the eight letters "PELRATHJ", the format's number, the fields in the
+/// order above, each number in 32 or 64 bits, little-endian, each text and block behind its length, and
+/// at the end the CRC-32 of all before it.
+[[nodiscard]] std::vector<std::byte> encodeJournal(const JournalRecord& record);
+
+/// Nothing where the bytes are no whole record, or of another format.
+[[nodiscard]] std::optional<JournalRecord> decodeJournal(Bytes bytes);
+
+} // namespace pelrath

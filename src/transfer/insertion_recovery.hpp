@@ -1,0 +1,28 @@
+#pragma once
+
+#include "archive/recovery.hpp"
+#include "platform/message_boxes.hpp"
+
+#include <set>
+#include <string>
+
+namespace pelrath {
+
+/// Completes or gives up insertions that were interrupted, and tells in one message what was found.
+class InsertionRecovery {
+public:
+    /// The program folder belongs to the caller and is looked at in each call.
+    InsertionRecovery(MessageBoxes& boxes, const std::string& programFolder)
+        : boxes_(boxes), programFolder_(programFolder) {}
+
+    /// Is to come before an archive is read or written. What can neither be completed nor given up is told
+    /// once.
+    void look();
+
+private:
+    MessageBoxes& boxes_;
+    const std::string& programFolder_;
+    std::set<std::string> told_; ///< journals
+};
+
+} // namespace pelrath

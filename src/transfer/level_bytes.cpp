@@ -1,0 +1,21 @@
+#include "transfer/level_bytes.hpp"
+
+#include "platform/file_patch.hpp"
+
+namespace pelrath {
+
+std::vector<std::byte> readFileBytes(const std::string& path, std::int64_t position, std::int64_t size) {
+    const InputFile file{path};
+    const auto offset = static_cast<std::uint64_t>(position - 1);
+    const auto length = static_cast<std::uint64_t>(size);
+    if (offset > file.size() || length > file.size() - offset) throw SourceTooShort{path};
+    std::vector<std::byte> bytes(static_cast<std::size_t>(length));
+    file.readAt(offset, bytes);
+    return bytes;
+}
+
+void writeArchiveBytes(const InputFile& archive, std::int64_t position, Bytes bytes) {
+    overwrite(archive, static_cast<std::uint64_t>(position - 1), bytes);
+}
+
+} // namespace pelrath

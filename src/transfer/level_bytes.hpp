@@ -1,0 +1,33 @@
+#pragma once
+
+#include "archive/dds_export.hpp"
+#include "platform/files.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+/// Bytes of levels in files. Positions are 1-based.
+namespace pelrath {
+
+/// Where a DDS file's level data begins.
+inline constexpr std::int64_t firstLevelPosition = ddsHeaderSize + 1;
+
+/// A file ends before the level data that is to be read from it.
+class SourceTooShort : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// `size` bytes from the position of a file, which is opened for this one read. SourceTooShort where it does
+/// not have them.
+[[nodiscard]] std::vector<std::byte> readFileBytes(const std::string& path, std::int64_t position,
+                                                   std::int64_t size);
+
+/// Writes the bytes over those at the position of the archive, as overwrite() does. Never changes the
+/// archive's length.
+void writeArchiveBytes(const InputFile& archive, std::int64_t position, Bytes bytes);
+
+} // namespace pelrath

@@ -1,0 +1,160 @@
+#include "archive/journal.hpp"
+#include "platform/file_lock.hpp"
+#include "transfer_harness.hpp"
+
+namespace pelrath::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// An insertion of two levels into a read-only archive, at whose end the program has died: the levels are
+/// new, the archive can still be written, the journal is there.
+struct InterruptedInsertion : TransferHarness {
+    InterruptedInsertion() {
+        open({CddsType::TypeCdds, {chainOf("wall.bmp", "DXT1", 4, 4)}});
+        before = archive();
+        fs::permissions(path, fs::perms{0444});
+    }
+    /// Dies with its permissions changed only, or with its levels written as well.
+    void die(bool written = true) {
+        HeldArchive held{session};
+        held.noteMode(0444);
+        fs::permissions(path, fs::perms{0644});
+        if (written) held.overwriteLevels({newLevel(0), newLevel(2)});
+        after = archive();
+    }
+    [[nodiscard]] LevelBytes newLevel(std::size_t level) const {
+        return {chosen().mipmaps[level].dataOffset, std::vector<std::byte>(8, std::byte{'n'})};
+    }
+    void write(const std::string& bytes) const { (void)folder.write("a.cdds", bytes); }
+    [[nodiscard]] std::string journal() const { return "program/" + folder.names("program").at(0); }
+    [[nodiscard]] unsigned permitted() const { return static_cast<unsigned>(fs::status(path).permissions()); }
+
+    std::string path = folder.file("a.cdds"), before, after;
+};
+
+TEST(Recovery, CompletesOrGivesUpWhatWasInterrupted) {
+    using Case = InterruptedInsertion;
+    const auto tornAtTheEnd = [](Case& at) { at.write(at.after.substr(0, at.after.size() - 4) + "old!"); };
+    const char* const beginning = "The insertion of the texture \"wall.bmp\" into ";
+    const char* const completed =
+        " was interrupted. It has been completed now: all its 2 levels have the new "
+        "data. The archive is read only again.";
+    const char* const nothing =
+        " was interrupted before anything was written. Please insert the texture again.";
+    const char* const kept = " was interrupted and cannot be completed: ";
+    // What happens behind the program's end; the words that are told behind the archive's path, if any;
+    // whether the levels are all new or the file is as it was found; the permissions; whether the journal is
+    // still there.
+    struct Row {
+        const char* name;
+        bool written;
+        std::function<void(Case&)> happens;
+        const char* told;
+        bool levelsNew;
+        unsigned mode;
+        bool journalStays;
+    };
+    std::optional<InputFile> living;
+    const Row rows[] = {
+        {"nothing", true, [](Case&) {}, completed, true, 0444, false},
+        {"no level has reached the disk", true, [](Case& at) { at.write(at.before); }, completed, true, 0444,
+         false},
+        {"a level is torn", true, tornAtTheEnd, completed, true, 0444, false},
+        {"somebody made it read-only again", true,
+         [](Case& at) { at.write(at.before), fs::permissions(at.path, fs::perms{0444}); },
+         " was interrupted. It has been completed now: all its 2 levels have the new data.", true, 0444,
+         false},
+        {"only the permissions had changed", false, [](Case&) {},
+         " was interrupted before anything was written. Please insert the texture again. The archive is read "
+         "only again.",
+         false, 0444, false},
+        {"permissions, and another archive stands there", false,
+         [](Case& at) { at.replaceByATwin(), fs::permissions(at.path, fs::perms{0600}); }, nothing, false,
+         0600, false},
+        {"a twin stands in its place", true, [](Case& at) { at.replaceByATwin(); }, kept, false, 0644, true},
+        {"other tables", true, [](Case& at) { at.write("cdds" + std::string(at.before.size() - 4, '\0')); },
+         kept, false, 0644, true},
+        {"longer", true, [](Case& at) { at.write(at.after + "x"); }, kept, false, 0644, true},
+        {"gone", true, [](Case& at) { fs::rename(at.path, at.path + "~"); }, kept, false, 0, true},
+        {"half a journal", true,
+         [](Case& at) {
+             at.write(at.before);
+             fs::resize_file(at.folder.file(at.journal()), 100);
+         },
+         nullptr, false, 0644, false},
+        {"the program lives", true,
+         [&](Case& at) {
+             at.write(at.before);
+             living.emplace(at.path);
+             EXPECT_EQ(tryLock(living->handle(), LockKind::Exclusive), LockAnswer::Held);
+         },
+         nullptr, false, 0644, true},
+    };
+    for (const Row& row : rows) {
+        InterruptedInsertion at;
+        at.die(row.written);
+        row.happens(at);
+        const std::string found = at.archive();
+        at.recovery.look();
+        const std::vector<ShownBox> shown = at.boxes.take();
+        ASSERT_EQ(shown.size(), row.told == nullptr ? 0U : 1U) << row.name;
+        if (row.told != nullptr) {
+            const std::string start = beginning + at.path + row.told;
+            EXPECT_EQ(shown[0].text.substr(0, row.told == kept ? start.size() : std::string::npos), start)
+                << row.name;
+            EXPECT_EQ(shown[0].title, "Pelrath - Interrupted insertion");
+        }
+        EXPECT_TRUE(at.archive() == (row.levelsNew ? at.after : found)) << row.name;
+        EXPECT_TRUE(row.mode == 0 || at.permitted() == row.mode) << row.name;
+        EXPECT_EQ(at.files("program").empty(), !row.journalStays) << row.name;
+        at.recovery.look(); // tells no more than what is new
+        living.reset();
+    }
+}
+
+TEST(Recovery, ComesBeforeTheNextInsertionWhichIsRefusedWhereItFails) {
+    InterruptedInsertion at;
+    at.die();
+    at.extract({embedded});
+    at.write(at.after.substr(0, at.after.size() - 4) + "old!");
+    {
+        const FullDisk full{at.after.size() - 4};
+        EXPECT_EQ(at.insert({withoutSafeCopy}), "Insertion canceled.");
+        const std::vector<ShownBox> shown = at.boxes.take();
+        ASSERT_EQ(shown.size(), 2U);
+        EXPECT_NE(shown[0].text.find("cannot be completed: Overflow"), std::string::npos) << shown[0];
+        EXPECT_EQ(shown[1].title, "Pelrath - Insertion refused");
+    }
+    EXPECT_EQ(at.insert({withoutSafeCopy}), "Insertion canceled.");
+    const std::vector<ShownBox> shown = at.boxes.take();
+    ASSERT_EQ(shown.size(), 2U);
+    EXPECT_NE(shown[0].text.find("It has been completed now"), std::string::npos) << shown[0];
+    EXPECT_NE(shown[1].text.find("Please read it again"), std::string::npos) << shown[1];
+    EXPECT_EQ(row(at.archive() == at.after, at.files("program")), "true, ");
+
+    at.rewrite(at.after);
+    at.die();
+    const std::string journal = at.folder.file(at.journal());
+    at.rewrite(at.after);
+    fs::remove(journal), fs::create_directory(journal); // one that nobody can read
+    EXPECT_EQ(at.insert({withoutSafeCopy}), "No Safe Copy of a.cdds done|0 Mipmap(s) inserted.|");
+    at.boxes.expect("an earlier insertion into "); // that it cannot be completed has been told before
+    EXPECT_TRUE(at.archive() == at.after);
+}
+
+TEST(JournalRecords, AreReadBackOnlyWhole) {
+    const JournalRecord record{"/a/ä.cdds", "wall\x01.bmp", {1, 2, 3, 4, 5, 6},
+                               7,           0444,           {{8, std::vector<std::byte>(3)}, {9, {}}}};
+    std::vector<std::byte> bytes = encodeJournal(record);
+    EXPECT_EQ(decodeJournal(bytes), record);
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        EXPECT_FALSE(decodeJournal(Bytes{bytes}.first(i))) << i;
+        bytes[i] ^= std::byte{0x10};
+        EXPECT_FALSE(decodeJournal(bytes)) << i;
+        bytes[i] ^= std::byte{0x10};
+    }
+}
+
+} // namespace
+} // namespace pelrath::test
