@@ -16,4 +16,6 @@ LockAnswer tryLock(int handle, LockKind kind) {
     return errno == EWOULDBLOCK ? LockAnswer::Taken : LockAnswer::Unknown;
 }
 
+void releaseLock(int handle) { (void)::flock(handle, LOCK_UN); }
+
 } // namespace pelrath

@@ -16,4 +16,7 @@ enum class LockAnswer {
 /// Takes the lock without waiting.
 [[nodiscard]] LockAnswer tryLock(int handle, LockKind kind);
 
+/// Gives it up while the handle, or a duplicate of it, stays open.
+void releaseLock(int handle);
+
 } // namespace pelrath

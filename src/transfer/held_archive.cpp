@@ -8,6 +8,10 @@
 
 namespace pelrath {
 
+HeldArchive::~HeldArchive() {
+    if (file_) releaseLock(file_->handle());
+}
+
 std::shared_ptr<const InputFile> HeldArchive::file() {
     if (!file_) {
         file_ = std::make_shared<const InputFile>(

@@ -17,11 +17,14 @@ namespace pelrath {
 class HeldArchive {
 public:
     explicit HeldArchive(Session& session) : session_(session) {}
+    ~HeldArchive();
+    HeldArchive(const HeldArchive&) = delete;
+    HeldArchive& operator=(const HeldArchive&) = delete;
 
     [[nodiscard]] const Session& session() const { return session_; }
 
-    /// Who keeps it keeps the file open and locked. ArchiveRefused where it is not the file that was read, or
-    /// another copy of the program uses it.
+    /// Who keeps it keeps the file open, but not the lock. ArchiveRefused where it is not the file that was
+    /// read, or another copy of the program uses it.
     [[nodiscard]] std::shared_ptr<const InputFile> file();
     /// The file's tables, read again. ArchiveRefused where its levels must not be overwritten: it is not, or
     /// no longer, the file that was read, or its path does not lead to it any more.
