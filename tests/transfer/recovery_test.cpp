@@ -143,6 +143,26 @@ TEST(Recovery, ComesBeforeTheNextInsertionWhichIsRefusedWhereItFails) {
     EXPECT_TRUE(at.archive() == at.after);
 }
 
+TEST(ArchivesInUse, AreNeitherReadNorWrittenByAnotherCopyOfTheProgram) {
+    TransferHarness h{{CddsType::TypeCdds, {chainOf("wall", "DXT1", 4, 4)}}};
+    const std::string before = h.archive(),
+                      told = " is being used by another copy of the program. Please try again";
+    h.extract({embedded});
+    for (const auto& [kind, extraction] :
+         {std::pair{LockKind::Shared, "out/wall-4x4.dds overwritten.|1 file(s) "
+                                      "extracted."},
+          std::pair{LockKind::Exclusive, "0 file(s) extracted."}}) {
+        const InputFile other{h.session.archivePath};
+        ASSERT_EQ(tryLock(other.handle(), kind), LockAnswer::Held);
+        EXPECT_EQ(h.extract({embedded, overwriting}), extraction);
+        if (kind == LockKind::Exclusive) h.boxes.expect(told.c_str());
+        EXPECT_EQ(h.insert({}), "Insertion canceled.");
+        h.boxes.expect(told.c_str());
+        EXPECT_EQ(row(h.archive() == before, h.files("copies")), "true, ");
+    }
+    EXPECT_NE(h.insert({}), "Insertion canceled.") << "the other one has gone";
+}
+
 TEST(JournalRecords, AreReadBackOnlyWhole) {
     const JournalRecord record{"/a/ä.cdds", "wall\x01.bmp", {1, 2, 3, 4, 5, 6},
                                7,           0444,           {{8, std::vector<std::byte>(3)}, {9, {}}}};
