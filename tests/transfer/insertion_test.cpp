@@ -249,6 +249,10 @@ TEST_F(TroubledInsertion, NeverWritesOverTheTables) {
 }
 
 TEST_F(TroubledInsertion, PutsAllLevelsBackWhereOneIsRefused) {
+    // Long enough for the journal to fit where the end of the archive does not.
+    open({cdds, {chainOf("other", "DXT1", 64, 64), chainOf("wall.xyz", "DXT1", 4, 4)}});
+    choose(1);
+    before = archive();
     permit(0421);
     // How many bytes of the third level's eight the disk takes, the steps, the summary's end.
     const std::tuple<std::size_t, Steps, const char*> cases[] = {
