@@ -16,7 +16,7 @@ LifeCycle::LifeCycle(const Controls& controls, const Screen& screen, MessageBoxe
       connection_(c_.Timer1.tick.connect([this] { Timer1_Timer(); })) {}
 
 void LifeCycle::Form_Load() {
-    settingsBaseName_ = joinPath(session_.programFolder, "Pelrath");
+    settingsBaseName_ = joinPath(session_.programFolder.path(), "Pelrath");
     loadSettings();
     const std::string& stored = session_.settings.extractionFolder;
     session_.exportImportFolder = stored.empty() ? stored : pathFromRoot(stored);
@@ -146,12 +146,14 @@ void LifeCycle::Form_QueryUnload() {
 }
 
 void LifeCycle::deleteTemporaryFiles() {
-    for (const char* name : {"tmp.dds", "tmp1.dds", "tmp2.dds"}) {
-        try {
-            removeFile(joinPath(session_.programFolder, name));
-        } catch (const RuntimeError&) { // nothing may keep the program from ending
-        }
+    std::string left;
+    for (const std::string& line : session_.programFolder.removeTemporaryFiles()) {
+        left += line + "\r\n";
     }
+    if (left.empty()) return;
+    boxes_.exclamation("These temporary files cannot be removed:\r\n\r\n" + left +
+                           "\r\nThe program ends all the same. Please remove them by hand.",
+                       "Pelrath - Temporary files");
 }
 
 } // namespace pelrath

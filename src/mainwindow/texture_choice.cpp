@@ -42,8 +42,9 @@ void TextureChoice::highlightLevels(std::int16_t texture) {
 }
 
 void TextureChoice::stageAndShow(std::int16_t texture) {
-    const std::string path = place_.pathFor(joinPath(session_.programFolder, "tmp.dds"));
+    std::string path;
     try {
+        path = session_.programFolder.pathFor("tmp.dds");
         dds_.writeDdsLevelFile(path, texture, 0, Durability::Scratch);
     } catch (const RuntimeError& error) {
         viewer_.showNothing(); // no other texture's picture under this one's name

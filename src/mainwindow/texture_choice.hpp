@@ -5,7 +5,6 @@
 #include "controls/list_box.hpp"
 #include "mainwindow/viewer/texture_viewer.hpp"
 #include "platform/message_boxes.hpp"
-#include "platform/staging_place.hpp"
 #include "session/session.hpp"
 
 #include <array>
@@ -34,7 +33,6 @@ private:
     TextureViewer& viewer_;
     MessageBoxes& boxes_;
     DdsExport dds_;
-    StagingPlace place_;
     Connection connection_;
 };
 

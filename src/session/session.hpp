@@ -3,6 +3,7 @@
 #include "archive/archive_file.hpp"
 #include "archive/catalogue.hpp"
 #include "mainwindow/viewer/viewer_state.hpp"
+#include "platform/working_folder.hpp"
 #include "settings/application_settings.hpp"
 
 #include <cstdint>
@@ -15,7 +16,7 @@ enum class DialogMode : std::int16_t { Insertion = 0, Extraction = 1 };
 
 /// The values that the program's windows share. Made once, in main(), and handed on by reference.
 struct Session {
-    std::string programFolder;
+    WorkingFolder programFolder;
 
     CddsArchive archive;     ///< of the last read; replaced whole
     ArchiveFile archiveFile; ///< that `archive` describes; levels are read from and written into no other

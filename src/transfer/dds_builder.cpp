@@ -3,7 +3,6 @@
 #include "platform/file_patch.hpp"
 #include "platform/files.hpp"
 #include "platform/scratch_file.hpp"
-#include "platform/staging_place.hpp"
 #include "transfer/image_copy.hpp"
 #include "transfer/level_writer.hpp"
 
@@ -14,8 +13,7 @@ bool DdsBuilder::buildWithLibraryChain(const std::string& path) { return save(pa
 bool DdsBuilder::buildScaled(const std::string& path, std::uint32_t image,
                              std::span<const MipmapRecord> levels, std::int16_t filter) {
     if (!save(path, false)) return false;
-    StagingPlace place;
-    const ScratchFile scaled{place.pathFor(joinPath(programFolder_, "tmp2.dds"))};
+    const ScratchFile scaled{programFolder_.pathFor("tmp2.dds")};
     std::int64_t position = firstLevelPosition;
     for (const MipmapRecord& level : levels) {
         const bool whole = &level == &levels.front(); // in its place already

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "archive/catalogue.hpp"
+#include "platform/working_folder.hpp"
 #include "transfer/texture_extraction.hpp"
 
 #include <cstdint>
@@ -14,7 +15,7 @@ namespace pelrath {
 class DdsBuilder {
 public:
     /// Scaled levels pass through `tmp2.dds` in the program folder.
-    DdsBuilder(const TransferImaging& imaging, const std::string& programFolder)
+    DdsBuilder(const TransferImaging& imaging, const WorkingFolder& programFolder)
         : imaging_(imaging), programFolder_(programFolder) {}
 
     /// Builds the file from the bound image, with the chain that the library makes of it.
@@ -30,7 +31,7 @@ private:
                     std::int16_t filter);
 
     TransferImaging imaging_;
-    const std::string& programFolder_;
+    const WorkingFolder& programFolder_;
 };
 
 } // namespace pelrath

@@ -37,7 +37,7 @@ void HeldArchive::note() {
             session_.archive.textures.at(static_cast<std::size_t>(session_.selectedTexture)).name;
         record_.archive = file()->identity();
         record_.tables = tablesChecksum(session_.archive);
-        journal_.emplace(session_.programFolder, record_.archive);
+        journal_.emplace(session_.programFolder.path(), record_.archive);
     }
     journal_->note(record_);
 }

@@ -29,7 +29,8 @@ void ImageInsertion::performSimpleImageInsertion(ImageFileKind kind, HeldArchive
     summary_.clear();
     showSummary();
     const std::optional<Choice> choice = choose();
-    if (choice && !mayBegin(archive)) {
+    std::optional<FolderLock> folder;
+    if (choice && !mayBegin(archive, folder)) {
         summary_ += "Insertion canceled.";
         showSummary();
         return;
@@ -51,8 +52,12 @@ std::optional<ImageInsertion::Choice> ImageInsertion::choose() const {
     return Choice{level, false, level};
 }
 
-bool ImageInsertion::mayBegin(HeldArchive& archive) {
-    if (!attemptInsertion(boxes_, [&] { archive.requireTables(); })) return false;
+bool ImageInsertion::mayBegin(HeldArchive& archive, std::optional<FolderLock>& folder) {
+    const auto begin = [&] {
+        archive.requireTables();
+        folder.emplace(session_.exportImportFolder, session_.programFolder);
+    };
+    if (!attemptInsertion(boxes_, begin)) return false;
     const bool safe = safeCopy_.makeSafeCopy(archive, summary_);
     showSummary();
     return safe;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/folder_lock.hpp"
 #include "platform/message_boxes.hpp"
 #include "session/session.hpp"
 #include "transfer/dds_builder.hpp"
@@ -40,7 +41,8 @@ private:
     };
 
     [[nodiscard]] std::optional<Choice> choose() const;
-    bool mayBegin(HeldArchive& archive);
+    /// Checks the archive, takes the folder in which a file is going to be built, and makes the safe copy.
+    bool mayBegin(HeldArchive& archive, std::optional<FolderLock>& folder);
     void insertGuarded(ImageFileKind kind, const Choice& choice, HeldArchive& archive, LevelWriter& writer);
     void insertImage(ImageFileKind kind, const Choice& choice, LevelWriter& writer);
     bool chooseFormat();

@@ -46,7 +46,7 @@ std::string textOf(const RecoveredInsertion& one) {
 
 void InsertionRecovery::look() {
     std::string text;
-    for (const RecoveredInsertion& one : recoverInsertions(programFolder_)) {
+    for (const RecoveredInsertion& one : recoverInsertions(programFolder_.path())) {
         if (one.outcome == Outcome::Kept && !told_.insert(one.journal).second) continue;
         text += (text.empty() ? "" : paragraph) + textOf(one);
     }

@@ -2,6 +2,7 @@
 
 #include "archive/recovery.hpp"
 #include "platform/message_boxes.hpp"
+#include "platform/working_folder.hpp"
 
 #include <set>
 #include <string>
@@ -12,7 +13,7 @@ namespace pelrath {
 class InsertionRecovery {
 public:
     /// The program folder belongs to the caller and is looked at in each call.
-    InsertionRecovery(MessageBoxes& boxes, const std::string& programFolder)
+    InsertionRecovery(MessageBoxes& boxes, const WorkingFolder& programFolder)
         : boxes_(boxes), programFolder_(programFolder) {}
 
     /// Is to come before an archive is read or written. What can neither be completed nor given up is told
@@ -21,7 +22,7 @@ public:
 
 private:
     MessageBoxes& boxes_;
-    const std::string& programFolder_;
+    const WorkingFolder& programFolder_;
     std::set<std::string> told_; ///< journals
 };
 

@@ -1,7 +1,6 @@
 #include "transfer/texture_extraction.hpp"
 
 #include "platform/files.hpp"
-#include "platform/staging_place.hpp"
 #include "transfer/failure_report.hpp"
 #include "transfer/image_file_name.hpp"
 
@@ -115,8 +114,7 @@ void TextureExtraction::writeImage(ImageFileKind kind) {
         summary_ = std::string{"No mipmap selected."} + lineBreak;
         return;
     }
-    StagingPlace place;
-    const std::string staged = place.pathFor(joinPath(session_.programFolder, "tmp1.dds"));
+    const std::string staged = session_.programFolder.pathFor("tmp1.dds");
     dds_.writeDdsLevelFile(staged, session_.selectedTexture, static_cast<std::int16_t>(level),
                            Durability::Scratch);
     LoadedImage image{

@@ -208,10 +208,11 @@ TEST_F(LifeCycleTest, TheCloseCleansUp) {
         ASSERT_EQ(chmod(folder.write(name, "x").c_str(), 0400), 0);
     }
     std::filesystem::create_directories(
-        folder.file("tmp2.dds/full")); // cannot be deleted: nothing comes of it
+        folder.file("tmp2.dds/full")); // cannot be deleted, which keeps nothing from ending
     std::vector<std::string> atTheEnd;
     const Connection end = main.window.unloaded.connect([&] { atTheEnd = folder.names(); });
     main.queryUnload();
+    boxes.expect("tmp2.dds");
     EXPECT_EQ(atTheEnd, (std::vector<std::string>{"Pelrath.ini", "tmp2.dds"}));
     main.queryUnload();
     main.activate();

@@ -1,6 +1,5 @@
 #include "platform/file_mode.hpp"
 #include "platform/files.hpp"
-#include "platform/staging_place.hpp"
 
 #include "support/temporary_folder.hpp"
 
@@ -66,31 +65,6 @@ TEST(Files, ReplacingKeepsTheOldPermissions) {
     removeFile(longest);
     removeFile(longest); // gone already
     EXPECT_EQ(folder.names(), std::vector<std::string>{"f"});
-}
-
-TEST(StagingPlaces, AreTheUsualOnesWhereAFileCanBePutThere) {
-    const TemporaryFolder folder;
-    std::filesystem::create_directory(folder.file("folder"));
-    ASSERT_EQ(chmod(folder.write("read-only", "x").c_str(), 0400), 0);
-    const auto before = folder.names();
-    const TemporaryFilesIn own{folder.file("own")};
-    {
-        StagingPlace place;
-        EXPECT_EQ(place.pathFor(folder.file("free")), folder.file("free"));
-        std::string path;
-        for (const std::string name : {"folder", "read-only", "missing/f"}) {
-            std::filesystem::remove_all(parentFolder(path)); // as a cleaner does during a long run
-            path = place.pathFor(folder.file(name));
-            EXPECT_TRUE(path.starts_with(folder.file("own/")) && fileName(path) == fileName(name)) << path;
-            EXPECT_EQ(static_cast<unsigned>(std::filesystem::status(parentFolder(path)).permissions()),
-                      0700U);
-            replaceFile(path, {}, Durability::Scratch);
-        }
-    }
-    EXPECT_EQ(folder.names("own"), std::vector<std::string>{});
-    std::filesystem::remove(folder.file("own"));
-    EXPECT_EQ(StagingPlace{}.pathFor(folder.file("folder")), folder.file("folder")) << "nowhere else";
-    EXPECT_EQ(folder.names(), before);
 }
 
 TEST(RuntimeErrors, NumbersAndSentences) {

@@ -147,6 +147,7 @@ TEST_F(TroubledInsertion, WorksWhereItsWorkingFilesCannotBeInTheProgramFolder) {
     EXPECT_EQ(extract({images, overwriting}), "out/wall-4x4.bmp overwritten.|1 file(s) extracted.");
     EXPECT_EQ(insert({images, withoutSafeCopy, filter(0)}),
               noCopy + "out/wall-4x4.bmp|3 mipmaps(s) inserted.");
+    EXPECT_EQ(session.programFolder.removeTemporaryFiles().size(), 2U) << "the folders in their places";
     EXPECT_EQ(files("own"), "");
 }
 

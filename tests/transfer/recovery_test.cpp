@@ -160,6 +160,11 @@ TEST(ArchivesInUse, AreNeitherReadNorWrittenByAnotherCopyOfTheProgram) {
         h.boxes.expect(told.c_str());
         EXPECT_EQ(row(h.archive() == before, h.files("copies")), "true, ");
     }
+    {
+        const FolderLock other{h.folder.file("out"), h.session.programFolder};
+        EXPECT_EQ(h.insert({images}), "Insertion canceled.") << "both would build the same file";
+        h.boxes.expect("out is in use by another running copy of this program. Please try again");
+    }
     EXPECT_NE(h.insert({}), "Insertion canceled.") << "the other one has gone";
 }
 

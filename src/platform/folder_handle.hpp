@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/file_handle.hpp"
+
+#include <string>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+/// Opened folders: what is done in one is done in that very folder, whatever its name is by now.
+namespace pelrath {
+
+/// For names in it alone, which asks for no permission to read. -1 where there is no such folder; errno says
+/// why.
+[[nodiscard]] inline FileHandle openFolder(const std::string& path) {
+    return FileHandle{::open(path.empty() ? "." : path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)};
+}
+
+/// To be read, locked and flushed as well.
+[[nodiscard]] inline FileHandle openFolderToRead(const std::string& path) {
+    return FileHandle{::open(path.empty() ? "." : path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
+}
+
+/// True where both have opened one and the same file or folder.
+[[nodiscard]] inline bool isSame(const struct stat& a, const struct stat& b) {
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+/// True where `name` in the folder is still that of what `handle` has opened.
+[[nodiscard]] inline bool hasName(int handle, int folder, const char* name) {
+    struct stat opened {};
+    struct stat named {};
+    return ::fstat(handle, &opened) == 0 && ::fstatat(folder, name, &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+           isSame(opened, named);
+}
+
+} // namespace pelrath

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/file_handle.hpp"
+#include "platform/working_folder.hpp"
+
+#include <string>
+
+namespace pelrath {
+
+/// A folder for this program alone, among its own copies, for as long as this lives: what it makes there
+/// under names that are always the same, no other copy replaces or removes.
+class FolderLock {
+public:
+    /// Takes the folder without waiting. Fails while another copy of the program has it, with a description
+    /// that says what to do. The program's own folder is had for its whole life already. A folder that is not
+    /// there, or has no locks, counts as taken: what is wrong then shows with the first file.
+    FolderLock(const std::string& folder, const WorkingFolder& own);
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+    /// False where the file system has no locks, so that others may be at work in it all the same.
+    [[nodiscard]] bool isCertain() const { return certain_; }
+
+private:
+    std::string path_;
+    FileHandle folder_;
+    bool certain_ = false;
+};
+
+} // namespace pelrath
