@@ -1,5 +1,7 @@
 #include "platform/files.hpp"
 
+#include "platform/byte_copy.hpp"
+#include "platform/folder_handle.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <cerrno>
@@ -149,22 +151,14 @@ FileReplacement::FileReplacement(const std::string& path) : finalPath_(endOfLink
         // Nothing is opened for writing here, which is what would refuse it.
         throw makeError(ErrorNumber::PermissionDenied, "FileReplacement", path);
     }
-    // A short name of its own: the final one may already be as long as a name can be.
-    path_ = joinPath(parentFolder(finalPath_), ".pelrath-XXXXXX");
-    handle_ = ::mkostemp(path_.data(), O_CLOEXEC);
+    const int error = file_.create(std::string{parentFolder(finalPath_)});
     // What is missing is the folder, as the file may well be.
-    if (handle_ < 0 && errno == ENOENT) throw makeSystemError(ENOTDIR, "FileReplacement", finalPath_);
-    if (handle_ < 0) fail("FileReplacement", finalPath_);
-}
-
-FileReplacement::~FileReplacement() {
-    if (handle_ >= 0) ::close(handle_);
-    if (!finished_) ::unlink(path_.c_str());
+    if (error != 0) throw makeSystemError(error == ENOENT ? ENOTDIR : error, "FileReplacement", finalPath_);
 }
 
 void FileReplacement::write(Bytes bytes) {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(handle_, bytes.data(), bytes.size());
+        const ssize_t written = ::write(file_.handle(), bytes.data(), bytes.size());
         if (written < 0 && errno == EINTR) continue;
         if (written <= 0) fail("FileReplacement", finalPath_);
         bytes = bytes.subspan(static_cast<std::size_t>(written));
@@ -182,18 +176,31 @@ void FileReplacement::takeOverMode() const {
         mode = 0666U & ~mask;
     }
     // Some file systems have no modes to set.
-    const bool set = ::fchmod(handle_, mode) == 0 || errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS;
+    const bool set =
+        ::fchmod(file_.handle(), mode) == 0 || errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS;
     if (!set) fail("FileReplacement", finalPath_);
+}
+
+int FileReplacement::putInPlace() {
+    const std::string name{fileName(finalPath_)};
+    const int error = file_.replace(name);
+    if (!file_.mustBeHidden(error)) return error;
+    const NewFile nameless = std::move(file_);
+    const int copied = copyToNewFile(nameless.handle(), std::string{parentFolder(finalPath_)},
+                                     NewFile::Start::Hidden, {}, file_);
+    return copied == 0 ? file_.replace(name) : copied;
 }
 
 void FileReplacement::finish(Durability durability) {
     takeOverMode();
-    if (durability == Durability::Flushed && ::fsync(handle_) != 0) fail("FileReplacement", finalPath_);
-    if (::close(std::exchange(handle_, -1)) != 0) fail("FileReplacement", finalPath_);
-    if (::rename(path_.c_str(), finalPath_.c_str()) != 0) fail("FileReplacement", finalPath_);
-    finished_ = true;
+    const auto require = [this](int error) {
+        if (error != 0) throw makeSystemError(error, "FileReplacement", finalPath_);
+    };
+    if (durability == Durability::Flushed) require(::fsync(file_.handle()) == 0 ? 0 : errno);
+    require(file_.settle());
+    require(putInPlace());
     // The content is safe; whether its new name is as well changes nothing that could still be done here.
-    if (durability == Durability::Flushed) (void)flushFolderOf(finalPath_);
+    if (durability == Durability::Flushed) (void)file_.flushFolder();
 }
 
 void replaceFile(const std::string& path, std::span<const Bytes> pieces, Durability durability) {
@@ -209,12 +216,7 @@ void removeFile(const std::string& path) {
 }
 
 bool flushFolderOf(const std::string& path) {
-    const std::string folder{parentFolder(path)};
-    const int handle = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0) return true; // not ours to settle
-    const int error = ::fsync(handle) == 0 ? 0 : errno;
-    ::close(handle);
-    return error != EIO && error != ENOSPC && error != EDQUOT;
+    return flushFolder(openFolderToRead(std::string{parentFolder(path)}));
 }
 
 } // namespace pelrath

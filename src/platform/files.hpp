@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_identity.hpp"
+#include "platform/new_file.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -69,15 +70,14 @@ private:
 /// Whether a replaced file must be on the disk before replaceFile() returns.
 enum class Durability { Flushed, Scratch };
 
-/// The new content of a file in the making: written beside it first, then renamed over it. Given up before
-/// that, it leaves the old file as it was and no other file behind. Where the path is a link, the file that
-/// it leads to is the one replaced.
+/// The new content of a file in the making: written into a new file first, which is then renamed over it.
+/// Given up before that, it leaves the old file as it was and no other file behind. Where the path is a link,
+/// the file that it leads to is the one replaced.
 class FileReplacement {
 public:
     /// Fails where the folder takes no new file, where something that is no regular file stands in its place,
     /// and where the old file is read-only.
     explicit FileReplacement(const std::string& path);
-    ~FileReplacement();
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
 
@@ -88,11 +88,10 @@ public:
 
 private:
     void takeOverMode() const;
+    [[nodiscard]] int putInPlace();
 
     std::string finalPath_;
-    std::string path_;
-    int handle_ = -1;
-    bool finished_ = false;
+    NewFile file_;
 };
 
 /// The pieces, one after another, as the whole new content of `path`; all of it or nothing.

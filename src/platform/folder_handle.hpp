@@ -2,6 +2,7 @@
 
 #include "platform/file_handle.hpp"
 
+#include <cerrno>
 #include <string>
 
 #include <fcntl.h>
@@ -21,6 +22,12 @@ namespace pelrath {
     return FileHandle{::open(path.empty() ? "." : path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
 }
 
+/// True for a file or folder that has no name any more.
+[[nodiscard]] inline bool isGone(int handle) {
+    struct stat info {};
+    return ::fstat(handle, &info) == 0 && info.st_nlink == 0;
+}
+
 /// True where both have opened one and the same file or folder.
 [[nodiscard]] inline bool isSame(const struct stat& a, const struct stat& b) {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
@@ -32,6 +39,13 @@ namespace pelrath {
     struct stat named {};
     return ::fstat(handle, &opened) == 0 && ::fstatat(folder, name, &named, AT_SYMLINK_NOFOLLOW) == 0 &&
            isSame(opened, named);
+}
+
+/// Makes the changes of names in it last, where the file system lets that be asked for. False when the disk
+/// refused it. What could not be opened to be read is not ours to settle.
+[[nodiscard]] inline bool flushFolder(const FileHandle& folder) {
+    if (!folder || ::fsync(folder.get()) == 0) return true;
+    return errno != EIO && errno != ENOSPC && errno != EDQUOT;
 }
 
 } // namespace pelrath
