@@ -9,32 +9,14 @@ namespace {
 using Names = std::vector<std::string>;
 
 struct DdsExportTest : testing::Test {
-    // An archive of one texture whose levels take what they like of the file's bytes, which count up.
-    void open(const std::string& type, const std::vector<MipmapRecord>& levels, std::size_t size = 4096) {
-        ArchiveBuilder builder{CddsType::TypeCdds,
-                               {{"t.bmp", type, std::vector(levels.size(), LevelPlan{0, 0, ""})}}};
-        builder.build();
-        for (std::int32_t at = builder.tableAt[0] + 40; const MipmapRecord& level : levels) {
-            for (const std::int32_t value :
-                 {level.dataOffset - at, level.dataSize, level.height, level.width}) {
-                builder.patches[at] = value;
-                at += 4;
-            }
-        }
-        std::string bytes = builder.build();
-        for (std::size_t i = bytes.size(); i < size; ++i) {
-            bytes += static_cast<char>(i * 7 + i / 256);
-        }
-        read(bytes);
-    }
-    void read(const std::string& bytes) {
-        path = folder.write("a.cdds", bytes);
+    void open(const std::string& type, const std::vector<LevelPlan>& levels,
+              const std::map<std::int32_t, std::int32_t>& patches = {}) {
+        ArchiveBuilder builder{CddsType::TypeCdds, {{"t.bmp", type, levels, 1000}}};
+        builder.patches = patches;
+        path = folder.write("a.cdds", builder.build());
         const InputFile opened{path};
         file = ArchiveFile{opened};
         archive = makeCatalogue(readArchive(opened));
-    }
-    [[nodiscard]] std::string archiveBytes(std::size_t at, std::size_t size) const {
-        return folder.read("a.cdds").substr(at, size);
     }
     TemporaryFolder folder;
     CddsArchive archive;
@@ -44,24 +26,25 @@ struct DdsExportTest : testing::Test {
 };
 
 TEST_F(DdsExportTest, LevelsAndChains) {
-    open("DXT1", {{"DXT1", 0, 1, 256, 256}, {"DXT1", 0, 1, 128, 128}, {"DXT1", 1000, 2048, 64, 32}});
+    const std::string data = std::string(1000, 'a') + std::string(1048, 'b');
+    open("DXT1", {{256, 256, "x"}, {128, 128, "y"}, {64, 32, data}});
     (void)folder.write("out.dds", std::string(9000, 'x')); // longer than what replaces it
     dds.writeDdsLevelFile(folder.file("out.dds"), 0, 2);
     const std::string level =
         bytesOf("44445320 d124 07100800 d32 d64 d2048 52*00 d32 d4 44585431 20*00 00100000 16*00");
-    EXPECT_TRUE(folder.read("out.dds") == level + archiveBytes(1000, 2048));
+    EXPECT_TRUE(folder.read("out.dds") == level + data);
 
-    open("dxt5", {{"dxt5", 500, 64, 8, 4}, {"dxt5", 100, 16, 4, 2}, {"dxt5", 100, 16, 2, 1}});
+    const std::string top = std::string(60, 'a') + "last", below = "0123456789abcdef";
+    open("dxt5", {{8, 4, top}, {4, 2, below, 9000}, {2, 1, below, 9000}});
     dds.writeDdsChainFile(folder.file("out.dds"), 0);
     const std::string chain =
         bytesOf("44445320 d124 07100A00 d4 d8 d64 d0 d3 44*00 d32 d4 44585435 20*00 08104000 16*00");
-    EXPECT_TRUE(folder.read("out.dds") ==
-                chain + archiveBytes(500, 64) + archiveBytes(100, 16) + archiveBytes(100, 16));
+    EXPECT_TRUE(folder.read("out.dds") == chain + top + below + below);
     EXPECT_EQ(folder.names(), (Names{"a.cdds", "out.dds"}));
 }
 
 TEST_F(DdsExportTest, FailsWithoutTouchingWhatIsThere) {
-    open("DXT1", {{"DXT1", 0, 0, 4, 2}, {"DXT1", 0, 4096, 64, 64}});
+    open("DXT1", {{4, 2, ""}, {64, 64, std::string(4096, 'x')}});
     (void)folder.write("out.dds", "before");
     std::filesystem::create_directory(folder.file("folder.dds"));
     // The file, texture, level and how the failure begins.
@@ -84,32 +67,19 @@ TEST_F(DdsExportTest, FailsWithoutTouchingWhatIsThere) {
         EXPECT_TRUE((std::to_string(error.number()) + " " + error.description()).starts_with(words))
             << error.description();
     }
-    EXPECT_THROW(dds.writeDdsChainFile(folder.file("out.dds"), 0), RuntimeError) << "a level has no data";
+    const auto failureOfChain = [&] {
+        return failureOf([&] { dds.writeDdsChainFile(folder.file("out.dds"), 0); }).number();
+    };
+    EXPECT_EQ(failureOfChain(), 5) << "a level has no data";
     // In a small archive, levels that share their bytes can ask for a file of any size.
-    open("DXT1", std::vector<MipmapRecord>(3000, {"DXT1", 0, 1000000, 64, 64}), 1000000);
-    const RuntimeError error = failureOf([&] { dds.writeDdsChainFile(folder.file("out.dds"), 0); });
-    EXPECT_EQ(error.number(), static_cast<int>(ErrorNumber::Overflow));
+    std::map<std::int32_t, std::int32_t> sizes{{999996, 0}};
+    for (int i = 0; i < 3000; ++i) {
+        sizes[1044 + 16 * i] = 1000000;
+    }
+    open("DXT1", std::vector<LevelPlan>(3000, {64, 64, "", 0}), sizes);
+    EXPECT_EQ(failureOfChain(), 6);
     EXPECT_EQ(folder.read("out.dds"), "before");
     EXPECT_EQ(folder.names(), (Names{"a.cdds", "folder.dds", "out.dds"}));
-}
-
-// Two blocks side by side, red and blue, half transparent where the type has soft alpha.
-TEST_F(DdsExportTest, OtherProgramsSeeTheSamePicture) {
-    for (const auto& [type, blocks, row] :
-         {std::tuple{"DXT1", bytesOf("00F8 6*00 1F00 6*00"), bytesOf("4*FF0000FF 4*0000FFFF")},
-          {"DXT5", bytesOf("8080 6*00 00F8 6*00 8080 6*00 1F00 6*00"), bytesOf("4*FF000080 4*0000FF80")}}) {
-        read(ArchiveBuilder{CddsType::TypeCdds,
-                            {{"t", type, {{8, 4, blocks}, {4, 2, blocks.substr(blocks.size() / 2)}}}}}
-                 .build());
-        dds.writeDdsLevelFile(folder.file("level.dds"), 0, 0);
-        dds.writeDdsChainFile(folder.file("chain.dds"), 0);
-        for (const std::string name : {"level.dds", "chain.dds"}) {
-            const std::string command =
-                "convert '" + folder.file(name) + "[0]' -depth 8 'rgba:" + folder.file("seen") + "'";
-            EXPECT_EQ(std::system(command.c_str()), 0);
-            EXPECT_EQ(folder.read("seen"), row + row + row + row) << type << name;
-        }
-    }
 }
 
 } // namespace

@@ -84,7 +84,9 @@ TEST_F(Reading, WhatCannotBeReadSaysSoAndKeepsWhatIsThere) {
     main.Text8.setText(folder.path());
     windows.answer = [&] { main.transfer.cmdExtractInsert.press(); };
     main.cmdExtract.press();
-    boxes.expect(" was chosen, but is not the archive that was read");
+    boxes.expect(("other was chosen, but is not the archive that was read, which is " +
+                  folder.file("a.cdds") + ". Please choose the archive and read it again")
+                     .c_str());
     EXPECT_FALSE(has("b-4x4.dds"));
 
     fileOpen.answer = folder.file("pipe"); // there, and not to be read
