@@ -73,13 +73,5 @@ TEST_F(HandOff, BrowsingSetsTheFolder) {
     }
 }
 
-TEST_F(HandOff, NoBrowsingDuringARead) {
-    start();
-    pump.whilePending = [&] { main.cmdGetExtractInsertFolder.press(); };
-    open(archiveOf({"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}));
-    EXPECT_EQ(row(pump.pending > 0, folderPicker.shown, main.cmdGetExtractInsertFolder.enabled()),
-              "true, 0, true");
-}
-
 } // namespace
 } // namespace pelrath::test

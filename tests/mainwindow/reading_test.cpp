@@ -127,18 +127,26 @@ TEST_F(Reading, WhereNoTextureIsLeftNothingOfTheLastOneStays) {
     }
 }
 
-TEST_F(Reading, EventsRunDuringIt) {
+TEST_F(Reading, EventsRunDuringItAndMayEndTheProgram) {
     std::vector<int> rows;
+    bool ends = false;
     pump.whilePending = [&] {
         rows.push_back(main.Output[TexturePane].count());
         EXPECT_EQ(main.incrementalSearchList.count(), rows.back());
-        EXPECT_EQ(main.Text7.text(), rows.back() == 0 ? "" : std::to_string(rows.back()));
+        EXPECT_TRUE(rows.back() == 0 || main.Text7.text() == std::to_string(rows.back()));
         EXPECT_FALSE(main.dynImage.visible());
-        main.Command1.press(); // disabled: nothing happens
-        main.cmdReadCDDS.press();
+        for (CommandButton* disabled : {&main.Command1, &main.cmdReadCDDS, &main.cmdGetExtractInsertFolder}) {
+            disabled->press();
+        }
+        if (ends && rows.size() == 3) main.queryUnload();
     };
     open(archiveOf(std::vector<std::string>(35, "t.bmp")));
-    EXPECT_EQ(rows, (std::vector{0, 10, 20, 30}));
+    EXPECT_EQ(std::exchange(rows, {}), (std::vector{0, 10, 20, 30}));
+    EXPECT_EQ(row(folderPicker.shown, main.cmdGetExtractInsertFolder.enabled()), "0, true");
+    ends = true;
+    main.cmdReadCDDS.press();
+    EXPECT_EQ(row(main.Output[TexturePane].count(), surface.record.alive, main.dynImage.visible()),
+              "20, 0, false");
 }
 
 TEST_F(Reading, EndsWithTheFirstTextureWhateverTheUserDoesMeanwhile) {
@@ -168,15 +176,6 @@ TEST_F(Reading, EndsWithTheFirstTextureWhateverTheUserDoesMeanwhile) {
         EXPECT_EQ(main.Output[MipmapPane].selectedRuns(), (std::vector<ListBox::Run>{{0, 1}})) << what;
         EXPECT_EQ(surface.record.loaded.size(), loaded + 1) << what;
     }
-}
-
-TEST_F(Reading, TheProgramMayEndDuringIt) {
-    pump.whilePending = [&] {
-        if (pump.pending == 3) main.queryUnload();
-    };
-    open(archiveOf(std::vector<std::string>(35, "t.bmp")));
-    EXPECT_EQ(row(main.Output[TexturePane].count(), surface.record.alive, main.dynImage.visible()),
-              "20, 0, false");
 }
 
 TEST_F(Reading, TexturesThatCannotBeStagedAreReported) {
