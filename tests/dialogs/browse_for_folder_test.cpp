@@ -23,38 +23,33 @@ struct BrowseForFolderTest : testing::Test {
     cBrowseForFolder browser{picker};
 };
 
-TEST_F(BrowseForFolderTest, TheFlagWordIsMadeOfTheProperties) {
+TEST_F(BrowseForFolderTest, PropertiesReachTheDialogAndFoldersBecomeFullPaths) {
     using B = cBrowseForFolder;
     const std::pair<bool B::*, std::uint32_t> cases[] = {{&B::EditBox, 0x10},
                                                          {&B::StatusText, 0x4},
                                                          {&B::FileSystemOnly, 0x9},
                                                          {&B::ValidateEditBox, 0x20},
                                                          {&B::UseNewUI, 0x40}};
-    for (const auto& [property, expected] : cases) {
+    for (const auto& [property, flag] : cases) {
         B fresh{picker};
-        fresh.*property = browser.*property = true;
+        fresh.*property = true;
         EXPECT_EQ(fresh.BrowseForFolder(), "");
-        EXPECT_EQ(picker.asked.flags, expected);
+        EXPECT_EQ(picker.asked.flags, flag);
     }
-    browser.BrowseForFolder();
-    EXPECT_EQ(row(picker.asked.flags, picker.asked.title, picker.asked.owner), row(0x7D, "Choose Folder", 0));
-}
-
-TEST_F(BrowseForFolderTest, PropertiesReachTheDialogAndFoldersBecomeFullPaths) {
+    const auto asked = [this] {
+        browser.BrowseForFolder();
+        const FolderPicker::Request& request = picker.asked;
+        return row(request.owner, request.title, request.initialFolder, request.rootFolder) + ": " +
+               picker.told.take();
+    };
+    EXPECT_EQ(asked(), "0, Choose Folder, , : ");
     browser.hwndOwner = 77;
     browser.title = "Wo?";
     browser.InitialDir = "a/./b//c/..";
     browser.RootDir = "/x/../y//";
-    browser.BrowseForFolder();
     const std::string initial = std::filesystem::current_path().string() + "/a/b";
-    EXPECT_EQ(
-        row(picker.asked.owner, picker.asked.title, picker.asked.initialFolder, picker.asked.rootFolder),
-        "77, Wo?, " + initial + ", /y");
+    EXPECT_EQ(asked(), "77, Wo?, " + initial + ", /y: select[" + initial + "]");
     EXPECT_EQ(row(browser.InitialDir, browser.RootDir), initial + ", /y");
-    EXPECT_EQ(picker.told.take(), "select[" + initial + "]");
-    browser.InitialDir.clear();
-    browser.BrowseForFolder();
-    EXPECT_EQ(row(picker.asked.initialFolder, picker.told.take()), ", ");
 }
 
 TEST_F(BrowseForFolderTest, TheChoiceComesBackAsPathAndName) {
@@ -71,39 +66,6 @@ TEST_F(BrowseForFolderTest, TheChoiceComesBackAsPathAndName) {
         EXPECT_EQ(browser.BrowseForFolder(), path);
         EXPECT_EQ(browser.DisplayName(), name);
     }
-}
-
-TEST_F(BrowseForFolderTest, EventsMayForbidAndKeepOpen) {
-    bool allows = true, keeps = false;
-    Connections handlers;
-    handlers.push_back(browser.Initialized.connect([&] { picker.told.add("Initialized"); }));
-    handlers.push_back(browser.SelectionChanged.connect([&](const std::string& sPath, bool& bAllowOk) {
-        picker.told.add(row("Changed[" + sPath + "]", bAllowOk));
-        bAllowOk = allows;
-    }));
-    handlers.push_back(browser.ValidationFailed.connect([&](const std::string& sPath, bool& bKeepOpen) {
-        picker.told.add(row("Failed[" + sPath + "]", bKeepOpen));
-        bKeepOpen = keeps;
-    }));
-    browser.InitialDir = "/i";
-    picker.user = [&] {
-        picker.select("/p");
-        allows = false;
-        picker.select("");
-        EXPECT_EQ(picker.told.take(),
-                  "select[/i] Initialized status[/p] Changed[/p], true status[] Changed[], true no-ok");
-        for (const bool keep : {false, true}) {
-            keeps = keep;
-            EXPECT_EQ(picker.confirmMissing("no way"), keep);
-            EXPECT_EQ(picker.told.take(), "no-ok status[Path invalid: no way] Failed[no way], false");
-        }
-        handlers.clear();
-        picker.select("/q");
-        EXPECT_FALSE(picker.confirmMissing("x"));
-        EXPECT_EQ(picker.told.take(), "status[/q] no-ok status[Path invalid: x]");
-        return FolderPicker::Choice{};
-    };
-    browser.BrowseForFolder();
 }
 
 TEST_F(BrowseForFolderTest, TheDialogIsSpokenToOnlyWhileItIsShown) {
