@@ -92,7 +92,7 @@ TEST_F(LifeCycleTest, AWornFileNeverKeepsItFromStartingNorIsItLost) {
         {done + "[Settings]\nViewPortColor=70000\n", "\"ViewPortColor\"", "none", true},
         {done + "[Settings]\nViewPortColor=9\nbazartempfolder=/b\n", "9 is none of", "none", true},
         {done + "[Settings]\nViewPortColor=-1\n", "stays as it is", "Pelrath.ini.bak", false},
-        {done + "[Settings]\nMainTop=99999\n", "\"MainTop\"", "none", true},
+        {done + "[Settings]\nViewPortWidth=99999\nViewPortColor=3\n", "\"ViewPortWidth\"", "none", true},
         {"\x01\xFF\xFE[[[]]=\n===\n[Setup]\nfirsttimedone=True", nullptr, "none", true},
         {done + longest, "Pelrath.ini is longer than", "none", false},
         {"", "cannot be read: Path/File access error (", "Pelrath.ini", false},
@@ -202,11 +202,11 @@ TEST_F(LifeCycleTest, TheCloseCleansUp) {
 
 TEST_F(LifeCycleTest, SettingsThatCannotBeSavedAreTold) {
     start();
-    main.window.moveTo(0, 32768 * 15.0); // beyond the numbers that the file takes
+    main.window.moveTo(32768 * 15.0, 75); // beyond the numbers that the file takes
     session.exportImportFolder = "/new";
     main.queryUnload();
-    boxes.expect("\"MainTop\"");
-    EXPECT_EQ(row(stored().extractionFolder, main.window.isUnloaded()), ", true");
+    boxes.expect("\"MainLeft\"");
+    EXPECT_EQ(row(stored().mainTop, stored().extractionFolder, main.window.isUnloaded()), "5, , true");
     MainHarness other;
     other.start();
     std::filesystem::remove(other.folder.file("Pelrath.ini"));
