@@ -53,6 +53,8 @@ TEST_F(Search, NothingCompletesBeforeAKey) {
     box.keyPress.emit(22); // Ctrl+V: pasting completes like typing
     box.edit("ABD", 3, 0);
     EXPECT_EQ(state(), "abd.bmp, 3, 4, 2");
+    box.edit("R\u00C9S", 3, 0);
+    EXPECT_EQ(state(), "r\u00E9servoir.tga, 3, 10, 6");
 }
 
 TEST_F(Search, ArrowsStepThroughTheTextures) {
