@@ -250,9 +250,9 @@ private:
         case Fate::MadeAndFailed:
             thread.inside = true;
             break;
-        case Fate::Failed:
+        case Fate::Answered:
             registers.orig_rax = ~0ULL;
-            registers.rax = -thread.fate.value;
+            registers.rax = thread.fate.value;
             ptrace(PTRACE_SETREGS, id, nullptr, &registers);
             break;
         case Fate::Shortened:

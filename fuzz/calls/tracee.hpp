@@ -38,14 +38,16 @@ struct Call {
 
 /// What becomes of a call.
 struct Fate {
-    enum Kind { Untouched, Seen, Failed, MadeAndFailed, Shortened, Killed };
+    enum Kind { Untouched, Seen, Answered, MadeAndFailed, Shortened, Killed };
 
     /// It is made, and not shown again.
     static Fate untouched() { return {}; }
     /// It is made, and left() is told its result.
     static Fate seen() { return {Seen, 0}; }
     /// It is not made, and fails with this errno.
-    static Fate failed(int error) { return {Failed, static_cast<std::uint64_t>(error)}; }
+    static Fate failed(int error) { return answered(-error); }
+    /// It is not made, and gives this.
+    static Fate answered(std::int64_t result) { return {Answered, static_cast<std::uint64_t>(result)}; }
     /// It is made, and tells this errno all the same, as close() and fsync() can; left() is told that.
     static Fate madeAndFailed(int error) { return {MadeAndFailed, static_cast<std::uint64_t>(error)}; }
     /// It is asked to move that many bytes at most; left() is told its result. For calls that have a
