@@ -1,0 +1,23 @@
+#pragma once
+
+#include "calls/tracee.hpp"
+
+#include <string>
+#include <vector>
+
+namespace pelrath::calls {
+
+/// One way in which a call can go wrong.
+struct Spoil {
+    std::string name; ///< "EIO", "SHORT", ...
+    Fate fate;
+};
+
+/// Every way that the manual pages know of, as far as right arguments leave it. SHORT is a transfer of half
+/// the bytes, END one of none. What has been removed or closed is so even where that is told as a failure.
+std::vector<Spoil> spoilsOf(const Call& call);
+
+/// It has no failure that the caller could see, or none without a fault in the program.
+bool cannotFail(int number);
+
+} // namespace pelrath::calls

@@ -1,0 +1,78 @@
+#include "calls/told.hpp"
+
+#include <regex>
+#include <sstream>
+
+namespace pelrath::calls {
+
+namespace {
+
+std::vector<std::string> linesOf(const Act& act) {
+    std::vector<std::string> lines;
+    const std::string lineBreak = "\\r\\n";
+    for (const std::string& summary : act.summaries) {
+        std::size_t from = 0;
+        for (std::size_t at = 0; (at = summary.find(lineBreak, from)) != std::string::npos;
+             from = at + lineBreak.size()) {
+            lines.push_back(summary.substr(from, at - from));
+        }
+        lines.push_back(summary.substr(from));
+    }
+    return lines;
+}
+
+} // namespace
+
+std::vector<Act> actsOf(const std::string& output) {
+    std::vector<Act> acts{{}};
+    std::istringstream lines{output};
+    for (std::string line; std::getline(lines, line);) {
+        const std::string kind = line.substr(0, line.find(' ')), text = line.substr(line.find(' ') + 1);
+        if (kind == "act") {
+            acts.push_back({text, {}, {}, {}});
+        } else {
+            Act& act = acts.back();
+            (kind == "box" ? act.boxes : kind == "summary" ? act.summaries : act.said).push_back(text);
+        }
+    }
+    return acts;
+}
+
+const Act& actNamed(const std::vector<Act>& acts, const std::string& name) {
+    static const Act none;
+    for (const Act& act : acts) {
+        if (act.name == name) return act;
+    }
+    return none;
+}
+
+int insertedLevels(const Act& insertion) {
+    static const std::regex count{"(\\d+) [mM]ipmaps?\\(s\\) inserted\\."};
+    int levels = -1;
+    for (const std::string& line : linesOf(insertion)) {
+        std::smatch found;
+        if (std::regex_match(line, found, count)) levels = std::stoi(found[1]);
+    }
+    return levels;
+}
+
+std::string safeCopyIn(const Act& insertion) {
+    const std::string words = "Safe copy done as ";
+    for (const std::string& line : linesOf(insertion)) {
+        if (line.starts_with(words)) return line.substr(words.size());
+    }
+    return {};
+}
+
+std::vector<std::string> filesWrittenIn(const Act& act) {
+    static const std::regex written{"(.*) (written|overwritten\\.|overwritten)"};
+    std::vector<std::string> files;
+    for (const std::string& line : linesOf(act)) {
+        std::smatch found;
+        const bool denied = line.find(" not ") != std::string::npos;
+        if (!denied && std::regex_match(line, found, written)) files.push_back(found[1]);
+    }
+    return files;
+}
+
+} // namespace pelrath::calls
