@@ -1,5 +1,6 @@
 #include "transfer/held_archive.hpp"
 
+#include "platform/full_path.hpp"
 #include "platform/runtime_error.hpp"
 #include "platform/text.hpp"
 #include "transfer/level_bytes.hpp"
@@ -32,7 +33,7 @@ void HeldArchive::noteMode(FileMode before) {
 
 void HeldArchive::note() {
     if (!journal_) {
-        record_.archivePath = session_.archivePath;
+        record_.archivePath = pathFromRoot(session_.archivePath); // it may be read from another folder
         record_.textureName =
             session_.archive.textures.at(static_cast<std::size_t>(session_.selectedTexture)).name;
         record_.archive = file()->identity();
