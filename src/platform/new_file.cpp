@@ -32,7 +32,7 @@ bool isHiddenName(std::string_view name) { return isUniqueName(name, prefix); }
 
 NewFile::NewFile(NewFile&& other) noexcept
     : folder_(std::move(other.folder_)), file_(std::move(other.file_)),
-      hidden_(std::exchange(other.hidden_, {})), nameless_(other.nameless_) {}
+      hidden_(std::exchange(other.hidden_, {})), nameless_(std::exchange(other.nameless_, false)) {}
 
 NewFile& NewFile::operator=(NewFile&& other) noexcept {
     std::swap(folder_, other.folder_);
@@ -49,6 +49,7 @@ void NewFile::giveUp() {
 int NewFile::create(const std::string& folder, Start start) {
     folder_ = openFolder(folder);
     if (!folder_) return errno;
+    nameless_ = false;
     if (start == Start::Nameless) {
         file_ = FileHandle{::openat(folder_.get(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, 0600)};
         nameless_ = static_cast<bool>(file_);

@@ -24,6 +24,7 @@ bool DdsBuilder::buildScaled(const std::string& path, std::uint32_t image,
         }
         position += level.dataSize;
     }
+    scaled.remove();
     return true;
 }
 

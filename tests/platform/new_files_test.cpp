@@ -1,0 +1,148 @@
+#include "platform/file_copy.hpp"
+#include "platform/file_mode.hpp"
+#include "platform/scratch_file.hpp"
+#include "support/refusals.hpp"
+#include "support/temporary_folder.hpp"
+
+#include <thread>
+
+namespace pelrath::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct RefusedCall {
+    Call call;
+    int error;
+    int spared = 0;
+    int times = 1'000'000;
+};
+
+/// A disk of another kind than this one, or a bad one.
+struct Disk {
+    const char* kind;
+    std::vector<RefusedCall> refused;
+    const char* copying;   // what fails; null: it works
+    const char* replacing; // the same
+};
+const Disk disks[] = {
+    {"has all", {}, nullptr, nullptr},
+    {"has no nameless files", {{Call::NamelessFile, EOPNOTSUPP}}, nullptr, nullptr},
+    {"gives nameless files no name", {{Call::Link, EPERM, 0, 1}}, nullptr, nullptr},
+    {"has no links", {{Call::Link, ENOSYS}}, nullptr, nullptr},
+    {"has no locks", {{Call::NamelessFile, ENOSYS}, {Call::Lock, ENOLCK}}, nullptr, nullptr},
+    {"has neither links nor renames that replace nothing",
+     {{Call::Link, EOPNOTSUPP}, {Call::NewName, EINVAL}},
+     "choose a folder on another disk",
+     nullptr},
+    {"takes no bytes for certain", {{Call::Flush, EIO}}, "Device I/O", "Device I/O"},
+    {"takes no names for certain", {{Call::Flush, EIO, 1}}, "Device I/O", nullptr},
+    {"is full", {{Call::Link, ENOSPC}, {Call::Rename, ENOSPC}}, "Disk full", "Disk full"},
+    {"keeps a hidden name once", {{Call::NamelessFile, EISDIR}, {Call::Remove, EIO, 0, 1}}, nullptr, nullptr},
+};
+
+class Refusals {
+public:
+    explicit Refusals(const std::vector<RefusedCall>& calls) {
+        for (const RefusedCall& call : calls) {
+            refusals_.push_back(std::make_unique<Refusal>(call.call, call.error, call.spared, call.times));
+        }
+    }
+
+private:
+    std::vector<std::unique_ptr<Refusal>> refusals_;
+};
+
+void expectFailure(const RuntimeError& failure, const char* words, const char* disk) {
+    EXPECT_NE(failure.description().find(words == nullptr ? "no failure" : words), std::string::npos)
+        << disk << ": " << failure.description();
+}
+
+TEST(CopyOfAFile, IsWholeUnderAFreeNameOrNotThereAtAll) {
+    for (const Disk& disk : disks) {
+        const TemporaryFolder folder;
+        const std::string file = folder.write("a", "content"), taken = folder.write("a-0", "another's");
+        fs::permissions(file, fs::perms::owner_read);
+        const RuntimeError failure = failureOf([&] {
+            const Refusals refusals{disk.refused};
+            FileCopy copy{InputFile{file}, folder.path(), {}};
+            EXPECT_FALSE(copy.takeName(taken)) << disk.kind;
+            EXPECT_TRUE(copy.takeName(folder.file("a-1"))) << disk.kind;
+        });
+        expectFailure(failure, disk.copying, disk.kind);
+        EXPECT_EQ(row(folder.read("a-0"), folder.read("a-1"), folder.names().size()),
+                  disk.copying == nullptr ? "another's, content, 3" : "another's, , 2")
+            << disk.kind;
+        EXPECT_TRUE(disk.copying != nullptr || fileMode(InputFile{folder.file("a-1")}) == 0400U) << disk.kind;
+    }
+    const TemporaryFolder folder;
+    const RuntimeError noFolder = failureOf([&] {
+        const FileCopy copy{InputFile{folder.write("a", "x")}, folder.file("missing"), {}};
+    });
+    EXPECT_EQ(noFolder.number(), static_cast<int>(ErrorNumber::FileNotFound));
+}
+
+TEST(ReplacedFiles, AreTheOldOnesOrTheNewOnes) {
+    const std::string text = "new";
+    const std::array<Bytes, 1> pieces{std::as_bytes(std::span{text})};
+    for (const Disk& disk : disks) {
+        const TemporaryFolder folder;
+        const std::string path = folder.write("old", "old content");
+        fs::permissions(path, fs::perms{0640});
+        for (const char* name : {"old", "none"}) {
+            const RuntimeError failure = failureOf([&] {
+                const Refusals refusals{disk.refused};
+                replaceFile(folder.file(name), pieces, Durability::Flushed);
+            });
+            expectFailure(failure, disk.replacing, disk.kind);
+        }
+        EXPECT_EQ(row(folder.read("old"), folder.read("none"), folder.names().size()),
+                  disk.replacing == nullptr ? "new, new, 2" : "old content, , 1")
+            << disk.kind;
+        EXPECT_EQ(fileMode(InputFile{path}), 0640U) << disk.kind;
+    }
+}
+
+TEST(CopyOfAFile, ShowsItsProgressByTimeOnASlowDisk) {
+    const TemporaryFolder folder;
+    const std::uint64_t size = (std::uint64_t{6} << 20) + 1;
+    const std::string file = folder.write("a", "start");
+    fs::resize_file(file, size);
+    int waits = 0;
+    const Answering slow{Call::FlushPart, [&](std::uint64_t bytes) {
+                             if (++waits % 2 == 0) // of two calls each
+                                 std::this_thread::sleep_for(std::chrono::nanoseconds{bytes * 100});
+                             return 0;
+                         }};
+    const Refusal ofSharedBlocks{Call::NamelessFile, EOPNOTSUPP};
+    std::vector<std::uint64_t> seen;
+    FileCopy copy{InputFile{file}, folder.path(), [&](std::uint64_t done, std::uint64_t total) {
+                      EXPECT_EQ(total, size);
+                      EXPECT_EQ(folder.names().size(), 2U);
+                      seen.push_back(done);
+                  }};
+    ASSERT_TRUE(copy.takeName(folder.file("b")));
+    EXPECT_GE(seen.size(), 6U); // ten a second, or more on a busy machine
+    EXPECT_TRUE(seen.front() == 0 && seen.back() == size && std::ranges::is_sorted(seen));
+    EXPECT_TRUE(folder.read("b") == folder.read("a"));
+}
+
+TEST(FileForAWhile, IsGoneBeforeAndAfter) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder.file("in"));
+    (void)folder.write("in/a", "old");
+    {
+        const ScratchFile scratch{folder.file("in/a")};
+        EXPECT_TRUE(folder.names("in").empty());
+        (void)folder.write("in/a", "new");
+        fs::rename(folder.file("in"), folder.file("moved"));
+    }
+    EXPECT_TRUE(folder.names("moved").empty());
+    ScratchFile told{folder.file("moved/b")};
+    fs::create_directory(folder.file("moved/b"));
+    EXPECT_NE(failureOf([&] { told.remove(); }).description().find("by hand: " + told.path()),
+              std::string::npos);
+}
+
+} // namespace
+} // namespace pelrath::test
