@@ -34,6 +34,14 @@ std::string_view withoutQuotes(std::string_view value) {
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
+std::string_view shownValue(std::string_view stored) { return withoutQuotes(trimmed(stored)); }
+
+/// The value as it stands behind the equals sign: in quotes where it would not be read back without them.
+std::string storedValue(std::string_view value) {
+    std::string stored{value};
+    return shownValue(value) == value ? stored : '"' + stored + '"';
+}
+
 bool breaks(std::string_view text) { return text.find_first_of("\r\n") != std::string_view::npos; }
 
 std::string wholeText(const std::string& path) {
@@ -97,7 +105,7 @@ std::optional<std::string> Profile::text(std::string_view section, std::string_v
     const auto [line, found] = find(section, key);
     if (!found) return std::nullopt;
     const std::string_view whole{lines_[line]};
-    std::string value{withoutQuotes(trimmed(whole.substr(whole.find('=') + 1)))};
+    std::string value{shownValue(whole.substr(whole.find('=') + 1))};
     value.resize(bytesOfCharacters(value, longest));
     return value;
 }
@@ -125,19 +133,19 @@ std::int32_t Profile::number(std::string_view section, std::string_view key, std
 
 void Profile::put(std::string_view section, std::string_view key, std::string_view value) {
     if (breaks(section) || breaks(key) || breaks(value)) return; // it would become lines of its own
-    const std::string line = std::string{key}.append("=").append(value).append(lineEnd_);
+    const std::string line = std::string{key}.append("=").append(storedValue(value));
     const auto [place, found] = find(section, key);
     if (found) {
-        lines_[place] = line;
+        std::string& old = lines_[place];
+        old.replace(0, old.find_last_not_of("\r\n") + 1, line);
         return;
     }
-    if (!lines_.empty() && lines_.back().back() != '\n') lines_.back() += lineEnd_;
-    if (place == 0) {
-        lines_.push_back("[" + std::string{section} + "]" + lineEnd_);
-        lines_.push_back(line);
-    } else {
-        lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(place), line);
-    }
+    const bool newSection = place == 0;
+    const std::size_t at = newSection ? lines_.size() : place;
+    if (at > 0 && lines_[at - 1].back() != '\n') lines_[at - 1] += lineEnd_; // the last one can lack it
+    auto next = lines_.begin() + static_cast<std::ptrdiff_t>(at);
+    if (newSection) next = lines_.insert(next, "[" + std::string{section} + "]" + lineEnd_) + 1;
+    lines_.insert(next, line + lineEnd_);
 }
 
 void Profile::write() const {

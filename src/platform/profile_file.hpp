@@ -31,7 +31,8 @@ public:
                                       std::int32_t missing) const;
 
     /// Puts the value under section and key, which are made as needed, and leaves everything else as it is,
-    /// down to the line ends. A text of more than one line, which the format cannot hold, is not put.
+    /// down to the line ends. A value that begins or ends with a blank, or stands in quotes itself, is put in
+    /// quotes. A text of more than one line, which the format cannot hold, is not put.
     void put(std::string_view section, std::string_view key, std::string_view value);
 
     /// Puts the file in place, if anything in it has changed. Fails, with the old file whole, as
@@ -50,7 +51,7 @@ private:
     std::string before_;             ///< the text as it was read
     std::string_view mark_;          ///< of UTF-8, where it begins with that
     std::vector<std::string> lines_; ///< each with its line end
-    std::string lineEnd_ = "\n";
+    std::string lineEnd_ = "\n";     ///< of lines that are added
 };
 
 } // namespace pelrath

@@ -58,14 +58,19 @@ TEST_F(ProfileFiles, WritingLeavesEverythingElse) {
         "\xEF\xBB\xBF; mine \xE9\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nfirst=1\r\n; note\r\n\r\n[Last]\r\nend=\xFF\x80");
     setting.SaveSettingStr("SETUP", "FIRST", "two words");
     setting.SaveSettingStr("Setup", "added", "x=y");
-    setting.SaveSettingStr("last", "more", "\u00E9");
-    setting.SaveSettingStr("last", "more", "two\n[lines]"); // which the file cannot hold
+    setting.SaveSettingStr("last", "end", "two\n[lines]"); // which the file cannot hold
     EXPECT_EQ(
         file(),
         "\xEF\xBB\xBF; mine \xE9\r\n[Theirs]\r\nkey=kept\r\n\r\n[Setup]\r\nFIRST=two words\r\n; note\r\n"
-        "added=x=y\r\n\r\n[Last]\r\nend=\xFF\x80\r\nmore=\u00E9\r\n");
+        "added=x=y\r\n\r\n[Last]\r\nend=\xFF\x80");
     EXPECT_EQ(setting.GetSettingStr("Setup", "added", ""), "x=y");
     EXPECT_EQ(setting.GetSettingStr("Last", "end", ""), "\xFF\x80");
+    setting.SaveSettingStr("last", "END", "'\u00E9'"); // whose quotes are its own
+    EXPECT_TRUE(file().ends_with("[Last]\r\nEND=\"'\u00E9'\""));
+    setting.SaveSettingStr("last", "more", "\t");
+    EXPECT_TRUE(file().ends_with("'\"\r\nmore=\"\t\"\r\n"));
+    EXPECT_EQ(setting.GetSettingStr("Last", "end", "") + setting.GetSettingStr("Last", "more", ""),
+              "'\u00E9'\t");
     EXPECT_EQ(folder.names(), std::vector<std::string>{"a.ini"});
 }
 
