@@ -2,6 +2,7 @@
 
 #include "platform/files.hpp"
 #include "platform/full_path.hpp"
+#include "platform/leftovers.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <array>
@@ -21,6 +22,7 @@ void LifeCycle::Form_Load() {
     const std::string& stored = session_.settings.extractionFolder;
     session_.exportImportFolder = stored.empty() ? stored : pathFromRoot(stored);
     c_.Text8.setText(session_.exportImportFolder);
+    removeLeftovers();
     session_.viewer.d3dCreated = false;
     if (!passFirstRunGate()) {
         Form_QueryUnload();
@@ -28,6 +30,17 @@ void LifeCycle::Form_Load() {
     }
     parts_.recovery.look();
     parts_.viewport.resetViewportSize();
+}
+
+// Of programs that died. What is in the way of this one shows when it writes.
+void LifeCycle::removeLeftovers() const {
+    const std::string& folder = session_.programFolder.path();
+    (void)session_.programFolder.removeTemporaryFiles();
+    removeHiddenLeftovers(folder);
+    if (session_.programFolder.isOurs()) removeBuiltLeftovers({folder, session_.programFolder});
+    removeTemporaryLeftovers();
+    const ApplicationSettings& settings = session_.settings;
+    removeLeftoversLater({session_.exportImportFolder, settings.cddsBackupFolder, settings.bazarTempFolder});
 }
 
 void LifeCycle::loadSettings() {

@@ -57,6 +57,7 @@ private:
     void saveSettings();
     /// False when the program must end.
     bool passFirstRunGate();
+    void removeLeftovers() const;
     void deleteTemporaryFiles();
 
     Controls c_;

@@ -7,7 +7,7 @@
 namespace pelrath {
 
 FolderLock::FolderLock(const std::string& folder, const WorkingFolder& own)
-    : path_(folder), folder_(openFolderToRead(folder)) {
+    : folder_(openFolderToRead(folder)) {
     if (!folder_) return;
     // The program's own folder is open once already: a second lock would be refused by the first.
     const LockAnswer answer =

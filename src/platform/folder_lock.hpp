@@ -16,12 +16,12 @@ public:
     /// there, or has no locks, counts as taken: what is wrong then shows with the first file.
     FolderLock(const std::string& folder, const WorkingFolder& own);
 
-    [[nodiscard]] const std::string& path() const { return path_; }
+    /// -1 where the folder cannot be opened.
+    [[nodiscard]] int handle() const { return folder_.get(); }
     /// False where the file system has no locks, so that others may be at work in it all the same.
     [[nodiscard]] bool isCertain() const { return certain_; }
 
 private:
-    std::string path_;
     FileHandle folder_;
     bool certain_ = false;
 };

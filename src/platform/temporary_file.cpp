@@ -1,27 +1,40 @@
 #include "platform/temporary_file.hpp"
 
+#include "platform/file_lock.hpp"
 #include "platform/files.hpp"
+#include "platform/folder_handle.hpp"
+#include "platform/unique_name.hpp"
 
-#include <cstdlib>
+#include <cerrno>
 #include <filesystem>
 #include <utility>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 namespace pelrath {
 
-TemporaryFile::TemporaryFile(std::string_view prefix, std::string_view extension) {
+namespace {
+
+constexpr std::string_view prefix = "~pelrath-";
+constexpr int attempts = 100;
+
+} // namespace
+
+bool TemporaryFile::isName(std::string_view name) {
+    return isUniqueName(name.substr(0, name.find('.')), prefix);
+}
+
+TemporaryFile::TemporaryFile(std::string_view extension) {
     std::error_code noFolder;
     const std::string folder = std::filesystem::temp_directory_path(noFolder);
-    if (noFolder) return;
-    const std::string suffix = extension.empty() ? "" : "." + std::string{extension};
-    path_ = joinPath(folder, std::string{prefix} + "XXXXXX" + suffix);
-    const int handle = ::mkostemps(path_.data(), static_cast<int>(suffix.size()), O_CLOEXEC);
-    if (handle < 0) {
-        path_.clear();
-    } else {
-        ::close(handle);
+    const std::string end = extension.empty() ? "" : "." + std::string{extension};
+    for (int i = 0; !noFolder && i < attempts; ++i) {
+        std::string path = joinPath(folder, uniqueName(prefix) + end);
+        file_ = FileHandle{::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600)};
+        if (!file_ && errno != EEXIST) return;
+        // Whoever clears up may have taken it for a dead program's before it was locked.
+        if (!file_ || tryLock(file_.get(), LockKind::Exclusive) == LockAnswer::Taken) continue;
+        if (isGone(file_.get())) continue;
+        path_ = std::move(path);
+        return;
     }
 }
 

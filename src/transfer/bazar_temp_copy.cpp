@@ -1,6 +1,7 @@
 #include "transfer/bazar_temp_copy.hpp"
 
 #include "platform/files.hpp"
+#include "platform/leftovers.hpp"
 #include "platform/runtime_error.hpp"
 #include "transfer/failure_report.hpp"
 #include "transfer/image_file_name.hpp"
@@ -28,6 +29,7 @@ void BazarTempCopy::store(std::int16_t textureIndex, const std::string& sourcePa
         checkedFileName(session_.archive.textures.at(static_cast<std::size_t>(textureIndex)).name);
     const std::string destination = joinPath(session_.settings.bazarTempFolder, name);
     requireNotTheArchive(destination);
+    removeHiddenLeftovers(session_.settings.bazarTempFolder);
     summary += destination;
     if (!mayReplace(destination, name)) return;
     imaging_.options.buildMipmaps = false;

@@ -16,7 +16,7 @@ void EditorLaunch::launchEditor(const std::string& imagePath, const FileAssociat
 }
 
 std::string EditorLaunch::findExecutableForExtension(const std::string& extension) {
-    TemporaryFile probe{"~", extension};
+    TemporaryFile probe{extension};
     if (probe.path().empty()) return {};
     std::string executable = associations_.executableFor(probe.path());
     probe.remove();

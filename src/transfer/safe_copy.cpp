@@ -2,6 +2,7 @@
 
 #include "platform/file_copy.hpp"
 #include "platform/files.hpp"
+#include "platform/leftovers.hpp"
 #include "platform/runtime_error.hpp"
 #include "transfer/failure_report.hpp"
 
@@ -72,6 +73,7 @@ std::string SafeCopy::nameOf(std::int32_t number) const {
 }
 
 std::string SafeCopy::copyArchive(const InputFile& archive) const {
+    removeHiddenLeftovers(session_.settings.cddsBackupFolder);
     std::int32_t number = 0;
     while (number <= lastNumber && (fileExists(nameOf(number)) || folderExists(nameOf(number)))) {
         ++number;

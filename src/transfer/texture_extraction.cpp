@@ -1,6 +1,7 @@
 #include "transfer/texture_extraction.hpp"
 
 #include "platform/files.hpp"
+#include "platform/leftovers.hpp"
 #include "transfer/failure_report.hpp"
 #include "transfer/image_file_name.hpp"
 
@@ -39,11 +40,12 @@ void TextureExtraction::extractFile(const std::string& path, const std::function
     count_ += wanted ? 1 : 0;
 }
 
-void TextureExtraction::beginSummary() {
+void TextureExtraction::begin() {
     c_.ExtractSummary.setText("");
     summary_.clear();
     count_ = 0;
     editorPath_.clear();
+    removeHiddenLeftovers(session_.exportImportFolder);
 }
 
 void TextureExtraction::finishSummary() {
@@ -62,7 +64,7 @@ void TextureExtraction::launchEditor() {
 }
 
 void TextureExtraction::extractToDdsFiles() {
-    beginSummary();
+    begin();
     const bool done = attempt(boxes_, failureWords, [this] {
         if (state_.mipmapOperation == Embedded) {
             writeChain();
@@ -98,7 +100,7 @@ void TextureExtraction::writeLevels() {
 }
 
 void TextureExtraction::extractToImages(ImageFileKind kind) {
-    beginSummary();
+    begin();
     if (!attempt(boxes_, failureWords, [this, kind] { writeImage(kind); })) return;
     finishSummary();
     if (count_ > 0) launchEditor();

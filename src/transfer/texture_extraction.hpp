@@ -50,7 +50,7 @@ private:
     void writeImage(ImageFileKind kind);
     /// `write` says whether the file was written; where it was not, that has been told.
     void extractFile(const std::string& path, const std::function<bool()>& write);
-    void beginSummary();
+    void begin();
     void finishSummary();
     /// For what was extracted, if that is wanted and there is such a file.
     void launchEditor();

@@ -68,7 +68,8 @@ struct RealWindow : RealUser {
                           view.visualRect(view.model()->index(row, 0)).center());
     }
 
-    TemporaryFolder folder;
+    TemporaryFolder folder, temporary;
+    TemporaryFilesIn temporaryFiles{temporary.path()};
     std::string archive;
     desktop::Application program;
 };

@@ -1,5 +1,7 @@
 #include "main_harness.hpp"
 
+#include <thread>
+
 #include <sys/stat.h>
 
 namespace pelrath::test {
@@ -177,6 +179,33 @@ TEST_F(LifeCycleTest, TheTimerStartsOneLoop) {
     EXPECT_EQ(
         row(main.Timer1.running(), surface.record.alive, session.viewer.d3dCreated, main.window.isUnloaded()),
         "false, 0, false, true");
+}
+
+TEST_F(LifeCycleTest, TheStartClearsUpBehindAProgramThatDied) {
+    const std::string stored[] = {"out", "copies", "bazar"};
+    for (const std::string& name : stored) {
+        std::filesystem::create_directory(folder.file(name));
+        (void)folder.write(name + "/wall-4x4_tmppelrath.dds", "x");
+    }
+    for (const char* left : {"tmp.dds", "tmp2.dds", ".pelrath-abcdef", "a-1x1_tmppelrath.dds",
+                             "out/.pelrath-abcdef", "copies/.pelrath-abcdef"}) {
+        (void)folder.write(left, "x");
+    }
+    (void)temporary.write("~pelrath-abcdef.bmp", "");
+    (void)folder.write("Pelrath.ini",
+                       "[Settings]\nbazartempfolder=" + folder.file("bazar") +
+                           "\ncddsbackupfolder=" + folder.file("copies") +
+                           "\n[Setup]\nfirsttimedone=True\nextractionfolder=" + folder.file("out") + "\n");
+    start();
+    EXPECT_EQ(row(has("tmp.dds"), has("tmp2.dds"), has(".pelrath-abcdef"), has("a-1x1_tmppelrath.dds"),
+                  temporary.names().size()),
+              "false, false, false, false, 0");
+    for (const std::string& name : stored) {
+        for (int i = 0; i < 1000 && !folder.names(name).empty(); ++i) { // done behind the start
+            std::this_thread::sleep_for(std::chrono::milliseconds{10});
+        }
+        EXPECT_TRUE(folder.names(name).empty()) << name;
+    }
 }
 
 TEST_F(LifeCycleTest, TheCloseCleansUp) {

@@ -84,7 +84,8 @@ struct MainHarness {
         return key.consumed;
     }
 
-    TemporaryFolder folder;
+    TemporaryFolder folder, temporary;
+    TemporaryFilesIn temporaryFiles{temporary.path()};
     Session session;
     RecordingBoxes boxes;
     AnsweringFileOpen fileOpen;

@@ -425,5 +425,14 @@ TEST_F(TroubledInsertion, CopiesNothingWhereThereIsNothingToCopyOrNowhereToPutIt
     EXPECT_EQ(files("bazar"), "wall.xyz");
 }
 
+TEST_F(TroubledInsertion, ClearsTheFoldersThatItWorksInOfWhatADeadProgramLeft) {
+    for (const char* name : {"out", "copies", "bazar"}) {
+        (void)folder.write(std::string{name} + "/.pelrath-abcdef", "x");
+    }
+    extract({embedded, overwriting});
+    (void)insert({intoBazarTemp});
+    EXPECT_EQ(row(files(), files("copies"), files("bazar")), "wall-4x4.bmp wall-4x4.dds, a-0.cdds, wall.xyz");
+}
+
 } // namespace
 } // namespace pelrath::test
