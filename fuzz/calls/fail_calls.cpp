@@ -103,7 +103,7 @@ private:
         if (!plainDisk_) return Fate::untouched();
         switch (call.number) {
         case SYS_openat:
-            return (call.arguments[2] & __O_TMPFILE) != 0 ? Fate::failed(EOPNOTSUPP) : Fate::untouched();
+            return makesNamelessFile(call) ? Fate::failed(EOPNOTSUPP) : Fate::untouched();
         case SYS_renameat2:
             return Fate::failed(EINVAL);
         case SYS_copy_file_range:
@@ -142,6 +142,7 @@ std::string fileOf(const Call& call) {
     case SYS_access:
     case SYS_readlink:
         return pathArgument(call, -1, 0);
+    case SYS_renameat:
     case SYS_renameat2:
     case SYS_linkat:
         return pathArgument(call, 2, 3);
@@ -171,8 +172,14 @@ public:
     std::set<int> calls;        ///< all there are
     std::map<int, int> untried; ///< by number: those that cannot fail, or for which no errors are known
     int ofOtherScenarios = 0;
+    int firstStarts = 0; ///< see saysThatSettingsAreMissing()
 
 private:
+    /// Which makes it the program's first start, where settings begin anew.
+    static bool saysThatSettingsAreMissing(const Call& call, const std::string& file, const Spoil& spoil) {
+        return call.number == SYS_openat && file.ends_with("/Pelrath.ini") &&
+               (spoil.name == "ENOENT" || spoil.name == "ENOTDIR");
+    }
     Fate within(const Call& call) override {
         calls.insert(call.number);
         const Place place{call.number, count_[call.number]++};
@@ -184,6 +191,10 @@ private:
         if (spoils.empty()) ++untried[call.number];
         const std::string file = spoils.empty() ? "" : fileOf(call);
         for (const Spoil& spoil : spoils) {
+            if (saysThatSettingsAreMissing(call, file, spoil)) {
+                ++firstStarts;
+                continue;
+            }
             candidates.push_back({place, act(), spoil, file});
         }
         return Fate::untouched();
@@ -201,14 +212,17 @@ public:
 
 private:
     Fate within(const Call& call) override {
-        if (call.number != candidate_.place.number || seen_++ != candidate_.place.ordinal)
-            return Fate::untouched();
-        done = true;
-        return candidate_.spoil.fate;
+        if (call.number != candidate_.place.number) return Fate::untouched();
+        const bool now = seen_++ == candidate_.place.ordinal;
+        if (now) file_ = fileOf(call);
+        done = done || now;
+        const bool again = done && candidate_.spoil.lasts && fileOf(call) == file_;
+        return now || again ? candidate_.spoil.fate : Fate::untouched();
     }
 
     const Candidate& candidate_;
     int seen_ = 0;
+    std::string file_;
 };
 
 /// One scenario in a folder of its own.
@@ -247,29 +261,30 @@ public:
         if (!spoiling.done) return std::nullopt;
         return trial;
     }
-    /// What was told last.
+
+private:
     [[nodiscard]] std::string output() const {
         std::string text(1 << 20, '\0');
         const ssize_t count = pread(output_, text.data(), text.size(), 0);
         text.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
         return text;
     }
-
-private:
     Trial sit(Observer& observer, const std::vector<int>& calls) {
         std::vector<std::string> arguments{sitting_, folder_};
         const std::vector<std::string> words = wordsOf(scenario_.words);
         arguments.insert(arguments.end(), words.begin(), words.end());
         Trial trial;
         trial.end = run(arguments, observer, calls);
-        trial.acts = actsOf(output());
+        trial.output = output();
+        trial.acts = actsOf(trial.output);
         trial.left = stateOf(folder_);
         if (judge_ != nullptr && !judge_->clean(trial.left)) {
             Observer nobody;
             const End end = run({sitting_, "--recover", folder_}, nobody, {SYS_exit_group});
             if (!end.well()) trial.end = end;
             trial.startedAgain = true;
-            trial.start = actsOf(output());
+            trial.outputOfStart = output();
+            trial.start = actsOf(trial.outputOfStart);
         }
         trial.final = trial.startedAgain ? stateOf(folder_) : trial.left;
         return trial;
@@ -331,12 +346,15 @@ struct Work {
 void tryOne(Trials& trials, const Scenario& scenario, const Candidate& candidate, int pipe) {
     const std::optional<Trial> trial = trials.spoil(candidate);
     const std::vector<std::string> faults =
-        trial ? trials.judge().faults(*trial) : std::vector<std::string>{"that call never came"};
-    const char* const outcome = !faults.empty()                    ? "wrong"
+        trial ? trials.judge().faults(*trial) : std::vector<std::string>{};
+    const char* const outcome = !trial                             ? "never came"
+                                : !faults.empty()                  ? "wrong"
                                 : trials.judge().unnoticed(*trial) ? "unnoticed"
                                 : trial->startedAgain              ? "put right"
-                                                                   : "told";
+                                : trials.judge().told(*trial)      ? "told"
+                                                                   : "silent";
     report(pipe, "trial\t" + nameOf(candidate.place.number) + "\t" + candidate.act + "\t" + outcome);
+    if (!trial) report(pipe, "never\t" + describe(scenario, candidate) + " (" + candidate.of + ")");
     for (const std::string& fault : faults) {
         report(pipe, "fault\t" + describe(scenario, candidate) + "\t" + fault + " (" + candidate.act + ", " +
                          candidate.of + ")");
@@ -359,6 +377,7 @@ void work(const Work& work, int pipe) {
                              std::to_string(times));
         }
         report(pipe, "same\t" + std::to_string(learnt.ofOtherScenarios));
+        report(pipe, "first\t" + std::to_string(learnt.firstStarts));
     }
     if (work.worker == 0) report(pipe, "all\t" + std::to_string(candidates));
     Choice choice{candidates, work.count == 0 ? candidates : work.count};
@@ -390,6 +409,10 @@ public:
             (kind == "sure" ? sure_ : unknown_)[parts.at(1)] += std::stoi(parts.at(2));
         } else if (kind == "same") {
             same_ += std::stoi(parts.at(1));
+        } else if (kind == "never") {
+            never_.push_back(parts.at(1));
+        } else if (kind == "first") {
+            first_ += std::stoi(parts.at(1));
         } else if (kind == "all") {
             all_ = std::stoi(parts.at(1));
         }
@@ -400,7 +423,11 @@ public:
         print("by call", byCall_);
         print("by act", byAct_);
         std::cout << all_ << " ways to fail; not tried: calls that cannot fail (" << listed(sure_) << "), "
-                  << same_ << " calls outside the insertion, which another scenario tries\n";
+                  << same_ << " calls outside the insertion, which another scenario tries, " << first_
+                  << " ways to say that there are no settings, which is a first start\n";
+        for (const std::string& candidate : never_) {
+            std::cout << "never came again: " << candidate << "\n";
+        }
         for (const std::string& fault : faults) {
             std::cout << "WRONG " << fault << "\n";
         }
@@ -437,7 +464,8 @@ private:
 
     Counts byCall_, byAct_;
     std::map<std::string, int> sure_, unknown_;
-    int all_ = 0, same_ = 0;
+    std::vector<std::string> never_;
+    int all_ = 0, same_ = 0, first_ = 0;
 
 public:
     int trials = 0;
@@ -488,7 +516,8 @@ int tryAgain(const std::string& sitting, const std::string& folder, const std::v
             std::cout << candidate.act << ", " << candidate.of << "\n";
             const std::optional<Trial> trial = trials.spoil(candidate);
             if (!trial) break;
-            std::cout << trials.output();
+            std::cout << trial->output
+                      << (trial->startedAgain ? "STARTED AGAIN\n" + trial->outputOfStart : "");
             for (const std::string& fault : trials.judge().faults(*trial)) {
                 std::cout << "WRONG " << fault << "\n";
             }

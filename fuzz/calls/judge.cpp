@@ -4,6 +4,7 @@
 #include "archive/reader.hpp"
 
 #include <algorithm>
+#include <set>
 
 namespace pelrath::calls {
 
@@ -37,21 +38,32 @@ Judge::Judge(std::string folder, FolderState before, Trial undisturbed, std::siz
 }
 
 bool Judge::settingsKnown(const std::string& bytes) const {
-    std::string text = undisturbed_.final.at(settingsName).bytes;
-    if (bytes == before_.at(settingsName).bytes || bytes == text) return true;
-    // The folder in use is that of the last dialog that opened.
-    const std::string last = "extractionfolder=" + folder_ + "/out";
-    const std::size_t at = text.find(last);
-    if (at == std::string::npos) return false;
-    return bytes == text.replace(at, last.size(), "extractionfolder=" + folder_ + "/extracted");
+    if (bytes == before_.at(settingsName).bytes) return true;
+    std::set<std::string> texts{undisturbed_.final.at(settingsName).bytes};
+    const auto orElse = [&](const std::string& line, const std::string& other) {
+        for (std::string text : std::set{texts}) {
+            const std::size_t at = text.find(line);
+            if (at != std::string::npos) texts.insert(text.replace(at, line.size(), other));
+        }
+    };
+    // The folder in use is that of the last dialog that opened, and one that cannot be found is forgotten.
+    orElse("=" + folder_ + "/out\n", "=" + folder_ + "/extracted\n");
+    orElse("=" + folder_ + "/copies\n", "=\n");
+    orElse("=" + folder_ + "/bazar\n", "=\n");
+    return texts.count(bytes) != 0;
 }
 
 bool Judge::known(const std::string& name, const FileState& file) const {
     if (name == archiveName) return file.mode == before_.at(name).mode; // the rest is judged by levels
-    if (isSafeCopy(name)) return file == stateIn(undisturbed_.final, "copies/a-0.cdds");
     if (name == settingsName) return settingsKnown(file.bytes);
-    if (name == "program/Pelrath.ini.bak") return file.bytes == before_.at(settingsName).bytes;
-    return file == stateIn(before_, name) || file == stateIn(undisturbed_.final, name);
+    // What cannot have the permissions that it should have is its owner's alone.
+    const auto is = [&](const FileState& other) {
+        return file.bytes == other.bytes && (file.mode == other.mode || file.mode == 0600);
+    };
+    if (isSafeCopy(name)) return is(stateIn(undisturbed_.final, "copies/a-0.cdds"));
+    if (name == "program/Pelrath.ini.bak") return is(before_.at(settingsName));
+    return (before_.count(name) != 0 && is(before_.at(name))) ||
+           (undisturbed_.final.count(name) != 0 && is(undisturbed_.final.at(name)));
 }
 
 bool Judge::clean(const FolderState& state) const {
@@ -63,11 +75,13 @@ bool Judge::unnoticed(const Trial& trial) const {
     return trial.acts == undisturbed_.acts && trial.final == undisturbed_.final && !trial.startedAgain;
 }
 
-bool Judge::told(const Trial& trial, const std::string& name) const {
+bool Judge::told(const Trial& trial, const std::string& upTo) const {
     for (const Act& act : trial.acts) {
         const Act& other = actNamed(undisturbed_.acts, act.name);
+        const bool ofThis = upTo.empty() || act.name == upTo;
         if (act.boxes.size() > other.boxes.size()) return true;
-        if (act.name == name) return act.boxes != other.boxes || act.summaries != other.summaries;
+        if (ofThis && (act.boxes != other.boxes || act.summaries != other.summaries)) return true;
+        if (!upTo.empty() && act.name == upTo) return false;
     }
     return false;
 }
@@ -102,7 +116,8 @@ void Judge::judgeArchive(const Trial& trial, Faults& faults) const {
     }
     if (found != old) faults.push_back("the archive has bytes that are neither old nor new");
     const int all = static_cast<int>(levels_.size());
-    if (inserted != 0 && inserted != all)
+    const bool othersMissing = filesMissingIn(actNamed(trial.acts, "insert")) == all - inserted;
+    if (inserted != 0 && inserted != all && !othersMissing)
         faults.push_back(std::to_string(inserted) + " of " + std::to_string(all) + " levels are new");
     const int said = std::max(insertedLevels(actNamed(trial.acts, "insert")), 0);
     bool toldAgain = false;
@@ -129,16 +144,16 @@ void Judge::judgeWords(const Trial& trial, Faults& faults) const {
         const Act& done = actNamed(trial.acts, act.name);
         for (const std::string& path : filesWrittenIn(done)) {
             const std::string name = inFolder(path);
-            if (stateIn(trial.final, name) != stateIn(undisturbed_.final, name))
+            if (stateIn(trial.final, name).bytes != stateIn(undisturbed_.final, name).bytes)
                 faults.push_back(name + " was told to be written, and is not");
         }
         bool asWanted = done.said == act.said && done.summaries.size() == act.summaries.size();
         for (const std::string& path : filesWrittenIn(act)) {
             const std::string name = inFolder(path);
-            asWanted = asWanted && stateIn(trial.final, name) == stateIn(undisturbed_.final, name);
+            asWanted =
+                asWanted && stateIn(trial.final, name).bytes == stateIn(undisturbed_.final, name).bytes;
         }
-        if (act.name == "quit")
-            asWanted = stateIn(trial.final, settingsName) == stateIn(undisturbed_.final, settingsName);
+        // Settings that cannot be written are passed over in silence.
         if (!asWanted && !told(trial, act.name)) faults.push_back(act.name + " failed, and nobody was told");
     }
 }

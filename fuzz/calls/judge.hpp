@@ -13,9 +13,11 @@ namespace pelrath::calls {
 /// One sitting, and the start of the program behind it where it left something to put right.
 struct Trial {
     End end;
+    std::string output;
     std::vector<Act> acts;
     FolderState left; ///< by the sitting
     bool startedAgain = false;
+    std::string outputOfStart;
     std::vector<Act> start;
     FolderState final; ///< behind that start
 };
@@ -35,6 +37,9 @@ public:
     [[nodiscard]] std::vector<std::string> faults(const Trial& trial) const;
     /// The disturbance made no difference that a user could see.
     [[nodiscard]] bool unnoticed(const Trial& trial) const;
+    /// More or other messages and summaries than without the disturbance; as far as that act, if one is
+    /// named.
+    [[nodiscard]] bool told(const Trial& trial, const std::string& upTo = "") const;
 
 private:
     using Faults = std::vector<std::string>;
@@ -44,7 +49,6 @@ private:
 
     [[nodiscard]] bool known(const std::string& name, const FileState& file) const;
     [[nodiscard]] bool settingsKnown(const std::string& bytes) const;
-    [[nodiscard]] bool told(const Trial& trial, const std::string& act) const;
     void judgeFiles(const Trial& trial, Faults& faults) const;
     void judgeArchive(const Trial& trial, Faults& faults) const;
     void judgeSafeCopy(const Trial& trial, int levelsInserted, Faults& faults) const;

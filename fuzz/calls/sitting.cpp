@@ -37,7 +37,7 @@ std::string Sitting::transfer(CommandButton& button, const std::string& folder, 
     };
     main.Text8.setText(file(folder));
     button.press();
-    windows_.answer = nullptr;
+    windows_.answer = nullptr; // where no dialog opened
     return summary;
 }
 

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace pelrath::calls {
 
@@ -14,7 +15,8 @@ class AnsweredDialogs : public ModalWindows {
 public:
     void showModal(Window& window) override {
         window.activated.emit();
-        if (answer) answer();
+        // A dialog out of a dialog is closed as it comes up.
+        if (const auto once = std::exchange(answer, nullptr)) once();
         window.unload();
         if (returned) returned();
     }

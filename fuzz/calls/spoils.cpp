@@ -20,6 +20,7 @@ constexpr const char* ofWriting = "EIO ENOSPC EDQUOT EFBIG EINTR EPERM";
 struct Errors {
     const char* general;   ///< the call is not made
     const char* made = ""; ///< it is, and tells of a failure all the same
+    const char* lasting = "";
 };
 
 const std::map<int, Errors> errors{
@@ -37,17 +38,19 @@ const std::map<int, Errors> errors{
     {SYS_pread64, {"EIO EINTR ESTALE"}},
     {SYS_getdents64, {"EIO ENOENT ESTALE"}},
     {SYS_lseek, {"EINVAL EOVERFLOW"}},
-    {SYS_write, {ofWriting}},
-    {SYS_pwrite64, {ofWriting}},
+    {SYS_write, {ofWriting, "", "EIO ENOSPC"}},
+    {SYS_pwrite64, {ofWriting, "", "EIO ENOSPC"}},
     {SYS_copy_file_range,
      {"EFBIG EINTR EINVAL EIO ENOMEM ENOSPC ENOSYS EOPNOTSUPP EOVERFLOW EPERM ETXTBSY EXDEV"}},
     {SYS_fallocate, {"EFBIG EINTR EIO ENODEV ENOSPC ENOSYS EOPNOTSUPP EPERM"}},
     {SYS_ftruncate, {"EFBIG EINTR EINVAL EIO EPERM EROFS"}},
-    {SYS_fsync, {"", "EIO ENOSPC EDQUOT EINTR EINVAL EROFS"}},
+    {SYS_fsync, {"", "EIO ENOSPC EDQUOT EINTR EINVAL EROFS", "EIO"}},
     {SYS_fdatasync, {"", "EIO ENOSPC EDQUOT EINTR EINVAL EROFS"}},
     {SYS_sync_file_range, {"", "EIO EINVAL ENOMEM ENOSPC ESPIPE"}},
     {SYS_close, {"", "EIO EINTR ENOSPC EDQUOT"}},
     {SYS_rename,
+     {"EACCES EBUSY EDQUOT EIO EISDIR ELOOP EMLINK ENOENT ENOMEM ENOSPC ENOTDIR EPERM EROFS EXDEV"}},
+    {SYS_renameat,
      {"EACCES EBUSY EDQUOT EIO EISDIR ELOOP EMLINK ENOENT ENOMEM ENOSPC ENOTDIR EPERM EROFS EXDEV"}},
     {SYS_renameat2,
      {"EACCES EBUSY EDQUOT EEXIST EINVAL EIO EISDIR ELOOP EMLINK ENOENT ENOMEM ENOSPC ENOSYS ENOTDIR "
@@ -55,15 +58,15 @@ const std::map<int, Errors> errors{
     {SYS_linkat,
      {"EACCES EDQUOT EEXIST EINVAL EIO ELOOP EMLINK ENAMETOOLONG ENOENT ENOMEM ENOSPC ENOTDIR EPERM "
       "EROFS EXDEV"}},
-    {SYS_unlink, {"EACCES EBUSY EIO EISDIR ELOOP ENOMEM ENOTDIR EPERM EROFS", "ENOENT"}},
-    {SYS_unlinkat, {"EACCES EBUSY EIO EISDIR ELOOP ENOMEM ENOTDIR EPERM EROFS", "ENOENT"}},
+    {SYS_unlink, {"EACCES EBUSY EIO EISDIR ELOOP ENOMEM ENOTDIR EPERM EROFS", "ENOENT", "EPERM"}},
+    {SYS_unlinkat, {"EACCES EBUSY EIO EISDIR ELOOP ENOMEM ENOTDIR EPERM EROFS", "ENOENT", "EPERM"}},
     {SYS_rmdir, {"EACCES EBUSY EIO ELOOP ENOMEM ENOTDIR ENOTEMPTY EPERM EROFS", "ENOENT"}},
     {SYS_mkdir, {"EACCES EDQUOT EEXIST ELOOP EMLINK ENAMETOOLONG ENOENT ENOMEM ENOSPC ENOTDIR EPERM EROFS"}},
     {SYS_fchmod, {"EIO ENOENT ENOMEM EPERM EROFS"}},
     {SYS_chmod, {"EACCES EIO ELOOP ENOENT ENOMEM ENOTDIR EPERM EROFS"}},
     {SYS_fchmodat, {"EACCES EIO ELOOP ENOENT ENOMEM ENOTDIR EPERM EROFS"}},
     {SYS_utimensat, {"EACCES ENOENT EPERM EROFS"}},
-    {SYS_flock, {"EINTR EINVAL ENOLCK ENOSYS EOPNOTSUPP EWOULDBLOCK"}},
+    {SYS_flock, {"EINTR EINVAL ENOLCK ENOSYS EOPNOTSUPP EWOULDBLOCK", "", "EWOULDBLOCK"}},
     {SYS_fcntl, {"EACCES EINTR EINVAL EMFILE ENOLCK"}},
     {SYS_ioctl, {"EINVAL EIO EOPNOTSUPP EPERM ETXTBSY EXDEV"}},
     {SYS_fstatfs, {"EINTR EIO ENOMEM ENOSYS EOVERFLOW"}},
@@ -97,7 +100,7 @@ template <class Make>
 void add(std::vector<Spoil>& spoils, const std::string& names, const Make& fate) {
     std::istringstream words{names};
     for (std::string name; words >> name;) {
-        spoils.push_back({name, fate(numberOfError(name))});
+        spoils.push_back({name, fate(numberOfError(name)), false});
     }
 }
 
@@ -105,8 +108,8 @@ std::string furtherErrors(const Call& call) {
     if (call.number != SYS_openat) return "";
     const auto flags = static_cast<int>(call.arguments[2]);
     std::string more = (flags & O_ACCMODE) == O_RDONLY ? "" : "EPERM EROFS ETXTBSY ";
-    if ((flags & (O_CREAT | __O_TMPFILE)) != 0) more += "ENOSPC EDQUOT ";
-    if ((flags & __O_TMPFILE) != 0) more += "EISDIR EINVAL EOPNOTSUPP ";
+    if ((flags & O_CREAT) != 0 || makesNamelessFile(call)) more += "ENOSPC EDQUOT ";
+    if (makesNamelessFile(call)) more += "EISDIR EINVAL EOPNOTSUPP ";
     if ((flags & O_EXCL) != 0) more += "EEXIST ";
     return more;
 }
@@ -120,14 +123,24 @@ std::vector<Spoil> spoilsOf(const Call& call) {
     add(spoils, found->second.general, &Fate::failed);
     add(spoils, furtherErrors(call), &Fate::failed);
     add(spoils, found->second.made, &Fate::madeAndFailed);
+    const std::size_t once = spoils.size();
+    add(spoils, found->second.lasting, &Fate::failed);
+    for (std::size_t i = once; i < spoils.size(); ++i) {
+        spoils[i].name += '+';
+        spoils[i].lasts = true;
+    }
     const int argument = countArgument(call.number);
     if (argument < 0) return spoils;
     const std::uint64_t count = call.arguments[static_cast<std::size_t>(argument)];
-    if (count > 1) spoils.push_back({"SHORT", Fate::shortened(count / 2)});
+    if (count > 1) spoils.push_back({"SHORT", Fate::shortened(count / 2), false});
     const bool reads =
         call.number == SYS_read || call.number == SYS_pread64 || call.number == SYS_copy_file_range;
-    if (reads) spoils.push_back({"END", Fate::answered(0)});
+    if (reads) spoils.push_back({"END", Fate::answered(0), false});
     return spoils;
+}
+
+bool makesNamelessFile(const Call& call) {
+    return call.number == SYS_openat && (call.arguments[2] & O_TMPFILE) == O_TMPFILE;
 }
 
 bool cannotFail(int number) { return unfailing.count(number) != 0; }

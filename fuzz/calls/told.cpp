@@ -1,5 +1,6 @@
 #include "calls/told.hpp"
 
+#include <algorithm>
 #include <regex>
 #include <sstream>
 
@@ -54,6 +55,12 @@ int insertedLevels(const Act& insertion) {
         if (std::regex_match(line, found, count)) levels = std::stoi(found[1]);
     }
     return levels;
+}
+
+int filesMissingIn(const Act& insertion) {
+    const std::vector<std::string> lines = linesOf(insertion);
+    return static_cast<int>(std::count_if(
+        lines.begin(), lines.end(), [](const std::string& line) { return line.ends_with(" not found."); }));
 }
 
 std::string safeCopyIn(const Act& insertion) {

@@ -21,6 +21,9 @@ const Act& actNamed(const std::vector<Act>& acts, const std::string& name);
 /// How many levels the summary of an insertion counts; -1 where it has no count.
 int insertedLevels(const Act& insertion);
 
+/// How many files it has not found.
+int filesMissingIn(const Act& insertion);
+
 /// The file that the summary calls the safe copy, empty where it names none.
 std::string safeCopyIn(const Act& insertion);
 
