@@ -29,7 +29,7 @@ TEST_F(Reading, FillsThePanesAndChoosesTheFirstTexture) {
                   folder.file("a.cdds") + (cdds ? ", cdds,       2 " : ", 0C,       2 "));
         EXPECT_EQ(row(main.Text7.text(), main.Text5.text()), "2, "); // the last texture has no level
         EXPECT_EQ(row(main.Text9.text().size(), main.Text2[0].text().size(), main.Text2[1].text().size()),
-                  cdds ? "76, 254, 112" : "51, 158, 112");
+                  cdds ? "76, 254, 112" : "51, 158, 112"); // the titles
         EXPECT_EQ(row(main.incrementalSearchList.line(0), main.Output[MipmapPane].line(1).substr(0, 7)),
                   "wall.x.bmp,     2  ");
         EXPECT_EQ(row(session.selectedTexture, session.selectedBaseName, folder.read("tmp.dds").substr(128)),
@@ -57,15 +57,14 @@ TEST_F(Reading, CancellingLeavesTheArchiveAndEmptiesTheDisplay) {
 
 TEST_F(Reading, WhatCannotBeReadSaysSoAndKeepsWhatIsThere) {
     main.cmdReadCDDS.press();
-    EXPECT_EQ(boxes.take(), std::vector{(ShownBox{"No CDDS file selected. Please try again.", notFound})});
+    boxes.expect({"No CDDS file selected. Please try again.", notFound});
     EXPECT_FALSE(main.SplashFrame.visible());
 
     open(archiveOf({"a.bmp", "b.bmp"}));
     const CddsArchive before = session.archive;
     std::filesystem::remove(folder.file("a.cdds"));
     main.cmdReadCDDS.press();
-    EXPECT_EQ(boxes.take(),
-              std::vector{(ShownBox{"Selected file was not found. Please try again.", notFound})});
+    boxes.expect({"Selected file was not found. Please try again.", notFound});
     (void)folder.write("a.cdds", "DDS and something else");
     main.cmdReadCDDS.press();
     EXPECT_EQ(session.archive, before);
