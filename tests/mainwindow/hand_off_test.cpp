@@ -52,24 +52,5 @@ TEST_F(HandOff, OpensTheDialogOnceAllIsChosen) {
     boxes.expect("The texture \".bmp\" has no name in front of its extension");
 }
 
-TEST_F(HandOff, BrowsingSetsTheFolder) {
-    start();
-    session.exportImportFolder = "/kept";
-    main.Text8.setText("/typed meanwhile");
-    const std::string tooLong = "/" + std::string(260, 'x');
-    // What the picker answers, the folder in use, and what the box shows.
-    const std::array<std::string, 3> cases[] = {
-        {"", "/kept", "/typed meanwhile"}, {"/new", "/new", "/new"}, {"", tooLong, "/new"}};
-    for (const auto& [chosen, inUse, shown] : cases) {
-        if (inUse == tooLong) session.exportImportFolder = tooLong; // and so not in the tree
-        const std::string before = inUse == tooLong ? "" : session.exportImportFolder;
-        folderPicker.user = [chosen = chosen] { return FolderPicker::Choice{"name", chosen}; };
-        main.cmdGetExtractInsertFolder.press();
-        EXPECT_EQ(row(folderPicker.asked.title, folderPicker.asked.initialFolder),
-                  "Select Texture Set Root Path, " + before);
-        EXPECT_EQ(row(session.exportImportFolder, main.Text8.text()), row(inUse, shown));
-    }
-}
-
 } // namespace
 } // namespace pelrath::test
