@@ -1,7 +1,7 @@
 #include "transfer/image_insertion.hpp"
 
 #include "platform/files.hpp"
-#include "platform/scratch_file.hpp"
+#include "platform/leftovers.hpp"
 #include "transfer/image_file_name.hpp"
 #include "transfer/image_library_use.hpp"
 #include "transfer/insertion_attempt.hpp"
@@ -13,8 +13,8 @@ namespace {
 constexpr const char* lineBreak = "\r\n";
 
 std::string builtFileOf(const std::string& source) {
-    const std::string name{withoutExtension(fileName(source))};
-    return joinPath(parentFolder(source), name + "_tmppelrath.dds");
+    std::string name{withoutExtension(fileName(source))};
+    return joinPath(parentFolder(source), name.append(builtFileEnd));
 }
 
 } // namespace
@@ -56,6 +56,8 @@ bool ImageInsertion::mayBegin(HeldArchive& archive, std::optional<FolderLock>& f
     const auto begin = [&] {
         archive.requireTables();
         folder.emplace(session_.exportImportFolder, session_.programFolder);
+        removeHiddenLeftovers(session_.exportImportFolder);
+        removeBuiltLeftovers(*folder);
     };
     if (!attemptInsertion(boxes_, begin)) return false;
     const bool safe = safeCopy_.makeSafeCopy(archive, summary_);
@@ -67,11 +69,14 @@ void ImageInsertion::insertGuarded(ImageFileKind kind, const Choice& choice, Hel
                                    LevelWriter& writer) {
     if (!readOnly_.handleReadOnlyArchive(ReadOnlyArchive::BeforeWriting, archive, summary_)) return;
     showSummary();
-    attemptInsertion(boxes_, [&] { insertImage(kind, choice, writer); });
+    std::optional<ScratchFile> built;
+    attemptInsertion(boxes_, [&] { insertImage(kind, choice, writer, built); });
+    if (built) attemptInsertion(boxes_, [&] { built->remove(); });
     readOnly_.handleReadOnlyArchive(ReadOnlyArchive::AfterWriting, archive, summary_);
 }
 
-void ImageInsertion::insertImage(ImageFileKind kind, const Choice& choice, LevelWriter& writer) {
+void ImageInsertion::insertImage(ImageFileKind kind, const Choice& choice, LevelWriter& writer,
+                                 std::optional<ScratchFile>& built) {
     const std::string source = buildImageFileName(session_, choice.firstLevel, kind);
     summary_ += source + lineBreak;
     if (!imaging_.use.start()) return;
@@ -81,10 +86,10 @@ void ImageInsertion::insertImage(ImageFileKind kind, const Choice& choice, Level
         return;
     }
     if (!chooseFormat()) return;
-    const ScratchFile built{builtFileOf(source)};
+    built.emplace(builtFileOf(source));
     try {
-        if (!build(built.path(), image.id())) return;
-        writer.writeMipmapLevels(built.path(), session_.selectedTexture, choice.chained,
+        if (!build(built->path(), image.id())) return;
+        writer.writeMipmapLevels(built->path(), session_.selectedTexture, choice.chained,
                                  choice.selectedLevel);
     } catch (const SourceTooShort&) {
         summary_ += source + " is too short." + lineBreak; // the image is: it gives too little data

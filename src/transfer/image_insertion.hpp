@@ -2,6 +2,7 @@
 
 #include "platform/folder_lock.hpp"
 #include "platform/message_boxes.hpp"
+#include "platform/scratch_file.hpp"
 #include "session/session.hpp"
 #include "transfer/dds_builder.hpp"
 #include "transfer/level_writer.hpp"
@@ -44,7 +45,9 @@ private:
     /// Checks the archive, takes the folder in which a file is going to be built, and makes the safe copy.
     bool mayBegin(HeldArchive& archive, std::optional<FolderLock>& folder);
     void insertGuarded(ImageFileKind kind, const Choice& choice, HeldArchive& archive, LevelWriter& writer);
-    void insertImage(ImageFileKind kind, const Choice& choice, LevelWriter& writer);
+    /// The file that was built, if it came to that, is the caller's to remove.
+    void insertImage(ImageFileKind kind, const Choice& choice, LevelWriter& writer,
+                     std::optional<ScratchFile>& built);
     bool chooseFormat();
     bool build(const std::string& path, std::uint32_t image);
     void showSummary();
