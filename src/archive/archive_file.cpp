@@ -75,7 +75,7 @@ InputFile ArchiveFile::open(const std::string& chosen, const CddsArchive& catalo
                                                 ". Please choose the archive and read it again");
     }
     InputFile file = openAnew(path_);
-    if (!lockArchive(file, lock)) refuseAsUsed(path_);
+    if (waitForLock(file.handle(), lock) == LockAnswer::Taken) refuseAsUsed(path_);
     const FileIdentity now = file.identity();
     requireSameState(now);
     if (now.statusChanged != comparedAt_) compareTables(file, now, catalogue);

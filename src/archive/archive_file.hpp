@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/archive_lock.hpp"
 #include "archive/reader.hpp"
+#include "platform/file_lock.hpp"
 #include "platform/files.hpp"
 #include "platform/runtime_error.hpp"
 

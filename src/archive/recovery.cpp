@@ -1,8 +1,8 @@
 #include "archive/recovery.hpp"
 
-#include "archive/archive_lock.hpp"
 #include "archive/journal.hpp"
 #include "archive/reader.hpp"
+#include "platform/file_lock.hpp"
 #include "platform/file_mode.hpp"
 #include "platform/file_patch.hpp"
 #include "platform/runtime_error.hpp"
@@ -91,7 +91,8 @@ public:
     std::optional<RecoveredInsertion> run() try {
         if (!read()) return std::nullopt;
         const InputFile archive{record_.archivePath};
-        if (!lockArchive(archive, LockKind::Exclusive)) return std::nullopt;
+        const LockAnswer lock = waitForLock(archive.handle(), LockKind::Exclusive);
+        if (lock == LockAnswer::Taken) return std::nullopt;
         // Whoever had the lock before may have completed it, or begun another.
         if (!fileExists(found_.journal) || !read()) return std::nullopt;
         complete(archive);

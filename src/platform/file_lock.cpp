@@ -1,6 +1,8 @@
 #include "platform/file_lock.hpp"
 
 #include <cerrno>
+#include <chrono>
+#include <thread>
 
 #include <sys/file.h>
 
@@ -14,6 +16,16 @@ LockAnswer tryLock(int handle, LockKind kind) {
     } while (result != 0 && errno == EINTR);
     if (result == 0) return LockAnswer::Held;
     return errno == EWOULDBLOCK ? LockAnswer::Taken : LockAnswer::Unknown;
+}
+
+LockAnswer waitForLock(int handle, LockKind kind) {
+    constexpr std::chrono::milliseconds pause{10};
+    LockAnswer answer = tryLock(handle, kind);
+    for (int pauses = 50; answer == LockAnswer::Taken && pauses > 0; --pauses) {
+        std::this_thread::sleep_for(pause);
+        answer = tryLock(handle, kind);
+    }
+    return answer;
 }
 
 void releaseLock(int handle) { (void)::flock(handle, LOCK_UN); }

@@ -16,6 +16,10 @@ enum class LockAnswer {
 /// Takes the lock without waiting.
 [[nodiscard]] LockAnswer tryLock(int handle, LockKind kind);
 
+/// The same, but waits half a second for another one to give it up: longer than a look at a level or at what
+/// a folder holds takes.
+[[nodiscard]] LockAnswer waitForLock(int handle, LockKind kind);
+
 /// Gives it up while the handle, or a duplicate of it, stays open.
 void releaseLock(int handle);
 

@@ -11,7 +11,7 @@ FolderLock::FolderLock(const std::string& folder, const WorkingFolder& own)
     if (!folder_) return;
     // The program's own folder is open once already: a second lock would be refused by the first.
     const LockAnswer answer =
-        own.isFolder(folder_.get()) ? own.lock() : tryLock(folder_.get(), LockKind::Exclusive);
+        own.isFolder(folder_.get()) ? own.lock() : waitForLock(folder_.get(), LockKind::Exclusive);
     certain_ = answer == LockAnswer::Held;
     if (answer != LockAnswer::Taken) return;
     throw makeError(ErrorNumber::PermissionDenied, "FolderLock",

@@ -11,9 +11,9 @@ namespace pelrath {
 /// under names that are always the same, no other copy replaces or removes.
 class FolderLock {
 public:
-    /// Takes the folder without waiting. Fails while another copy of the program has it, with a description
-    /// that says what to do. The program's own folder is had for its whole life already. A folder that is not
-    /// there, or has no locks, counts as taken: what is wrong then shows with the first file.
+    /// Takes the folder; waits half a second for it. Fails while another copy of the program has it, with a
+    /// description that says what to do. The program's own folder is had for its whole life already. A folder
+    /// that is not there, or has no locks, counts as taken: what is wrong then shows with the first file.
     FolderLock(const std::string& folder, const WorkingFolder& own);
 
     /// -1 where the folder cannot be opened.
