@@ -9,6 +9,11 @@ namespace pelrath {
 /// Permission bits as the system counts them (07777).
 using FileMode = unsigned;
 
+/// Why nobody here can write into the file, nor take away the attribute that keeps it from being written: a
+/// few sentences with its path and what to do, without the last full stop. Empty where it can be written, be
+/// it only once the attribute is gone. Changes nothing.
+[[nodiscard]] std::string whyNotWritable(const InputFile& file);
+
 [[nodiscard]] FileMode fileMode(const InputFile& file);
 /// Flushed.
 void setFileMode(const InputFile& file, FileMode mode);

@@ -22,6 +22,9 @@ std::shared_ptr<const InputFile> HeldArchive::file() {
 }
 
 ArchiveContents HeldArchive::requireTables() {
+    if (const std::string reason = whyNotWritable(*file()); !reason.empty()) {
+        throw ArchiveRefused{static_cast<int>(ErrorNumber::PermissionDenied), "requireTables", reason};
+    }
     return session_.archiveFile.requireTables(*file(), session_.archive);
 }
 

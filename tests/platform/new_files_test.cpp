@@ -127,6 +127,29 @@ TEST(CopyOfAFile, ShowsItsProgressByTimeOnASlowDisk) {
     EXPECT_TRUE(folder.read("b") == folder.read("a"));
 }
 
+TEST(ReadOnlyFiles, AreToldFromThoseThatNobodyHereCanWrite) {
+    const TemporaryFolder folder;
+    const std::string path = folder.write("a", "x");
+    const struct {
+        unsigned mode;
+        std::vector<RefusedCall> refused;
+        const char* why;
+    } cases[] = {
+        {0600, {}, ""},
+        {0400, {{Call::OpenToWrite, EACCES}}, ""}, // the attribute can be taken away
+        {0600, {{Call::OpenToWrite, ETXTBSY}}, ""},
+        {0400, {{Call::OpenToWrite, EROFS}}, " is on a file system that can only be read"},
+        {0400, {{Call::OpenToWrite, EPERM}}, " is marked"},
+        {0604, {{Call::OpenToWrite, EACCES}, {Call::OpenAsOwner, EPERM}}, " belongs to another user"},
+        {0600, {{Call::OpenToWrite, EACCES}}, " may not be written by rules"}};
+    for (const auto& [mode, refused, why] : cases) {
+        fs::permissions(path, fs::perms{mode});
+        const Refusals refusals{refused};
+        const std::string said = whyNotWritable(InputFile{path});
+        EXPECT_TRUE(*why == '\0' ? said.empty() : said.starts_with(path + why)) << said;
+    }
+}
+
 TEST(FileForAWhile, IsGoneBeforeAndAfter) {
     const TemporaryFolder folder;
     fs::create_directory(folder.file("in"));

@@ -42,6 +42,18 @@ using pelrath::test::Call;
 // Where a program has functions of these names, all of it calls them instead of the system library's.
 extern "C" {
 
+int open(const char* path, int flags, ...) {
+    va_list rest;
+    va_start(rest, flags);
+    const auto mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
+    va_end(rest);
+    const bool toWrite = (flags & (O_WRONLY | O_CREAT)) == O_WRONLY;
+    if (!toWrite && (flags & O_NOATIME) == 0)
+        return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+    return static_cast<int>(
+        ask(toWrite ? Call::OpenToWrite : Call::OpenAsOwner, 0, SYS_openat, AT_FDCWD, path, flags, mode));
+}
+
 int openat(int folder, const char* path, int flags, ...) {
     va_list rest;
     va_start(rest, flags);

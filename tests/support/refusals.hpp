@@ -8,6 +8,8 @@ namespace pelrath::test {
 /// What a program asks of the system and a test can answer in its place.
 enum class Call {
     NamelessFile, ///< openat with O_TMPFILE
+    OpenToWrite,  ///< open of what is there already, with O_WRONLY
+    OpenAsOwner,  ///< open with O_NOATIME
     Link,         ///< linkat
     Rename,       ///< rename, renameat
     NewName,      ///< renameat2

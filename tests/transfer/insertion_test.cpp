@@ -1,3 +1,4 @@
+#include "support/refusals.hpp"
 #include "transfer_harness.hpp"
 
 namespace pelrath::test {
@@ -423,6 +424,16 @@ TEST_F(TroubledInsertion, CopiesNothingWhereThereIsNothingToCopyOrNowhereToPutIt
     EXPECT_EQ(insert({copying}), noCopy);
     boxes.expect("Store texture Copy Error : 52 The texture's name \"../wall\" cannot be the name of a file");
     EXPECT_EQ(files("bazar"), "wall.xyz");
+}
+
+TEST_F(TroubledInsertion, LooksBeforeTheSafeCopyWhetherTheArchiveCanBeWritten) {
+    permit(0400);
+    const Refusal readOnlyDisk{Call::OpenToWrite, EROFS};
+    for (const Step& kind : {Step{images}, Step{ddsFiles}}) {
+        EXPECT_EQ(insert({kind}), "Insertion canceled.");
+        boxes.expect("can only be read. Please open a copy");
+    }
+    EXPECT_EQ(files("copies"), "");
 }
 
 TEST_F(TroubledInsertion, ClearsTheFoldersThatItWorksInOfWhatADeadProgramLeft) {
