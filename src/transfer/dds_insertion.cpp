@@ -2,7 +2,6 @@
 
 #include "platform/files.hpp"
 #include "transfer/image_file_name.hpp"
-#include "transfer/insertion_attempt.hpp"
 
 #include <algorithm>
 
@@ -12,26 +11,20 @@ namespace {
 constexpr const char* lineBreak = "\r\n";
 } // namespace
 
-DdsInsertion::DdsInsertion(const Controls& controls, MessageBoxes& boxes, const Session& session,
-                           const TransferState& state, SafeCopy& safeCopy, ReadOnlyArchive& readOnly,
+DdsInsertion::DdsInsertion(const Controls& controls, const Session& session, const TransferState& state,
                            ImageInsertion& images, BazarTempCopy& bazarTemp)
-    : c_(controls), boxes_(boxes), session_(session), state_(state), safeCopy_(safeCopy), readOnly_(readOnly),
-      images_(images), bazarTemp_(bazarTemp) {}
+    : c_(controls), session_(session), state_(state), images_(images), bazarTemp_(bazarTemp) {}
 
-void DdsInsertion::insertFromDdsFiles(HeldArchive& archive) {
-    summary_.clear();
-    showSummary();
+void DdsInsertion::insertFromDdsFiles(InsertionRun& run) {
+    const bool intoArchive = c_.chkDestination[ToArchive].checked();
+    std::optional<FolderLock> folder;
     if (nothingChosen()) {
-        summary_ = std::string{"No mipmap selected."} + lineBreak + "0 mipmap(s) inserted." + lineBreak;
-        showSummary();
-    } else if (!mayBegin(archive)) {
-        summary_ += "Insertion canceled.";
-        showSummary();
-    } else if (c_.chkDestination[ToArchive].checked()) {
-        insertIntoArchive(archive);
+        run.say(std::string{"No mipmap selected."} + lineBreak + "0 mipmap(s) inserted." + lineBreak);
+    } else if (run.begin([&] { check(run, folder); }) && intoArchive) {
+        insertIntoArchive(run);
     }
     if (c_.chkDestination[ToBazarTemp].checked()) {
-        attemptInsertion(boxes_, [this] { copyIntoBazarTemp(); });
+        run.attempt([&] { copyIntoBazarTemp(run); });
     }
 }
 
@@ -40,32 +33,27 @@ bool DdsInsertion::nothingChosen() const {
            checkedLevels().empty();
 }
 
-bool DdsInsertion::mayBegin(HeldArchive& archive) {
-    const bool asRead =
-        !c_.chkDestination[ToArchive].checked() || attemptInsertion(boxes_, [&] { archive.requireTables(); });
-    const bool safe = asRead && safeCopy_.makeSafeCopy(archive, summary_);
-    ofSafeCopy_ = summary_;
-    showSummary();
-    return safe;
+void DdsInsertion::check(InsertionRun& run, std::optional<FolderLock>& folder) const {
+    if (!c_.chkDestination[ToArchive].checked()) return;
+    run.archive().requireTables();
+    if (state_.mipmapOperation == Create) images_.takeFolder(folder);
 }
 
-void DdsInsertion::insertIntoArchive(HeldArchive& archive) {
-    if (readOnly_.handleReadOnlyArchive(ReadOnlyArchive::BeforeWriting, archive, summary_)) {
-        switch (state_.mipmapOperation) {
-        case Single:
-        case External:
-            insertLevels(archive, checkedLevels(), " mipmap(s) inserted.");
-            break;
-        case Embedded:
-            insertLevels(archive, {LevelWriter::everyLevel}, " Mipmap(s) inserted.");
-            break;
-        case Create:
-            createFromLargest(archive);
-            break;
-        }
+void DdsInsertion::insertIntoArchive(InsertionRun& run) {
+    const InsertionRun::WritePermission permission{run};
+    if (!permission) return;
+    switch (state_.mipmapOperation) {
+    case Single:
+    case External:
+        insertLevels(run, checkedLevels(), " mipmap(s) inserted.");
+        break;
+    case Embedded:
+        insertLevels(run, {LevelWriter::everyLevel}, " Mipmap(s) inserted.");
+        break;
+    case Create:
+        images_.insertImage(ImageFileKind::Dds, run);
+        break;
     }
-    readOnly_.handleReadOnlyArchive(ReadOnlyArchive::AfterWriting, archive, summary_);
-    showSummary();
 }
 
 std::vector<std::int16_t> DdsInsertion::checkedLevels() const {
@@ -76,11 +64,11 @@ std::vector<std::int16_t> DdsInsertion::checkedLevels() const {
     return levels;
 }
 
-void DdsInsertion::insertLevels(HeldArchive& archive, const std::vector<std::int16_t>& levels,
+void DdsInsertion::insertLevels(InsertionRun& run, const std::vector<std::int16_t>& levels,
                                 const char* countWords) {
-    LevelWriter writer{archive};
+    LevelWriter writer{run.archive()};
     std::vector<Source> sources;
-    attemptInsertion(boxes_, [&] {
+    run.attempt([&] {
         for (const std::int16_t level : levels) {
             sources.push_back(hold(writer, level));
         }
@@ -89,12 +77,13 @@ void DdsInsertion::insertLevels(HeldArchive& archive, const std::vector<std::int
             writer.writeHeldLevels();
         }
     });
+    std::string lines;
     for (const Source& source : sources) {
-        if (writer.written() >= source.levels) summary_ += source.line;
+        if (writer.written() >= source.levels) lines += source.line;
     }
     const bool noChain = state_.mipmapOperation == Embedded && !sources.empty() && !sources.front().found;
-    if (!noChain) summary_ += std::to_string(writer.written()) + countWords + lineBreak;
-    showSummary();
+    if (!noChain) lines += std::to_string(writer.written()) + countWords + lineBreak;
+    run.say(lines);
 }
 
 bool DdsInsertion::checkSourceFile(const std::string& path, std::string& summary) {
@@ -121,27 +110,14 @@ DdsInsertion::Source DdsInsertion::hold(LevelWriter& writer, std::int16_t level)
     return source;
 }
 
-void DdsInsertion::createFromLargest(HeldArchive& archive) {
-    images_.performSimpleImageInsertion(ImageFileKind::Dds, archive);
-    // Its summary starts anew, and would hide the safe copy's name and what became of the attribute. That no
-    // copy was made it says as well.
-    std::string nested = c_.ExtractSummary.text();
-    if (nested.starts_with(ofSafeCopy_)) nested.erase(0, ofSafeCopy_.size());
-    summary_ += nested;
-    showSummary();
-}
-
-void DdsInsertion::copyIntoBazarTemp() {
+void DdsInsertion::copyIntoBazarTemp(InsertionRun& run) {
     const std::string path = buildImageFileName(session_, 0, ImageFileKind::Dds);
-    if (summary_.empty()) summary_ = path + lineBreak;
+    if (run.summary().empty()) run.say(path + lineBreak);
     if (!fileExists(path)) return;
     std::string ofCopy;
     if (!bazarTemp_.StoreCopyInBazarTemp(session_.selectedTexture, path, ofCopy)) return;
-    if (!ofCopy.empty() && !summary_.ends_with(lineBreak)) summary_ += lineBreak;
-    summary_ += ofCopy;
-    showSummary();
+    if (!ofCopy.empty() && !run.summary().ends_with(lineBreak)) run.say(lineBreak);
+    run.say(ofCopy);
 }
-
-void DdsInsertion::showSummary() { c_.ExtractSummary.setText(summary_); }
 
 } // namespace pelrath

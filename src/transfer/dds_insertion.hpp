@@ -1,12 +1,10 @@
 #pragma once
 
-#include "platform/message_boxes.hpp"
 #include "session/session.hpp"
 #include "transfer/bazar_temp_copy.hpp"
 #include "transfer/image_insertion.hpp"
+#include "transfer/insertion_run.hpp"
 #include "transfer/level_writer.hpp"
-#include "transfer/read_only_archive.hpp"
-#include "transfer/safe_copy.hpp"
 #include "transfer/transfer_controls.hpp"
 
 #include <array>
@@ -23,14 +21,12 @@ public:
     struct Controls {
         const CheckListBox& List1;
         const std::array<CheckBox, 2>& chkDestination;
-        TextBox& ExtractSummary;
     };
 
-    DdsInsertion(const Controls& controls, MessageBoxes& boxes, const Session& session,
-                 const TransferState& state, SafeCopy& safeCopy, ReadOnlyArchive& readOnly,
+    DdsInsertion(const Controls& controls, const Session& session, const TransferState& state,
                  ImageInsertion& images, BazarTempCopy& bazarTemp);
 
-    void insertFromDdsFiles(HeldArchive& archive);
+    void insertFromDdsFiles(InsertionRun& run);
 
 private:
     /// A file, and how many levels are held once its own are: it is inserted when that many are written.
@@ -42,30 +38,21 @@ private:
     };
 
     [[nodiscard]] bool nothingChosen() const;
-    bool mayBegin(HeldArchive& archive);
-    void insertIntoArchive(HeldArchive& archive);
+    void check(InsertionRun& run, std::optional<FolderLock>& folder) const;
+    void insertIntoArchive(InsertionRun& run);
     [[nodiscard]] std::vector<std::int16_t> checkedLevels() const;
     /// Each of the levels from its own file, or LevelWriter::everyLevel from that of level 0.
-    void insertLevels(HeldArchive& archive, const std::vector<std::int16_t>& levels, const char* countWords);
+    void insertLevels(InsertionRun& run, const std::vector<std::int16_t>& levels, const char* countWords);
     /// Whether the file is there, which is appended to the summary.
     static bool checkSourceFile(const std::string& path, std::string& summary);
     [[nodiscard]] Source hold(LevelWriter& writer, std::int16_t level) const;
-    void createFromLargest(HeldArchive& archive);
-    void copyIntoBazarTemp();
-    void showSummary();
+    void copyIntoBazarTemp(InsertionRun& run);
 
     Controls c_;
-    MessageBoxes& boxes_;
     const Session& session_;
     const TransferState& state_;
-    SafeCopy& safeCopy_;
-    ReadOnlyArchive& readOnly_;
     ImageInsertion& images_;
     BazarTempCopy& bazarTemp_;
-
-    // Of the current run.
-    std::string summary_;
-    std::string ofSafeCopy_; ///< what the summary says of it
 };
 
 } // namespace pelrath

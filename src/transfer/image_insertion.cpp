@@ -4,7 +4,6 @@
 #include "platform/leftovers.hpp"
 #include "transfer/image_file_name.hpp"
 #include "transfer/image_library_use.hpp"
-#include "transfer/insertion_attempt.hpp"
 
 namespace pelrath {
 
@@ -20,29 +19,28 @@ std::string builtFileOf(const std::string& source) {
 } // namespace
 
 ImageInsertion::ImageInsertion(const Controls& controls, MessageBoxes& boxes, const Session& session,
-                               const TransferState& state, const TransferImaging& imaging, SafeCopy& safeCopy,
-                               ReadOnlyArchive& readOnly)
-    : c_(controls), boxes_(boxes), session_(session), state_(state), imaging_(imaging), safeCopy_(safeCopy),
-      readOnly_(readOnly), builder_(imaging, session.programFolder) {}
+                               const TransferState& state, const TransferImaging& imaging)
+    : c_(controls), boxes_(boxes), session_(session), state_(state), imaging_(imaging),
+      builder_(imaging, session.programFolder) {}
 
-void ImageInsertion::performSimpleImageInsertion(ImageFileKind kind, HeldArchive& archive) {
-    summary_.clear();
-    showSummary();
-    const std::optional<Choice> choice = choose();
+void ImageInsertion::performSimpleImageInsertion(ImageFileKind kind, InsertionRun& run) {
     std::optional<FolderLock> folder;
-    if (choice && !mayBegin(archive, folder)) {
-        summary_ += "Insertion canceled.";
-        showSummary();
-        return;
-    }
-    LevelWriter writer{archive};
-    if (choice) {
-        insertGuarded(kind, *choice, archive, writer);
+    const auto check = [&] {
+        run.archive().requireTables();
+        takeFolder(folder);
+    };
+    if (choose() && !run.begin(check)) return;
+    insertImage(kind, run);
+}
+
+void ImageInsertion::insertImage(ImageFileKind kind, InsertionRun& run) {
+    LevelWriter writer{run.archive()};
+    if (const std::optional<Choice> choice = choose()) {
+        insertChosen(kind, *choice, run, writer);
     } else {
-        summary_ += std::string{"No mipmap selected."} + lineBreak;
+        run.say(std::string{"No mipmap selected."} + lineBreak);
     }
-    summary_ += std::to_string(writer.written()) + " mipmaps(s) inserted.";
-    showSummary();
+    run.say(std::to_string(writer.written()) + " mipmaps(s) inserted.");
 }
 
 std::optional<ImageInsertion::Choice> ImageInsertion::choose() const {
@@ -52,33 +50,25 @@ std::optional<ImageInsertion::Choice> ImageInsertion::choose() const {
     return Choice{level, false, level};
 }
 
-bool ImageInsertion::mayBegin(HeldArchive& archive, std::optional<FolderLock>& folder) {
-    const auto begin = [&] {
-        archive.requireTables();
-        folder.emplace(session_.exportImportFolder, session_.programFolder);
-        removeHiddenLeftovers(session_.exportImportFolder);
-        removeBuiltLeftovers(*folder);
-    };
-    if (!attemptInsertion(boxes_, begin)) return false;
-    const bool safe = safeCopy_.makeSafeCopy(archive, summary_);
-    showSummary();
-    return safe;
+void ImageInsertion::takeFolder(std::optional<FolderLock>& folder) const {
+    folder.emplace(session_.exportImportFolder, session_.programFolder);
+    removeHiddenLeftovers(session_.exportImportFolder);
+    removeBuiltLeftovers(*folder);
 }
 
-void ImageInsertion::insertGuarded(ImageFileKind kind, const Choice& choice, HeldArchive& archive,
-                                   LevelWriter& writer) {
-    if (!readOnly_.handleReadOnlyArchive(ReadOnlyArchive::BeforeWriting, archive, summary_)) return;
-    showSummary();
+void ImageInsertion::insertChosen(ImageFileKind kind, const Choice& choice, InsertionRun& run,
+                                  LevelWriter& writer) {
+    const InsertionRun::WritePermission permission{run};
+    if (!permission) return;
     std::optional<ScratchFile> built;
-    attemptInsertion(boxes_, [&] { insertImage(kind, choice, writer, built); });
-    if (built) attemptInsertion(boxes_, [&] { built->remove(); });
-    readOnly_.handleReadOnlyArchive(ReadOnlyArchive::AfterWriting, archive, summary_);
+    run.attempt([&] { buildAndWrite(kind, choice, run, writer, built); });
+    if (built) run.attempt([&] { built->remove(); });
 }
 
-void ImageInsertion::insertImage(ImageFileKind kind, const Choice& choice, LevelWriter& writer,
-                                 std::optional<ScratchFile>& built) {
+void ImageInsertion::buildAndWrite(ImageFileKind kind, const Choice& choice, InsertionRun& run,
+                                   LevelWriter& writer, std::optional<ScratchFile>& built) {
     const std::string source = buildImageFileName(session_, choice.firstLevel, kind);
-    summary_ += source + lineBreak;
+    run.say(source + lineBreak);
     if (!imaging_.use.start()) return;
     LoadedImage image{imaging_.facade, imaging_.images, source};
     if (!image) {
@@ -92,7 +82,7 @@ void ImageInsertion::insertImage(ImageFileKind kind, const Choice& choice, Level
         writer.writeMipmapLevels(built->path(), session_.selectedTexture, choice.chained,
                                  choice.selectedLevel);
     } catch (const SourceTooShort&) {
-        summary_ += source + " is too short." + lineBreak; // the image is: it gives too little data
+        run.say(source + " is too short." + lineBreak); // the image is: it gives too little data
     }
     if (writer.written() == 0) {
         boxes_.critical("Error during insertion in CDDS.", "performSimpleImageInsertion");
@@ -118,7 +108,5 @@ bool ImageInsertion::build(const std::string& path, std::uint32_t image) {
     return builder_.buildScaled(path, image, session_.archive.textures.at(texture).mipmaps,
                                 static_cast<std::int16_t>(filter));
 }
-
-void ImageInsertion::showSummary() { c_.ExtractSummary.setText(summary_); }
 
 } // namespace pelrath

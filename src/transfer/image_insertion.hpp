@@ -5,14 +5,12 @@
 #include "platform/scratch_file.hpp"
 #include "session/session.hpp"
 #include "transfer/dds_builder.hpp"
+#include "transfer/insertion_run.hpp"
 #include "transfer/level_writer.hpp"
-#include "transfer/read_only_archive.hpp"
-#include "transfer/safe_copy.hpp"
 #include "transfer/texture_extraction.hpp"
 #include "transfer/transfer_controls.hpp"
 
 #include <optional>
-#include <string>
 
 namespace pelrath {
 
@@ -24,14 +22,16 @@ public:
     struct Controls {
         const CheckListBox& List1;
         const DropDownList& lstScaleFilter;
-        TextBox& ExtractSummary;
     };
 
     ImageInsertion(const Controls& controls, MessageBoxes& boxes, const Session& session,
-                   const TransferState& state, const TransferImaging& imaging, SafeCopy& safeCopy,
-                   ReadOnlyArchive& readOnly);
+                   const TransferState& state, const TransferImaging& imaging);
 
-    void performSimpleImageInsertion(ImageFileKind kind, HeldArchive& archive);
+    void performSimpleImageInsertion(ImageFileKind kind, InsertionRun& run);
+    /// The same for a run that has begun, with its folder taken.
+    void insertImage(ImageFileKind kind, InsertionRun& run);
+    /// Takes the folder in which a file is going to be built, and clears it up. Fails as FolderLock does.
+    void takeFolder(std::optional<FolderLock>& folder) const;
 
 private:
     /// Which level's image is the source, and what of the built file goes where.
@@ -42,26 +42,19 @@ private:
     };
 
     [[nodiscard]] std::optional<Choice> choose() const;
-    /// Checks the archive, takes the folder in which a file is going to be built, and makes the safe copy.
-    bool mayBegin(HeldArchive& archive, std::optional<FolderLock>& folder);
-    void insertGuarded(ImageFileKind kind, const Choice& choice, HeldArchive& archive, LevelWriter& writer);
+    void insertChosen(ImageFileKind kind, const Choice& choice, InsertionRun& run, LevelWriter& writer);
     /// The file that was built, if it came to that, is the caller's to remove.
-    void insertImage(ImageFileKind kind, const Choice& choice, LevelWriter& writer,
-                     std::optional<ScratchFile>& built);
+    void buildAndWrite(ImageFileKind kind, const Choice& choice, InsertionRun& run, LevelWriter& writer,
+                       std::optional<ScratchFile>& built);
     bool chooseFormat();
     bool build(const std::string& path, std::uint32_t image);
-    void showSummary();
 
     Controls c_;
     MessageBoxes& boxes_;
     const Session& session_;
     const TransferState& state_;
     TransferImaging imaging_;
-    SafeCopy& safeCopy_;
-    ReadOnlyArchive& readOnly_;
     DdsBuilder builder_;
-
-    std::string summary_; ///< of the current run
 };
 
 } // namespace pelrath

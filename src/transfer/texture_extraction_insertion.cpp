@@ -23,11 +23,10 @@ TextureExtractionInsertion::TextureExtractionInsertion(Session& session, const T
       safeCopy_({chkSaveCdds, txtCDDSBackupFolder}, boxes_, session, state_, services.chooseSafeCopyFolder,
                 services.busy),
       readOnly_(boxes_), recovery_(services.recovery),
-      imageInsertion_({List1, lstScaleFilter, ExtractSummary}, boxes_, session, state_,
-                      {facade_, images_, saveOptions_, libraryUse_}, safeCopy_, readOnly_),
+      imageInsertion_({List1, lstScaleFilter}, boxes_, session, state_,
+                      {facade_, images_, saveOptions_, libraryUse_}),
       bazarTempCopy_(boxes_, session, {facade_, images_, saveOptions_, libraryUse_}),
-      ddsInsertion_({List1, chkDestination, ExtractSummary}, boxes_, session, state_, safeCopy_, readOnly_,
-                    imageInsertion_, bazarTempCopy_) {
+      ddsInsertion_({List1, chkDestination}, session, state_, imageInsertion_, bazarTempCopy_) {
     connections_.push_back(window.activated.connect([this] { Form_Activate(); }));
     connections_.push_back(window.queryUnload.connect([this] { Form_QueryUnload(); }));
     connections_.push_back(cmdExtractInsert.click.connect([this] { cmdExtractInsert_Click(); }));
@@ -66,13 +65,13 @@ void TextureExtractionInsertion::cmdExtractInsert_Click() {
 
 void TextureExtractionInsertion::insert() {
     recovery_.look();
-    HeldArchive archive{session_};
+    InsertionRun run{{boxes_, safeCopy_, readOnly_, ExtractSummary}, session_};
     if (state_.imageFileKind == ImageFileKind::Dds) {
-        ddsInsertion_.insertFromDdsFiles(archive);
+        ddsInsertion_.insertFromDdsFiles(run);
     } else {
-        imageInsertion_.performSimpleImageInsertion(state_.imageFileKind, archive);
+        imageInsertion_.performSimpleImageInsertion(state_.imageFileKind, run);
     }
-    attempt(boxes_, {"", "Insertion Journal Error : "}, [&] { archive.finish(readOnly_.owesMode()); });
+    run.end();
 }
 
 void TextureExtractionInsertion::extract() {
