@@ -11,7 +11,9 @@ namespace pelrath::desktop {
 
 namespace {
 
-constexpr std::uint64_t shownFrom = std::uint64_t{48} << 20; // bytes; less is done before it could be read
+// Less is done before it could be read, unless the disk is slow.
+constexpr std::uint64_t shownFrom = std::uint64_t{48} << 20; // bytes
+constexpr qint64 patience = 200;                             // milliseconds
 constexpr int width = 380;
 constexpr int height = 84;
 
@@ -37,7 +39,8 @@ void QtBusySign::open() {
 }
 
 void QtBusySign::show(const std::string& what, std::uint64_t done, std::uint64_t total) {
-    if (total != 0 && total < shownFrom) return;
+    if (!since_.isValid()) since_.start();
+    if (total != 0 && total < shownFrom && since_.elapsed() < patience) return;
     if (!panel_) open();
     if (!panel_) return;
     constexpr std::uint64_t steps = 1000; // a progress bar counts in 32 bits
@@ -49,6 +52,7 @@ void QtBusySign::show(const std::string& what, std::uint64_t done, std::uint64_t
 }
 
 void QtBusySign::clear() {
+    since_.invalidate();
     if (!panel_) return;
     delete panel_;
     QApplication::restoreOverrideCursor();

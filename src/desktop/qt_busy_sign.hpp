@@ -2,6 +2,7 @@
 
 #include "platform/busy_sign.hpp"
 
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QPointer>
 
@@ -20,6 +21,7 @@ public:
 private:
     void open();
 
+    QElapsedTimer since_; ///< the work's beginning
     QPointer<QFrame> panel_;
     QLabel* text_ = nullptr;
     QProgressBar* bar_ = nullptr;
