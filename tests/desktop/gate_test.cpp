@@ -157,19 +157,5 @@ TEST_P(ClosedMeanwhile, AnOperationGoesOnUndisturbedToItsEnd) {
 INSTANTIATE_TEST_SUITE_P(And, ClosedMeanwhile, testing::Values("Dialog", "Program"),
                          [](const auto& row) { return row.param; });
 
-TEST_F(Gate, WhatWasPressedBeforeTheCloseIsForgotten) {
-    openArchive();
-    user.then([this] {
-        auto& box = widget<QLineEdit>("incrementalSearchText");
-        program.window.close();
-        press(box, Qt::Key_Down);
-        QTest::keyClicks(&box, "abd");
-        click(list("Output0"), 2);
-        EXPECT_EQ(program.session.selectedTexture, 0);
-    });
-    run(false);
-    EXPECT_EQ(folder.names(), (std::vector<std::string>{"Pelrath.ini", "demo.cdds"}));
-}
-
 } // namespace
 } // namespace pelrath::test

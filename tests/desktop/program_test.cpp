@@ -33,28 +33,24 @@ struct Program {
 };
 
 TEST(ProgramTest, RunsWithoutAPictureAndClosesOnASignalAsItsUserWouldCloseIt) {
-    struct Case {
-        const char* how;
-        int signal;
-        bool saves;
-    };
-    const Case cases[] = {{"exec", SIGTERM, true},
-                          {"exec", SIGINT, true},
-                          {"exec", SIGHUP, true},
-                          {"ulimit -f 0; exec", SIGTERM, false}, // no file can be written
-                          {"exec env QT_XCB_GL_INTEGRATION=none", SIGTERM, true},
-                          {"exec env QT_QPA_PLATFORM=offscreen", SIGTERM, true},
-                          {"exec env QT_QPA_PLATFORM=minimal", SIGTERM, true}};
-    for (const Case& row : cases) {
-        Program program{row.how};
-        EXPECT_FALSE(program.process.waitForFinished(1000))
-            << row.how; // shows its window, and perhaps a message
-        kill(static_cast<pid_t>(program.process.processId()), row.signal);
-        EXPECT_TRUE(program.process.waitForFinished()) << row.how;
-        EXPECT_EQ(program.process.exitStatus(), QProcess::NormalExit) << row.how;
-        EXPECT_EQ(program.process.exitCode(), 0) << row.how;
-        const bool saved = program.folder.read("Pelrath.ini").find("MainTop=") != std::string::npos;
-        EXPECT_EQ(saved, row.saves) << row.how;
+    // The shell's words, the signal, whether the settings are saved.
+    const std::tuple<const char*, int, bool> cases[] = {
+        {"exec", SIGTERM, true},
+        {"exec", SIGINT, true},
+        {"exec", SIGHUP, true},
+        {"ulimit -f 0; exec", SIGTERM, false}, // no file can be written
+        {"exec env QT_XCB_GL_INTEGRATION=none", SIGTERM, true},
+        {"exec env QT_QPA_PLATFORM=offscreen", SIGTERM, true},
+        {"exec env QT_QPA_PLATFORM=minimal", SIGTERM, true}};
+    for (const auto& [how, signal, saves] : cases) {
+        SCOPED_TRACE(how);
+        Program program{how};
+        EXPECT_FALSE(program.process.waitForFinished(1000)); // shows its window, and perhaps a message
+        kill(static_cast<pid_t>(program.process.processId()), signal);
+        EXPECT_TRUE(program.process.waitForFinished());
+        EXPECT_EQ(program.process.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program.process.exitCode(), 0);
+        EXPECT_EQ(program.folder.read("Pelrath.ini").find("MainTop=") != std::string::npos, saves);
     }
 }
 

@@ -53,11 +53,18 @@ TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
         })
         .until("the mask", [this] { return pixelAt(9, 9) == QColor(255, 0, 0); })
         .then([this] { widget<QRadioButton>("viewPortSize0").click(); })
-        .until("the small viewport", [this] {
-            return widget<QWidget>("viewport").size() == QSize(256, 256) &&
-                   pixelAt(3, 3) == QColor(255, 255, 255) && pixelAt(4, 4) == QColor(255, 0, 0);
+        .until("the small viewport",
+               [this] {
+                   return widget<QWidget>("viewport").size() == QSize(256, 256) &&
+                          pixelAt(3, 3) == QColor(255, 255, 255) && pixelAt(4, 4) == QColor(255, 0, 0);
+               })
+        .then([&] {
+            program.window.close();
+            press(box, Qt::Key_Down); // too late, as all is that waits behind the close
+            click(list("Output0"), 2);
+            EXPECT_EQ(program.session.selectedTexture, 3);
         });
-    run();
+    run(false);
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"Pelrath.ini", "demo.cdds"}));
 }
 
