@@ -173,9 +173,20 @@ TEST_F(LifeCycleTest, DisplayAndSizesFollowTheirControls) {
 
 TEST_F(LifeCycleTest, TheTimerStartsOneLoop) {
     start();
+    bool inside = false;
     pump.steps = {[this] { main.Timer1.tick.emit(); }, // runs already
-                  [this] { main.queryUnload(); }};
+                  [&] {
+                      main.chkGraphicDisplay.setChecked(false);
+                      main.chkGraphicDisplay.setChecked(true);
+                      inside = true, main.Timer1.tick.emit(), inside = false; // the loop below goes on
+                      main.backViewportColor[1].select();
+                  },
+                  [&] {
+                      EXPECT_FALSE(inside);
+                      main.queryUnload();
+                  }};
     main.Timer1.tick.emit();
+    EXPECT_EQ(surface.record.frames.size(), 2U);
     EXPECT_EQ(
         row(main.Timer1.running(), surface.record.alive, session.viewer.d3dCreated, main.window.isUnloaded()),
         "false, 0, false, true");
