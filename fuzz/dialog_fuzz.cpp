@@ -2,8 +2,6 @@
 #include "require.hpp"
 #include "transfer/transfer_harness.hpp"
 
-#include <set>
-
 #include <sys/stat.h>
 
 // What a user does in the dialog of one texture, beside a reference: how the choices rule one another, and
@@ -292,6 +290,9 @@ private:
         require(after.mode == before.mode, "the archive is as read-only as before");
         require(h_.outside(after.archive) == h_.outside(before.archive),
                 "nothing but the texture's levels changes");
+        for (const std::string& name : h_.folder.names("program")) {
+            require(name == "tmp1.dds", "nothing else is left in the program folder");
+        }
         if (!choices_.native) {
             require(boxes.size() == 1 && unchanged(before, after), "an unknown type is refused in a message");
         } else if (insertion_) {

@@ -1,0 +1,164 @@
+#include "archive/journal.hpp"
+#include "archive/reader.hpp"
+#include "archive/recovery.hpp"
+#include "require.hpp"
+#include "support/archive_builder.hpp"
+#include "support/temporary_folder.hpp"
+
+#include <sys/stat.h>
+#include <zlib.h>
+
+// An input that begins as a journal does is one, with and without the checksum that it lacks. Any other says
+// what is wrong with the journal of a small archive and with the archive (Wrong), and whether its owner may
+// write into it before the insertion and now; behind these three bytes, each pair says a level's number or
+// place, and with what it is filled.
+
+namespace {
+
+using namespace pelrath;
+using fuzz::require;
+using Outcome = RecoveredInsertion::Outcome;
+
+std::string asText(const std::vector<std::byte>& bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+std::optional<JournalRecord> decoded(const std::string& bytes) {
+    return decodeJournal(std::as_bytes(std::span{bytes}));
+}
+
+void decode(const std::string& bytes) {
+    const auto record = decoded(bytes);
+    if (!record) return;
+    require(asText(encodeJournal(*record)) == bytes, "a record has one form");
+    for (std::size_t at = 0; at < bytes.size(); at += 1 + bytes.size() / 64) {
+        std::string other = bytes;
+        other[at] = static_cast<char>(other[at] ^ 0x10);
+        require(!decoded(other), "no other byte will do");
+        require(!decoded(bytes.substr(0, at)), "no part is a whole");
+    }
+}
+
+std::string withChecksum(const std::string& bytes) {
+    const auto sum = ::crc32_z(0, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size());
+    return bytes + test::little(static_cast<std::int64_t>(sum), 4);
+}
+
+enum Wrong : unsigned {
+    Inode = 1,
+    Size = 2,
+    Birth = 4,
+    Tables = 8,
+    Path = 16,
+    Torn = 32, ///< the journal
+    Changed = 64,
+};
+
+/// A program that died inside an insertion, and the next one.
+class Interrupted {
+public:
+    explicit Interrupted(std::string_view choices) : choices_(choices), wrong_(next()) {
+        makeRecord();
+        std::string journal = asText(encodeJournal(record_));
+        if (is(Torn)) journal.resize(journal.size() / 2);
+        if (is(Changed)) journal.back() = static_cast<char>(journal.back() ^ 1);
+        std::filesystem::create_directory(folder_.file("program"));
+        (void)folder_.write(journal_, journal);
+    }
+
+    void recover() {
+        const std::vector<RecoveredInsertion> told = recoverInsertions(folder_.file("program"));
+        if (is(Torn) || is(Changed)) {
+            require(told.empty() && folder_.names("program").empty(), "what is no whole journal is removed");
+            return requireUntouched();
+        }
+        require(told.size() == 1 && told[0].journal == folder_.file(journal_) &&
+                    told[0].archivePath == record_.archivePath && told[0].levels == record_.levels.size(),
+                "an interrupted insertion is told");
+        const Outcome outcome = told[0].outcome;
+        require(outcome == expected(), "as it ended");
+        const bool stays = outcome == Outcome::Kept;
+        require(folder_.read(journal_) == (stays ? asText(encodeJournal(record_)) : ""),
+                "its journal stays, or goes");
+        require(stays != told[0].reason.empty(), "with a reason");
+        if (other_ || is(Path)) return requireUntouched();
+        require(folder_.read("a.cdds") == whole_, "every level is wholly new");
+        const bool again = (record_.mode & 0200U) == 0 && mode_ == (record_.mode | 0200U);
+        require(mode() == (again ? record_.mode : mode_) && told[0].readOnlyAgain == again,
+                "what was read-only is so again");
+    }
+
+private:
+    unsigned next() {
+        if (choices_.empty()) return 0;
+        const auto byte = static_cast<unsigned char>(choices_[0]);
+        choices_.remove_prefix(1);
+        return byte;
+    }
+    [[nodiscard]] bool is(Wrong wrong) const { return (wrong_ & wrong) != 0; }
+    [[nodiscard]] unsigned mode() const {
+        struct stat status {};
+        stat(folder_.file("a.cdds").c_str(), &status);
+        return status.st_mode & 07777U;
+    }
+    void requireUntouched() const {
+        require(folder_.read("a.cdds") == before_ && mode() == mode_, "the archive is as it was");
+    }
+    [[nodiscard]] Outcome expected() const {
+        if (is(Path) || (other_ && !record_.levels.empty())) return Outcome::Kept;
+        return record_.levels.empty() ? Outcome::NothingWritten : Outcome::Completed;
+    }
+
+    void makeRecord() {
+        test::ArchiveBuilder builder{CddsType::TypeCdds,
+                                     {{"a.bmp", "DXT1", {{8, 4, std::string(16, 'a')}, {4, 2, "87654321"}}},
+                                      {"b.tga", "DXT5", {{4, 4, std::string(16, 'b')}, {2, 2, ""}}}}};
+        before_ = whole_ = builder.build();
+        const InputFile file{folder_.write("a.cdds", before_)};
+        const CddsArchive catalogue = makeCatalogue(readArchive(file));
+        record_ = {file.path() + (is(Path) ? "x" : ""), "a.bmp", file.identity(),
+                   tablesChecksum(catalogue),           0,       {}};
+        record_.archive.inode += is(Inode) ? 1 : 0;
+        record_.archive.size -= is(Size) ? 1 : 0;
+        record_.archive.born += is(Birth) ? 1 : 0;
+        record_.tables ^= is(Tables) ? 1U : 0U;
+        other_ = is(Inode) || is(Size) || is(Birth) || is(Tables);
+        record_.mode = next() % 2 == 0 ? 0440 : 0640;
+        mode_ = next() % 2 == 0 ? 0440 : 0640;
+        while (!choices_.empty()) {
+            addLevel(catalogue, next(), next());
+        }
+        chmod(file.path().c_str(), mode_);
+    }
+    void addLevel(const CddsArchive& catalogue, unsigned which, unsigned fill) {
+        const MipmapRecord& level = catalogue.textures[which % 2].mipmaps[which / 2 % 2];
+        const bool moved = (which & 64U) != 0, larger = (which & 128U) != 0;
+        const auto size = static_cast<std::size_t>(level.dataSize + (larger ? 1 : 0));
+        record_.levels.push_back({level.dataOffset + (moved ? 1 : 0), std::vector(size, std::byte(fill))});
+        other_ = other_ || moved || larger;
+        if (!moved && !larger)
+            whole_.replace(static_cast<std::size_t>(level.dataOffset), size, size, static_cast<char>(fill));
+    }
+
+    std::string_view choices_;
+    unsigned wrong_;
+    test::TemporaryFolder folder_;
+    std::string journal_ = "program/insertion-1-1.journal";
+    JournalRecord record_;
+    std::string before_, whole_;
+    unsigned mode_ = 0;  ///< of the archive, when it is found
+    bool other_ = false; ///< it is not the one that the journal is of
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string input{reinterpret_cast<const char*>(data), size};
+    if (input.starts_with('P')) {
+        decode(input);
+        decode(withChecksum(input));
+    } else {
+        Interrupted{input}.recover();
+    }
+    return 0;
+}
