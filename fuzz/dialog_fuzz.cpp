@@ -244,9 +244,8 @@ private:
             std::string bytes = h_.archive();
             for (const TextureRecord& texture : h_.session.archive.textures) {
                 for (const MipmapRecord& level : texture.mipmaps) {
-                    for (std::int32_t i = 0; i < level.dataSize; ++i) {
-                        ++bytes[static_cast<std::size_t>(level.dataOffset + i)];
-                    }
+                    const auto from = bytes.begin() + level.dataOffset;
+                    std::for_each(from, from + level.dataSize, [](char& byte) { ++byte; });
                 }
             }
             h_.rewrite(bytes);
@@ -271,7 +270,7 @@ private:
     [[nodiscard]] Files filesIn(const std::string& folder) const {
         Files files;
         for (const std::string& name : h_.folder.names(folder)) {
-            files[name] = h_.folder.read(folder + "/" + name);
+            files[name] = h_.folder.read(std::string{folder}.append("/").append(name));
         }
         return files;
     }

@@ -118,22 +118,23 @@ private:
         const CddsArchive catalogue = makeCatalogue(readArchive(file));
         record_ = {file.path() + (is(Path) ? "x" : ""), "a.bmp", file.identity(),
                    tablesChecksum(catalogue),           0,       {}};
-        record_.archive.inode += is(Inode) ? 1 : 0;
-        record_.archive.size -= is(Size) ? 1 : 0;
+        record_.archive.inode += is(Inode) ? 1U : 0U;
+        record_.archive.size -= is(Size) ? 1U : 0U;
         record_.archive.born += is(Birth) ? 1 : 0;
         record_.tables ^= is(Tables) ? 1U : 0U;
         other_ = is(Inode) || is(Size) || is(Birth) || is(Tables);
         record_.mode = next() % 2 == 0 ? 0440 : 0640;
         mode_ = next() % 2 == 0 ? 0440 : 0640;
         while (!choices_.empty()) {
-            addLevel(catalogue, next(), next());
+            const unsigned which = next();
+            addLevel(catalogue, which, next());
         }
         chmod(file.path().c_str(), mode_);
     }
     void addLevel(const CddsArchive& catalogue, unsigned which, unsigned fill) {
         const MipmapRecord& level = catalogue.textures[which % 2].mipmaps[which / 2 % 2];
         const bool moved = (which & 64U) != 0, larger = (which & 128U) != 0;
-        const auto size = static_cast<std::size_t>(level.dataSize + (larger ? 1 : 0));
+        const auto size = static_cast<std::size_t>(level.dataSize) + (larger ? 1 : 0);
         record_.levels.push_back({level.dataOffset + (moved ? 1 : 0), std::vector(size, std::byte(fill))});
         other_ = other_ || moved || larger;
         if (!moved && !larger)
