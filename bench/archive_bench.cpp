@@ -14,12 +14,8 @@ using namespace pelrath;
 using bench::LargeArchive;
 
 const LargeArchive archives[] = {
-    {false, 32767, 1, 4},
-    {true, 32767, 1, 4},
-    {false, 3640, 9},
-    {true, 3640, 9},
-    {true, 32767, 1, 4, 1, bench::Tables::Scattered},
-    {true, 3640, 9, 256, 1, bench::Tables::Scattered},
+    {false, 32767, 1, 4}, {true, 32767, 1, 4},          {false, 3640, 9},
+    {true, 3640, 9},      {true, 32767, 1, 4, 1, true}, {true, 3640, 9, 256, 1, true},
 };
 
 class Files {
@@ -82,7 +78,7 @@ void openAndList(benchmark::State& state) {
     const LargeArchive& archive = archives[state.range(0)];
     state.SetLabel(std::string{archive.cdds ? "cdds, " : "0C, "} + std::to_string(archive.textures) +
                    " textures of " + std::to_string(archive.levels) +
-                   (archive.tables == bench::Tables::Scattered ? " levels, tables scattered" : " levels"));
+                   (archive.scattered ? " levels, tables scattered" : " levels"));
 }
 BENCHMARK(openAndList)->DenseRange(0, std::size(archives) - 1)->Unit(benchmark::kMillisecond);
 

@@ -31,7 +31,7 @@ struct Workbench {
         session.archivePath = folder + "/levels";
         session.selectedBaseName = "big";
         session.selectedTexture = 0;
-        LargeArchive{true, 1, levelCount, side, 1, Tables::Together, dxt5}.write(session.archivePath);
+        LargeArchive{true, 1, levelCount, side, 1, false, dxt5}.write(session.archivePath);
         session.archive = makeCatalogue(readArchive(InputFile{session.archivePath}));
         fillLevels();
         session.archiveFile = ArchiveFile{InputFile{session.archivePath}};

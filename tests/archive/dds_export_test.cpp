@@ -1,6 +1,6 @@
 #include "archive/dds_export.hpp"
 
-#include "support/archive_builder.hpp"
+#include "archive_builder.hpp"
 #include "support/temporary_folder.hpp"
 
 namespace pelrath::test {

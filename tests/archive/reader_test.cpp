@@ -1,7 +1,7 @@
 #include "archive/reader.hpp"
 
+#include "archive_builder.hpp"
 #include "platform/runtime_error.hpp"
-#include "support/archive_builder.hpp"
 #include "support/temporary_folder.hpp"
 
 namespace pelrath::test {
@@ -48,7 +48,7 @@ TEST(Reader, GivesTheTrueCatalogueWhereverThingsLie) {
     };
     const std::pair<const char*, Arrange> cases[] = {
         {"tables first", [](ArchiveBuilder&) {}},
-        {"data first", [](ArchiveBuilder& builder) { builder.dataBeforeTables = true; }},
+        {"data first", [](ArchiveBuilder& builder) { builder.order = ArchiveBuilder::Order::DataFirst; }},
         {"data with gaps, shared and overlapping",
          [&](ArchiveBuilder& b) {
              at(b, 0, 0, 9000), at(b, 0, 1, 9000), at(b, 2, 0, 9004), at(b, 3, 0, 8000);

@@ -3,7 +3,7 @@
 #include "desktop/application.hpp"
 #include "desktop/list_box_view.hpp"
 #include "desktop/real_user.hpp"
-#include "support/archive_builder.hpp"
+#include "archive_builder.hpp"
 #include "support/temporary_folder.hpp"
 
 namespace pelrath::test {

@@ -2,7 +2,7 @@
 
 #include "mainwindow/main.hpp"
 #include "support/answering_desktop.hpp"
-#include "support/archive_builder.hpp"
+#include "archive_builder.hpp"
 #include "support/fake_device.hpp"
 #include "support/recording_boxes.hpp"
 #include "support/scripted_picker.hpp"

@@ -34,7 +34,7 @@ std::vector<ArchiveBuilder> arrangements() {
         for (LevelPlan& level : scattered.textures[1].levels) {
             level.at = at -= 300;
         }
-        dataFirst.dataBeforeTables = true;
+        dataFirst.order = ArchiveBuilder::Order::DataFirst;
         shared.textures[1].levels[0].at = 2000;
         shared.textures.push_back({"shared.tga", "DXT5", {shared.textures[1].levels[0]}});
         all.insert(all.end(), {plain, scattered, dataFirst, shared});

@@ -3,7 +3,7 @@
 #include "archive/reader.hpp"
 #include "imaging/block_decoder.hpp"
 #include "support/answering_desktop.hpp"
-#include "support/archive_builder.hpp"
+#include "archive_builder.hpp"
 #include "support/recording_boxes.hpp"
 #include "support/temporary_folder.hpp"
 #include "transfer/texture_extraction_insertion.hpp"
