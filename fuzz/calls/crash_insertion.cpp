@@ -43,19 +43,25 @@ private:
 /// A file system that refuses what some do.
 class PoorFileSystem : public Observer {
 public:
-    PoorFileSystem(const CrashScenario& scenario, Observer& observer)
-        : scenario_(scenario), observer_(observer) {}
+    PoorFileSystem(const CrashScenario& scenario, std::string archive, int refusedWrite, Observer& observer)
+        : scenario_(scenario), archive_(std::move(archive)), refusedWrite_(refusedWrite),
+          observer_(observer) {}
 
     Fate entered(const Call& call) override {
         const bool nameless = call.number == SYS_openat && (call.arguments[2] & O_TMPFILE) == O_TMPFILE;
         if (nameless && !scenario_.namelessFiles) return Fate::failed(EOPNOTSUPP);
         if (call.number == SYS_linkat && !scenario_.links) return Fate::failed(EPERM);
+        const bool writes = refusedWrite_ > 0 && call.number == SYS_pwrite64 &&
+                            pathOf(call.process, call.descriptor()) == archive_;
+        if (writes && --refusedWrite_ == 0) return Fate::failed(ENOSPC);
         return observer_.entered(call);
     }
     bool left(const Call& call) override { return observer_.left(call); }
 
 private:
     const CrashScenario& scenario_;
+    std::string archive_;
+    int refusedWrite_;
     Observer& observer_;
 };
 
@@ -83,6 +89,9 @@ std::vector<CrashScenario> crashScenarios() {
     all.push_back({"DDS embedded and loose copy", "texture=1 dds embedded bazar"});
     all.push_back({"DDS embedded, no nameless files", "texture=1 dds embedded", true, true, false});
     all.push_back({"DDS embedded, no links", "texture=1 dds embedded", true, true, false, false});
+    all.push_back({"DDS embedded, refused", "texture=1 dds embedded", true, false, true, true, 3});
+    all.push_back(
+        {"DDS embedded, read-only, refused", "texture=1 dds embedded nocopy", false, true, true, true, 3});
     return all;
 }
 
@@ -108,7 +117,7 @@ Program CrashInsertion::program(const std::vector<std::string>& arguments,
     return program;
 }
 
-End CrashInsertion::follow(Observer& observer, const std::vector<int>& calls) {
+End CrashInsertion::follow(Observer& observer, const std::vector<int>& calls, int refusedWrite) {
     const Output output{folder() + ".output"};
     std::vector<std::string> arguments{folder(), "noextract"};
     std::istringstream words{scenario_.words};
@@ -117,23 +126,23 @@ End CrashInsertion::follow(Observer& observer, const std::vector<int>& calls) {
     }
     Program insertion = program(arguments, calls);
     insertion.output = output.handle();
-    PoorFileSystem fileSystem{scenario_, observer};
+    PoorFileSystem fileSystem{scenario_, folder_.file("a.cdds"), refusedWrite, observer};
     const End end = calls::follow(insertion, fileSystem);
     for (const std::string& box : output.linesBehind("box")) {
         const bool question = box.starts_with("CDDS is read only | ") || box.starts_with("File exists | ");
-        if (!question) throw std::logic_error{"unexpected message: " + box};
+        if (!question && refusedWrite == 0) throw std::logic_error{"unexpected message: " + box};
     }
     return end;
 }
 
 void CrashInsertion::learn(Observer& observer, const std::vector<int>& calls) {
-    if (!follow(observer, calls).well()) throw std::logic_error{"the insertion comes to no good end"};
+    if (!follow(observer, calls, 0).well()) throw std::logic_error{"the insertion comes to no good end"};
     aftermath_.emplace(before_, inventoryOf(folder()), scenario_.safeCopy);
 }
 
 End CrashInsertion::repeat(Observer& observer, const std::vector<int>& calls) {
     restore(folder(), before_);
-    return follow(observer, calls);
+    return follow(observer, calls, scenario_.refusedWrite);
 }
 
 std::string CrashInsertion::wrongsAfterStarts(Observer* watching, const std::vector<int>& calls) const try {

@@ -18,6 +18,7 @@ struct CrashScenario {
     bool readOnly = false;
     bool namelessFiles = true; ///< the file system has them
     bool links = true;         ///< it has more than one name for a file
+    int refusedWrite = 0;      ///< which of the writes into the archive a full disk refuses, from 1 on
 };
 /// Every way of inserting, with and without a safe copy, into an archive that is read-only and one that is
 /// not.
@@ -48,7 +49,7 @@ public:
     [[nodiscard]] const std::string& folder() const { return folder_.path(); }
 
 private:
-    End follow(Observer& observer, const std::vector<int>& calls);
+    End follow(Observer& observer, const std::vector<int>& calls, int refusedWrite);
     [[nodiscard]] Program program(const std::vector<std::string>& arguments,
                                   const std::vector<int>& calls) const;
 

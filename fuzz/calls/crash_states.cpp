@@ -36,8 +36,11 @@ class CrashStates {
 public:
     CrashStates(const CrashScenario& scenario, const std::string& sitting, unsigned seed)
         : insertion_(scenario, sitting, side), random_(seed) {
+        Observer nothing;
+        insertion_.learn(nothing, Recorder::calls());
         Recorder recorder = recorderOf("insert", "quit");
-        insertion_.learn(recorder, Recorder::calls());
+        if (!insertion_.repeat(recorder, Recorder::calls()).well())
+            throw std::logic_error{"the insertion comes to no good end"};
         log_ = recorder.finish();
     }
 

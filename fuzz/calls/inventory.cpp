@@ -43,6 +43,21 @@ std::pair<FileKey, StoredFile> lookAt(const std::string& path, int flags) {
     return {keyOf(info), {folder, info.stx_mode & 07777U, std::make_shared<std::string>(std::move(bytes))}};
 }
 
+Inventory lookAtAll(const std::string& folder) {
+    Inventory found;
+    const auto add = [&found](const std::string& name, const std::string& path) {
+        auto [key, file] = lookAt(path, AT_SYMLINK_NOFOLLOW);
+        found.names[name] = key;
+        found.files.try_emplace(key, std::move(file));
+    };
+    add("", folder);
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator{folder}) {
+        const std::string path = entry.path();
+        add(path.substr(folder.size() + 1), path);
+    }
+    return found;
+}
+
 class OpenFile {
 public:
     OpenFile(const std::string& path, int flags) : path_(path), handle_(::open(path.c_str(), flags, 0600)) {
@@ -116,18 +131,13 @@ std::string folderOf(const std::string& name) {
 }
 
 Inventory inventoryOf(const std::string& folder) {
-    Inventory state;
-    const auto add = [&state](const std::string& name, const std::string& path) {
-        auto [key, file] = lookAt(path, AT_SYMLINK_NOFOLLOW);
-        state.names[name] = key;
-        state.files.try_emplace(key, std::move(file));
-    };
-    add("", folder);
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator{folder}) {
-        const std::string path = entry.path();
-        add(path.substr(folder.size() + 1), path);
+    for (;;) {
+        try {
+            return lookAtAll(folder);
+        } catch (const std::system_error& error) { // what was there a moment ago can be gone
+            if (error.code() != std::errc::no_such_file_or_directory) throw;
+        }
     }
-    return state;
 }
 
 std::pair<FileKey, StoredFile> fileAt(const std::string& path) { return lookAt(path, 0); }

@@ -1,8 +1,10 @@
 #include "calls/sitting.hpp"
 
 #include <algorithm>
+#include <chrono>
 #include <random>
 #include <stdexcept>
+#include <thread>
 
 namespace pelrath::calls {
 
@@ -15,8 +17,25 @@ Sitting::Sitting(std::string folder, const std::string& programFolder) : folder_
     };
 }
 
+namespace {
+
+std::size_t threads() {
+    const std::filesystem::directory_iterator all{"/proc/self/task"};
+    return static_cast<std::size_t>(std::distance(begin(all), end(all)));
+}
+
+void waitForOthers(std::size_t threadsBefore) {
+    for (int i = 0; i < 2000 && threads() > threadsBefore; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds{1});
+    }
+}
+
+} // namespace
+
 void Sitting::start() {
+    const std::size_t threadsBefore = threads();
     main.load();
+    waitForOthers(threadsBefore);
     if (main.window.isUnloaded()) return;
     main.window.setFrame(100, 350);
     main.layOut();

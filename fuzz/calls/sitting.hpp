@@ -40,7 +40,7 @@ class Sitting {
 public:
     explicit Sitting(std::string folder, const std::string& programFolder = "program");
 
-    /// As far as the first activation.
+    /// As far as the first activation, and until the folders of a program that died are cleared.
     void start();
     /// A second call reads the archive anew.
     void open(const std::string& archive = "a.cdds");
