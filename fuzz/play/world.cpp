@@ -74,7 +74,7 @@ World::World(unsigned seed) {
     }
     ArchiveBuilder cdds{CddsType::TypeCdds, textures()};
     ArchiveBuilder old{CddsType::Type0C, textures()};
-    old.dataBeforeTables = true;
+    old.order = ArchiveBuilder::Order::DataFirst;
     ArchiveBuilder many{CddsType::TypeCdds};
     for (int i = 0; i < 3000; ++i) {
         many.textures.push_back({"more" + std::to_string(i), "DXT1", {{4, 4, "8 bytes."}}});

@@ -63,7 +63,7 @@ TEST_F(Gate, BehindADialogNothingReactsAndNothingLooksAsIfItHad) {
         EXPECT_EQ(row(program.main.chkGraphicDisplay.checked(), program.main.HScroll[0].value()), "true, 0");
         dialog<QDialog>()->close();
     });
-    user.until("its end", [] { return dialog<QDialog>() == nullptr; });
+    untilClosed();
     run();
 }
 
@@ -100,7 +100,7 @@ TEST_F(Gate, ACommandRunsOnceForEachPress) {
         EXPECT_TRUE(summary().ends_with(again)) << summary();
         dialog<QDialog>()->close();
     });
-    user.until("its end", [] { return dialog<QDialog>() == nullptr; });
+    untilClosed();
     run();
 }
 
@@ -147,7 +147,7 @@ TEST_P(ClosedMeanwhile, AnOperationGoesOnUndisturbedToItsEnd) {
         EXPECT_TRUE(program.main.transfer.ExtractSummary.text().ends_with("1 Mipmap(s) inserted.\r\n"));
         EXPECT_TRUE(wholeProgram || dialog<QDialog>()->isVisible());
     });
-    user.until("its end", [] { return dialog<QDialog>() == nullptr; });
+    untilClosed();
     run(!wholeProgram);
     EXPECT_EQ(folder.names("copies"), std::vector<std::string>{"demo-0.cdds"});
     EXPECT_NE(folder.read("demo.cdds").find(data), std::string::npos);

@@ -39,6 +39,9 @@ struct RealUser : testing::Test {
     tour::UserScript& untilDialog() {
         return user.until("the dialog", [] { return isSeen(dialog<Dialog>()); });
     }
+    void untilClosed() {
+        user.until("its end", [] { return dialog<QDialog>() == nullptr; });
+    }
     void acceptMessage() {
         untilDialog<QMessageBox>().then([] { dialog<QMessageBox>()->accept(); });
     }

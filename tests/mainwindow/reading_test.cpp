@@ -65,7 +65,7 @@ TEST_F(Reading, WhatCannotBeReadSaysSoAndKeepsWhatIsThere) {
     std::filesystem::remove(folder.file("a.cdds"));
     main.cmdReadCDDS.press();
     boxes.expect({"Selected file was not found. Please try again.", notFound});
-    (void)folder.write("a.cdds", "DDS and something else");
+    (void)folder.write("a.cdds", "CDDS and something else");
     main.cmdReadCDDS.press();
     EXPECT_EQ(session.archive, before);
     EXPECT_EQ(counts(), "2, 2, 1, 2, 2");
@@ -77,7 +77,7 @@ TEST_F(Reading, WhatCannotBeReadSaysSoAndKeepsWhatIsThere) {
     boxes.expect("since it was read. Please read it again.");
     EXPECT_EQ(row(main.Label11.caption(), surface.record.loaded.size(), folder.read("tmp.dds") == shown),
               "Texture not available !, 1, true");
-    fileOpen.answer = folder.write("other", std::string(4096, 'x'));
+    fileOpen.answer = folder.write("other", "cddS" + std::string(4096, '\0'));
     main.Command1.press();
     EXPECT_EQ(session.archive, before);
     main.Text8.setText(folder.path());
