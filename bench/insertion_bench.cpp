@@ -164,7 +164,7 @@ void write(benchmark::State& state) {
     Workplace place;
     const LoadedImage image{place.facade, place.images, place.source()};
     place.chooseDds();
-    DdsBuilder{place.imaging, place.folder}.buildWithLibraryChain(place.folder + "/built.dds");
+    DdsBuilder{place.imaging, place.session.programFolder}.buildWithLibraryChain(place.folder + "/built.dds");
     for (auto _ : state) {
         HeldArchive archive{place.session};
         LevelWriter writer{archive};
