@@ -1,8 +1,8 @@
 #include "archive/journal.hpp"
 #include "archive/reader.hpp"
 #include "archive/recovery.hpp"
+#include "archive_builder.hpp"
 #include "require.hpp"
-#include "support/archive_builder.hpp"
 #include "support/temporary_folder.hpp"
 
 #include <sys/stat.h>
