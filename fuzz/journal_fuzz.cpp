@@ -110,7 +110,7 @@ private:
     }
 
     void makeRecord() {
-        test::ArchiveBuilder builder{CddsType::TypeCdds,
+        ArchiveBuilder builder{CddsType::TypeCdds,
                                      {{"a.bmp", "DXT1", {{8, 4, std::string(16, 'a')}, {4, 2, "87654321"}}},
                                       {"b.tga", "DXT5", {{4, 4, std::string(16, 'b')}, {2, 2, ""}}}}};
         before_ = whole_ = builder.build();
