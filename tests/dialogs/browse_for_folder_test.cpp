@@ -81,7 +81,8 @@ TEST_F(BrowseForFolderTest, TheDialogIsSpokenToOnlyWhileItIsShown) {
     picker.user = [&]() -> FolderPicker::Choice {
         browser.SetStatus("now");
         browser.SetFolder("/a/../b/");
-        EXPECT_EQ(picker.told.take(), "status[now] select[/b] focus");
+        EXPECT_FALSE(picker.confirmMissing("x"));
+        EXPECT_EQ(picker.told.take(), "status[now] select[/b] focus no-ok status[Path invalid: x]");
         EXPECT_EQ(failure([&] { browser.SetFolder(""); }), system(ENOENT));
         throw std::runtime_error{"out of the middle"};
     };

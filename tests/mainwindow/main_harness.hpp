@@ -1,8 +1,8 @@
 #pragma once
 
+#include "archive_builder.hpp"
 #include "mainwindow/main.hpp"
 #include "support/answering_desktop.hpp"
-#include "archive_builder.hpp"
 #include "support/fake_device.hpp"
 #include "support/recording_boxes.hpp"
 #include "support/scripted_picker.hpp"
