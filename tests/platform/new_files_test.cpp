@@ -35,7 +35,7 @@ const Disk disks[] = {
      {{Call::Link, EOPNOTSUPP}, {Call::NewName, EINVAL}},
      "choose a folder on another disk",
      nullptr},
-    {"takes no bytes for certain", {{Call::Flush, EIO}}, "Device I/O", "Device I/O"},
+    {"takes no bytes for certain", {{Call::Flush, EIO, 0, 1}}, "Device I/O", "Device I/O"},
     {"takes no names for certain", {{Call::Flush, EIO, 1}}, "Device I/O", nullptr},
     {"is full", {{Call::Link, ENOSPC}, {Call::Rename, ENOSPC}}, "Disk full", "Disk full"},
     {"keeps a hidden name once", {{Call::NamelessFile, EISDIR}, {Call::Remove, EIO, 0, 1}}, nullptr, nullptr},
