@@ -68,11 +68,33 @@ std::vector<std::string> wordsOf(const std::string& text) {
     return words;
 }
 
-/// Which call: the `ordinal`-th (from 0) of its number between "ready" and "done".
+/// Which call: the `ordinal`-th (from 0) of its number between "ready" and "done", among those of the first
+/// thread or of all others.
 struct Place {
     int number = -1;
+    bool first = true;
     int ordinal = 0;
 };
+
+bool ofFirstThread(const Call& call) { return call.thread == call.process; }
+
+/// A sitting waits for its threads, and sees in /proc whether there are any.
+bool isWaiting(const Call& call) {
+    switch (call.number) {
+    case SYS_openat:
+        return textAt(call.process, call.arguments[1]) == "/proc/self/task";
+    case SYS_newfstatat:
+    case SYS_fstat:
+    case SYS_fcntl:
+    case SYS_getdents64:
+    case SYS_close: {
+        const std::string path = pathOf(call.process, call.descriptor());
+        return path.starts_with("/proc/") && path.ends_with("/task");
+    }
+    default:
+        return call.number == SYS_clock_nanosleep;
+    }
+}
 
 /// Follows the acts of a sitting through its lines.
 class ActWatch : public Observer {
@@ -84,7 +106,7 @@ public:
             follow(bytesAt(call.process, call.arguments[1], static_cast<std::size_t>(call.arguments[2])));
             return Fate::untouched();
         }
-        if (act_.empty()) return Fate::untouched();
+        if (act_.empty() || (ofFirstThread(call) && isWaiting(call))) return Fate::untouched();
         const Fate fate = within(call);
         return fate.kind == Fate::Untouched ? ofDisk(call) : fate;
     }
@@ -182,7 +204,8 @@ private:
     }
     Fate within(const Call& call) override {
         calls.insert(call.number);
-        const Place place{call.number, count_[call.number]++};
+        const bool first = ofFirstThread(call);
+        const Place place{call.number, first, count_[{call.number, first}]++};
         if (!whole_ && act() != "insert") {
             ++ofOtherScenarios;
             return Fate::untouched();
@@ -201,7 +224,7 @@ private:
     }
 
     bool whole_;
-    std::map<int, int> count_;
+    std::map<std::pair<int, bool>, int> count_;
 };
 
 class Spoiling : public ActWatch {
@@ -212,8 +235,9 @@ public:
 
 private:
     Fate within(const Call& call) override {
-        if (call.number != candidate_.place.number) return Fate::untouched();
-        const bool now = seen_++ == candidate_.place.ordinal;
+        const Place& place = candidate_.place;
+        if (call.number != place.number || ofFirstThread(call) != place.first) return Fate::untouched();
+        const bool now = seen_++ == place.ordinal;
         if (now) file_ = fileOf(call);
         done = done || now;
         const bool again = done && candidate_.spoil.lasts && fileOf(call) == file_;
@@ -310,7 +334,8 @@ private:
 
 std::string describe(const Scenario& scenario, const Candidate& candidate) {
     return std::string{scenario.name} + " " + nameOf(candidate.place.number) + " " +
-           std::to_string(candidate.place.ordinal) + " " + candidate.spoil.name;
+           (candidate.place.first ? "" : "t") + std::to_string(candidate.place.ordinal) + " " +
+           candidate.spoil.name;
 }
 
 /// Those of `all` candidates that are tried: the first of each call and error, and others evenly up to

@@ -84,9 +84,11 @@ const std::map<int, Errors> errors{
     {SYS_madvise, {"ENOMEM EAGAIN"}},
 };
 
-const std::set<int> unfailing{SYS_umask,        SYS_exit_group, SYS_getpid, SYS_gettid,
-                              SYS_getuid,       SYS_geteuid,    SYS_futex,  SYS_rt_sigprocmask,
-                              SYS_rt_sigaction, SYS_brk,        SYS_setsid, SYS_set_robust_list};
+// Of these either no failure is known, or none that a program without faults can meet.
+const std::set<int> unfailing{
+    SYS_umask,           SYS_exit_group,   SYS_exit, SYS_getpid, SYS_gettid, SYS_getuid,          SYS_geteuid,
+    SYS_rt_sigprocmask,  SYS_rt_sigaction, SYS_brk,  SYS_futex,  SYS_rseq,   SYS_set_robust_list, SYS_setsid,
+    SYS_clock_nanosleep, SYS_sched_yield};
 
 int numberOfError(const std::string& name) {
     for (int error = 1; error < 200; ++error) {

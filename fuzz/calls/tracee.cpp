@@ -257,7 +257,7 @@ private:
             break;
         case Fate::Shortened:
             thread.inside = true;
-            setCount(id, registers, call.number, thread.fate.value);
+            setCount(id, registers, call.number, std::min(thread.fate.value, countOf(call)));
             break;
         case Fate::Killed:
             killTree();
@@ -273,8 +273,7 @@ private:
         if (thread.fate.kind == Fate::MadeAndFailed) registers.rax = -thread.fate.value;
         // The caller trusts in the registers that it passes arguments in.
         if (thread.fate.kind == Fate::Shortened) {
-            const auto argument = static_cast<std::size_t>(countArgument(thread.call.number));
-            setCount(id, registers, thread.call.number, thread.call.arguments[argument]);
+            setCount(id, registers, thread.call.number, countOf(thread.call));
         } else if (thread.fate.kind == Fate::MadeAndFailed) {
             ptrace(PTRACE_SETREGS, id, nullptr, &registers);
         }
@@ -284,6 +283,10 @@ private:
         return false;
     }
 
+    static std::uint64_t countOf(const Call& call) {
+        const int argument = countArgument(call.number);
+        return argument < 0 ? 0 : call.arguments.at(static_cast<std::size_t>(argument));
+    }
     static void setCount(pid_t id, user_regs_struct& registers, int number, std::uint64_t count) {
         switch (countArgument(number)) {
         case 1:
