@@ -139,10 +139,13 @@ int crashStates(const std::string& sitting, std::size_t count, unsigned seed, co
 } // namespace
 } // namespace pelrath::calls
 
-int main(int argc, char* argv[]) {
+int main(int argc, char* argv[]) try {
     const std::vector<std::string> words{argv, argv + argc};
     if (argc < 2) return 2;
     return pelrath::calls::crashStates(words[1], argc > 2 ? std::stoul(words[2]) : 10000,
                                        argc > 3 ? static_cast<unsigned>(std::stoul(words[3])) : 1,
                                        argc > 4 ? words[4] : "");
+} catch (const std::exception& failure) {
+    std::cerr << failure.what() << '\n';
+    return 2;
 }

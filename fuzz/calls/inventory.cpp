@@ -19,6 +19,12 @@ namespace fs = std::filesystem;
     throw std::system_error{errno, std::generic_category(), path};
 }
 
+std::string pathOf(const std::string& folder, const std::string& name) {
+    std::string path = folder;
+    if (!name.empty()) path.append("/").append(name);
+    return path;
+}
+
 struct statx infoOf(const std::string& path, int flags) {
     struct statx info {};
     if (::statx(AT_FDCWD, path.c_str(), flags, STATX_BASIC_STATS | STATX_BTIME, &info) != 0) fail(path);
@@ -150,11 +156,11 @@ void restore(const std::string& folder, const Inventory& state) {
         const StoredFile* const wanted = state.at(name);
         const bool folderStays = wanted != nullptr && wanted->folder && found.files.at(key).folder;
         const bool fileStays = wanted != nullptr && !wanted->folder && state.names.at(name) == key;
-        if (!folderStays && !fileStays) fs::remove(folder + "/" + name);
+        if (!folderStays && !fileStays) fs::remove(pathOf(folder, name));
     }
     std::map<FileKey, std::string> made;
     for (const auto& [name, key] : state.names) {
-        const std::string path = name.empty() ? folder : folder + "/" + name;
+        const std::string path = pathOf(folder, name);
         const StoredFile& wanted = state.files.at(key);
         const auto old = found.names.find(name);
         if (wanted.folder) {

@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <tuple>
 
 #include <sys/types.h>
 
@@ -14,7 +15,10 @@ namespace pelrath::calls {
 struct FileKey {
     std::uint64_t inode = 0;
     std::int64_t birth = 0; ///< nanoseconds since 1970; 0 where the file system does not know
-    auto operator<=>(const FileKey&) const = default;
+    bool operator==(const FileKey&) const = default;
+    bool operator<(const FileKey& other) const {
+        return std::tie(inode, birth) < std::tie(other.inode, other.birth);
+    }
 };
 
 using Content = std::shared_ptr<const std::string>;

@@ -34,6 +34,7 @@ struct Place {
 /// One call of an insertion.
 struct Seen {
     int number = 0;
+    bool changesFiles = false;
     bool intoFolder = false, intoArchive = false; ///< by a write
     std::uint64_t offset = 0, count = 0;          ///< in bytes, of a write into the archive
 };
@@ -66,6 +67,30 @@ bool isWrite(int number) {
     return number == SYS_write || number == SYS_pwrite64 || number == SYS_copy_file_range;
 }
 
+bool changesFiles(const Call& call) {
+    switch (call.number) {
+    case SYS_openat:
+        return (call.arguments[2] & (O_CREAT | O_TRUNC | O_TMPFILE)) > O_DIRECTORY;
+    case SYS_ftruncate:
+    case SYS_fsync:
+    case SYS_fdatasync:
+    case SYS_fchmod:
+    case SYS_rename:
+    case SYS_renameat:
+    case SYS_renameat2:
+    case SYS_link:
+    case SYS_linkat:
+    case SYS_unlink:
+    case SYS_unlinkat:
+    case SYS_mkdir:
+    case SYS_mkdirat:
+    case SYS_rmdir:
+        return true;
+    default:
+        return false;
+    }
+}
+
 /// Writes down all of them.
 class Listing : public InsertionObserver {
 public:
@@ -76,11 +101,13 @@ private:
     Fate during(const Call& call) override {
         Seen& one = seen.emplace_back();
         one.number = call.number;
+        one.changesFiles = changesFiles(call);
         if (!isWrite(call.number)) return Fate::untouched();
         const int file =
             call.number == SYS_copy_file_range ? static_cast<int>(call.arguments[2]) : call.descriptor();
         const std::string path = pathOf(call.process, file);
         one.intoFolder = path.starts_with(folder_ + "/");
+        one.changesFiles = one.intoFolder;
         one.intoArchive = path == folder_ + "/a.cdds" && call.number == SYS_pwrite64;
         one.offset = one.intoArchive ? call.arguments[3] : 0;
         one.count = call.arguments.at(static_cast<std::size_t>(countArgument(call.number)));
@@ -173,6 +200,7 @@ private:
 struct Tally {
     std::array<int, phases.size()> at{};
     int kills = 0, finished = 0, insideWrites = 0, insideArchive = 0, wrong = 0;
+    std::size_t ends = 0, endsTried = 0; ///< befores and behinds of calls that change files
 
     void add(const Tally& other) {
         for (std::size_t i = 0; i < at.size(); ++i) {
@@ -183,6 +211,8 @@ struct Tally {
         insideWrites += other.insideWrites;
         insideArchive += other.insideArchive;
         wrong += other.wrong;
+        ends += other.ends;
+        endsTried += other.endsTried;
     }
     [[nodiscard]] std::string text() const {
         std::string all = std::to_string(kills) + " kills";
@@ -191,6 +221,9 @@ struct Tally {
         }
         return all + ", " + std::to_string(finished) + " too late; " + std::to_string(insideWrites) +
                " inside a write, " + std::to_string(insideArchive) + " of them into the archive; " +
+               (ends == 0 ? ""
+                          : std::to_string(endsTried) + " at the " + std::to_string(ends) +
+                                " entries and exits of calls that change files; ") +
                std::to_string(wrong) + " left something wrong";
     }
 };
@@ -234,7 +267,8 @@ public:
             last = i;
         }
         for (int i = 0; i < count; ++i) {
-            std::size_t at = first + random_() % ((last - first) / 4); // most of the write is still to come
+            std::size_t at =
+                first + random_() % ((last - first) / 4 + 1); // most of the write is still to come
             while (old[at] == fresh[at]) {
                 ++at;
             }
@@ -250,16 +284,14 @@ public:
     }
 
 private:
-    /// Inside of writes, and before and behind the other calls, those first that change files.
+    /// A third inside of writes, and the rest before and behind calls, those first that change files.
     [[nodiscard]] std::vector<Place> choosePlaces(std::size_t count) {
         std::vector<Place> inside, around, elsewhere;
         std::map<int, std::size_t> turns;
         for (const Seen& call : seen_) {
             const std::size_t turn = turns[call.number]++;
-            const bool changes = call.intoFolder || !isWrite(call.number);
             for (const auto kind : {Place::Before, Place::Behind}) {
-                (changes && isFileCall(call.number) ? around : elsewhere)
-                    .push_back({call.number, turn, kind});
+                (call.changesFiles ? around : elsewhere).push_back({call.number, turn, kind});
             }
             const std::uint64_t firstPage = pageSize - call.offset % pageSize;
             for (std::uint64_t end = firstPage; call.intoFolder && end < call.count; end += pageSize) {
@@ -272,20 +304,13 @@ private:
         std::stable_partition(inside.begin(), inside.end(),
                               [](const Place& place) { return place.intoArchive; });
         inside.resize(std::min(inside.size(), count / 3));
+        tally_.ends = around.size();
+        tally_.endsTried = std::min(around.size(), count - inside.size());
         around.insert(around.end(), elsewhere.begin(), elsewhere.end());
         around.resize(std::min(around.size(), count - inside.size()));
         inside.insert(inside.end(), around.begin(), around.end());
         return inside;
     }
-    static bool isFileCall(int number) {
-        const std::string name = nameOf(number);
-        for (const char* part : {"open", "write", "sync", "rename", "link", "unlink", "chmod", "truncate",
-                                 "copy", "mkdir", "rmdir", "ioctl", "flock", "close"}) {
-            if (name.find(part) != std::string::npos) return true;
-        }
-        return false;
-    }
-
     /// Whether the archive was torn.
     template <class Where>
     bool judge(bool killed, bool copying, const Where& where) {
@@ -342,9 +367,12 @@ int killInsertions(const std::string& sitting, int count, unsigned seed) {
 } // namespace
 } // namespace pelrath::calls
 
-int main(int argc, char* argv[]) {
+int main(int argc, char* argv[]) try {
     const std::vector<std::string> words{argv, argv + argc};
     if (argc < 2) return 2;
     return pelrath::calls::killInsertions(words[1], argc > 2 ? std::stoi(words[2]) : 2000,
                                           argc > 3 ? static_cast<unsigned>(std::stoul(words[3])) : 1);
+} catch (const std::exception& failure) {
+    std::cerr << failure.what() << '\n';
+    return 2;
 }

@@ -108,6 +108,7 @@ public:
         std::shuffle(cuts_.begin(), cuts_.end(), random);
         std::map<std::size_t, std::size_t> taken;
         std::vector<std::pair<std::size_t, std::size_t>> turns; // of the step, and which cut
+        turns.reserve(cuts_.size());
         for (std::size_t i = 0; i < cuts_.size(); ++i) {
             turns.push_back({taken[cuts_[i].behind]++, i});
         }
