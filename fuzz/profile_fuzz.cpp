@@ -100,7 +100,15 @@ public:
         const std::string base = folder().file("a"), before = bytes();
         ApplicationSettings first, second;
         if (!loads(base, first)) return;
+        std::vector<std::optional<std::string>> stored;
+        for (const Entry& own : ofTheProgram) {
+            stored.push_back(valueOf(own));
+        }
         saveApplicationSettings(base, first);
+        for (std::size_t i = 0; i < stored.size(); ++i) {
+            require(!plain(stored[i]) || valueOf(ofTheProgram[i]) == stored[i],
+                    "each key gets its own value back");
+        }
         require(loads(base, second), "what was saved can be loaded");
         // A text is cut at a NUL after its blanks were taken away, which leaves blanks that the next load
         // takes.
@@ -121,6 +129,12 @@ private:
         const Profile profile{path()};
         (void)profile.number(entry.section, entry.key, 0);
         return profile.text(entry.section, entry.key, std::numeric_limits<std::size_t>::max());
+    }
+    /// A value that loses nothing as a text, and nothing as a number.
+    static bool plain(const std::optional<std::string>& value) {
+        const auto digit = [](char c) { return c >= '1' && c <= '9'; };
+        return value && !value->empty() && value->size() < 5 &&
+               std::all_of(value->begin(), value->end(), digit);
     }
     static void write(const Entry& entry) {
         Profile profile{path()};
