@@ -1,323 +1,190 @@
-#include "aircraft_parts.hpp"
+#include "painters.hpp"
 
-#include <array>
+#include <cmath>
 
-#include "marks.hpp"
-#include "noise.hpp"
+namespace pelrath::demo {
 
-namespace demo {
-
-namespace {
-
-Color metalAt(Vec2 p, Color color, std::uint32_t seed) {
-    const float cloud = fractalNoise(p * 5.0F, 4, seed);
-    const float grain = fractalNoise({p.x * 20.0F, p.y * 160.0F}, 2, seed + 1U);
-    return shaded(color, 0.72F + 0.3F * cloud + 0.25F * grain);
-}
-
-void paintMetal(Canvas& canvas, Color color, std::uint32_t seed) {
-    const float side = real(std::min(canvas.width(), canvas.height()));
-    canvas.paint([&](Vec2 p) { return metalAt(p * (1.0F / side), color, seed); });
-}
-
-Pen centred(Canvas& canvas) {
-    const Pen pen(canvas);
-    return pen.at({pen.right() / 2.0F, pen.bottom() / 2.0F}, 0.49F);
-}
-
-void addGrime(Canvas& canvas, std::uint32_t seed, float strength) {
-    const float side = real(std::min(canvas.width(), canvas.height()));
-    canvas.overlay([&](Vec2 pixel) {
-        const Vec2 p = pixel * (1.0F / side);
-        const float cloud = fractalNoise(p * 6.0F, 5, seed);
-        const float runs = fractalNoise({p.x * 30.0F, p.y * 3.0F}, 3, seed + 1U);
-        return withAlpha(rgb(0x1C1712),
-                         strength * (smoothStep(0.48F, 0.75F, cloud) + 0.6F * smoothStep(0.5F, 0.75F, runs)));
+void rivetedMetal(Canvas& canvas) {
+    canvas.texels(canvas.all(), [](QPointF p) {
+        return lit(rgb(0xB4B8BA),
+                   0.86 + 0.16 * noise({p.x() * 4, p.y() * 128}, 3, 1, 4) + 0.12 * noise(p * 4, 4, 2, 4));
     });
+    for (const double turn : {0, 90}) {
+        moved(canvas, {0.5, 0.5}, 1, turn, [&] {
+            for (const double at : {-0.375, 0.125}) {
+                canvas.line({-0.5, at}, {0.5, at}, 0.005, ink(0x2A2C2D, 0.8));
+                canvas.line({-0.5, at + 0.004}, {0.5, at + 0.004}, 0.003, ink(0xFFFFFF, 0.6));
+                for (const double row : {at - 0.022, at + 0.026, at + 0.25}) {
+                    canvas.rivets({-0.4863, row + 0.0015}, {0.5, row + 0.0015}, 0.03125, 0.013,
+                                  ink(0x303334, 0.7));
+                    canvas.rivets({-0.4875, row}, {0.5, row}, 0.03125, 0.011, ink(0xC9CDCE));
+                }
+            }
+        });
+    }
 }
 
-void drawCylinder(const Pen& pen) {
-    pen.polygon(std::array<Vec2, 4>{Vec2{-0.11F, -0.26F}, {0.11F, -0.26F}, {0.15F, -0.72F}, {-0.15F, -0.72F}},
-                rgb(0x2E3032));
-    for (int i = 0; i < 16; ++i) {
-        const float y = -0.28F - 0.028F * real(i);
-        const float half = 0.12F + 0.0025F * real(i);
-        pen.line({-half, y}, {half, y}, 0.012F, rgb(0x777B7D));
-        pen.line({-half, y + 0.011F}, {half, y + 0.011F}, 0.008F, rgb(0x141516));
-    }
-    pen.ellipse({0.0F, -0.78F}, {0.17F, 0.09F}, rgb(0x5A5E60));
-    for (const float x : {-0.1F, 0.1F}) {
-        pen.disc({x, -0.8F}, 0.055F, rgb(0x8A8E8F));
-        pen.disc({x, -0.8F}, 0.028F, rgb(0x3A3C3D));
-        pen.line({x, -0.76F}, {x * 0.9F, -0.25F}, 0.026F, rgb(0xA6AAAB));
-        pen.line({x + 0.005F, -0.76F}, {x * 0.9F + 0.005F, -0.25F}, 0.008F, rgb(0x35383A));
-    }
-    pen.line({0.0F, -0.7F}, {0.03F, -0.3F}, 0.012F, rgb(0xB08A3A));
-}
-
-} // namespace
-
-void drawTyre(Canvas& canvas) {
-    canvas.paint([](Vec2) { return rgb(0x1B1B1B); });
-    const Pen pen = centred(canvas);
-    pen.disc({}, 1.0F, rgb(0x232324));
-    for (int i = 0; i < 12; ++i)
-        pen.ring({}, 0.98F - 0.028F * real(i), 0.01F, grey(i % 2 == 0 ? 0.2F : 0.09F));
-    pen.arc({}, 0.84F, 0.05F, 285.0F, 345.0F, grey(0.6F, 0.14F));
-    pen.disc({}, 0.6F, rgb(0x0E0E0E));
-    pen.disc({}, 0.57F, rgb(0x8D9294));
-    pen.disc({}, 0.5F, rgb(0x6B7072));
-    for (int i = 0; i < 10; ++i) {
-        pen.disc(polar(36.0F * real(i), 0.37F), 0.075F, rgb(0x17181A));
-        pen.disc(polar(36.0F * real(i) + 18.0F, 0.525F), 0.018F, rgb(0x3A3D3F));
-    }
-    pen.disc({}, 0.2F, rgb(0x9CA1A2));
-    pen.ring({}, 0.2F, 0.02F, rgb(0x35383A));
-    pen.disc({-0.03F, -0.03F}, 0.1F, rgb(0xB9BDBD));
-    for (int i = 0; i < 6; ++i)
-        pen.disc(polar(60.0F * real(i), 0.145F), 0.02F, rgb(0x303335));
-    for (int i = 0; i < 11; ++i) {
-        static constexpr std::string_view text = "24X7.7 8PLY";
-        const float degrees = -40.0F + 8.0F * real(i);
-        drawText(pen.at(polar(degrees, 0.73F), 1.0F, degrees), text.substr(static_cast<std::size_t>(i), 1),
-                 {}, 0.075F, grey(0.36F));
-    }
-    addGrime(canvas, 3, 0.4F);
-}
-
-void drawTyreTread(Canvas& canvas) {
-    const float side = real(std::min(canvas.width(), canvas.height()));
-    canvas.paint([&](Vec2 pixel) {
-        const Vec2 p = pixel * (1.0F / side);
-        const float across = std::abs(p.x - real(canvas.width()) / side / 2.0F);
-        const float chevron = fraction(p.y * 8.0F + across * 5.0F);
-        const float block = smoothStep(0.0F, 0.07F, chevron) * smoothStep(0.6F, 0.53F, chevron) *
-                            smoothStep(0.02F, 0.04F, across);
-        const float grain = fractalNoise(p * 60.0F, 3, 5);
-        return shaded(mix(rgb(0x0F0F0F), rgb(0x3B3A38), block), 0.65F + 0.7F * grain);
-    });
-}
-
-void drawRadiatorGrille(Canvas& canvas) {
-    const float side = real(std::min(canvas.width(), canvas.height()));
-    canvas.paint([&](Vec2 pixel) {
-        const Vec2 p = pixel * (1.0F / side);
-        const int row = floorInt(p.y * 44.0F);
-        const Vec2 in{fraction(p.x * 26.0F + (row % 2 == 0 ? 0.0F : 0.5F)) - 0.5F,
-                      fraction(p.y * 44.0F) - 0.5F};
-        const float tube = std::max(std::abs(in.x) * 1.1F, std::abs(in.y) + std::abs(in.x) * 0.35F);
-        const float wall = smoothStep(0.34F, 0.46F, tube);
-        const Color brass = metalAt(p, rgb(0x9A7A42), 7);
-        return mix(shaded(rgb(0x17120B), 0.6F + 0.9F * (in.y + 0.5F)), shaded(brass, 0.8F - 0.5F * in.y),
-                   wall);
-    });
-    const Pen pen(canvas);
-    pen.frame({0.0F, 0.0F}, {pen.right(), pen.bottom()}, 0.1F, rgb(0x54584A));
-    pen.frame({0.05F, 0.05F}, {pen.right() - 0.05F, pen.bottom() - 0.05F}, 0.012F, rgb(0x1C1E18));
-    for (int i = 0; i < 24; ++i) {
-        const float t = (real(i) + 0.5F) / 24.0F;
-        for (const float y : {0.025F, pen.bottom() - 0.025F})
-            pen.disc({t * pen.right(), y}, 0.009F, rgb(0x8E937F));
-        for (const float x : {0.025F, pen.right() - 0.025F})
-            pen.disc({x, t * pen.bottom()}, 0.009F, rgb(0x8E937F));
-    }
-    addGrime(canvas, 8, 0.5F);
-}
-
-void drawEngineFront(Canvas& canvas) {
-    canvas.paint([](Vec2) { return rgb(0x0C0C0C); });
-    const Pen pen = centred(canvas);
-    pen.disc({}, 0.99F, rgb(0x191A1B));
-    for (int i = 0; i < 9; ++i)
-        drawCylinder(pen.at({}, 0.93F, 40.0F * real(i) + 20.0F));
-    for (int i = 0; i < 9; ++i)
-        drawCylinder(pen.at({}, 1.05F, 40.0F * real(i)));
-    pen.ring({}, 0.4F, 0.03F, rgb(0xB08A3A));
-    pen.disc({}, 0.31F, rgb(0x6F7779));
-    pen.disc({-0.02F, -0.02F}, 0.26F, rgb(0x8C9496));
-    for (int i = 0; i < 18; ++i)
-        pen.disc(polar(20.0F * real(i), 0.285F), 0.014F, rgb(0x2A2C2E));
-    pen.disc({}, 0.13F, rgb(0x4A4E50));
-    pen.disc({-0.015F, -0.015F}, 0.09F, rgb(0xB4B9BA));
-    pen.ring({}, 0.96F, 0.06F, rgb(0x4A4F48));
-    addGrime(canvas, 9, 0.4F);
-}
-
-void drawExhaustStacks(Canvas& canvas) {
-    paintMetal(canvas, rgb(0x565C50), 11);
-    const Pen pen(canvas);
-    const float step = pen.right() / 6.0F;
-    for (int i = 0; i < 6; ++i) {
-        const Pen pipe = pen.at({step * (real(i) + 0.18F), 0.5F});
-        pipe.streak({0.3F, 0.05F}, {1.6F, 0.1F}, 0.5F, rgb(0x120F0C, 0.7F));
-        pipe.line({0.0F, 0.0F}, {step * 0.52F, 0.05F}, 0.42F, rgb(0x2A1D16));
-        pipe.line({0.02F, -0.05F}, {step * 0.5F, 0.0F}, 0.24F, rgb(0x6E4B36));
-        pipe.line({0.02F, -0.1F}, {step * 0.48F, -0.05F}, 0.07F, rgb(0xA58A72));
-        pipe.ellipse({step * 0.54F, 0.06F}, {0.1F, 0.2F}, rgb(0x0A0807));
-        pipe.rect({-0.09F, -0.3F}, {0.0F, 0.3F}, rgb(0x3A3E38));
-        for (const float y : {-0.25F, 0.25F})
-            pipe.disc({-0.045F, y}, 0.03F, rgb(0x8B8F86));
-    }
-    rivetRow(pen, {0.02F, 0.06F}, {pen.right(), 0.06F}, 0.1F);
-    rivetRow(pen, {0.02F, 0.94F}, {pen.right(), 0.94F}, 0.1F);
-    addGrime(canvas, 12, 0.5F);
-}
-
-void drawCowling(Canvas& canvas) {
-    paintMetal(canvas, rgb(0x4E5A48), 13);
-    const Pen pen(canvas);
-    const float w = pen.right();
-    for (int i = 0; i < 5; ++i) {
-        const float x = w * (0.1F + 0.2F * real(i));
-        panelLine(pen, {x, 0.0F}, {x, 1.0F}, 1.3F);
-        rivetRow(pen, {x + 0.014F, 0.0F}, {x + 0.014F, 1.0F}, 0.02F);
-    }
-    for (const float y : {0.22F, 0.78F})
-        panelLine(pen, {0.0F, y}, {w, y}, 1.3F);
-    for (int i = 0; i < 18; ++i) {
-        for (const float y : {0.245F, 0.755F}) {
-            const Vec2 at{w * (real(i) + 0.5F) / 18.0F, y};
-            pen.disc(at, 0.011F, rgb(0x23281F));
-            pen.disc(at, 0.008F, rgb(0x9A9F94));
-            const Vec2 slot = polar(37.0F * real(i), 0.007F);
-            pen.line(at - slot, at + slot, 0.003F, rgb(0x1A1C18));
-        }
-    }
+void radialEngine(Canvas& canvas) {
+    const QPointF middle{0.5, 0.5};
+    canvas.fillRect(canvas.all(), ink(0x0C0D0E));
+    canvas.disc(middle, 0.5, ink(0x3A3F38));
+    canvas.disc(middle, 0.47, ink(0x101112));
     for (int i = 0; i < 9; ++i) {
-        const float y = 0.36F + 0.035F * real(i);
-        pen.taper({w * 0.72F, y}, {w * 0.86F, y}, 0.018F, 0.01F, rgb(0x161914));
-        pen.line({w * 0.72F, y - 0.011F}, {w * 0.86F, y - 0.009F}, 0.004F, rgb(0x8F9A84));
+        moved(canvas, middle, 1, 40 * i, [&] {
+            canvas.fillRect(
+                QRectF{-0.085, -0.43, 0.17, 0.27},
+                blend({-0.085, 0}, {0.085, 0}, {ink(0x16181A), ink(0x8A8F90), ink(0x4A4E4F), ink(0x121415)}));
+            for (int fin = 0; fin < 13; ++fin) {
+                canvas.fillRect(QRectF{-0.09, -0.42 + 0.02 * fin, 0.18, 0.008}, ink(0x0A0B0C, 0.75));
+            }
+            canvas.fillRect(QRectF{-0.05, -0.455, 0.1, 0.05}, ink(0x54585A));
+            for (const double x : {-0.035, 0.035}) {
+                canvas.line({x * 0.6, -0.15}, {x, -0.43}, 0.012, ink(0xA9ADAD), Qt::RoundCap);
+                canvas.line({x * 0.6 - 0.003, -0.15}, {x - 0.003, -0.43}, 0.003, ink(0xF0F2F2));
+                canvas.disc({x, -0.43}, 0.012, ink(0x2A2C2D));
+            }
+        });
     }
-    drawEmblem(pen.at({w * 0.4F, 0.5F}, 0.17F));
-    drawText(pen, "OIL 10 GAL", {w * 0.2F, 0.68F}, 0.03F, rgb(0xD8D2B8));
-    for (int i = 0; i < 26; ++i) {
-        const float x = w * hashed(i, 1, 14);
-        pen.streak({x, 0.78F}, {x + 0.03F, 0.8F + 0.2F * hashed(i, 2, 14)}, 0.02F, rgb(0x17120C, 0.7F));
+    canvas.ring(middle, 0.25, 0.012, ink(0xB98A3A));
+    canvas.disc(middle, 0.19, brushed(middle, 0x4A4E50, 0xB4B8B8));
+    canvas.ring(middle, 0.19, 0.008, ink(0x16181A));
+    for (int i = 0; i < 18; ++i) {
+        canvas.disc(middle + polar(20 * i, 0.165), 0.009, ink(0x2A2C2E));
+        canvas.disc(middle + polar(20 * i, 0.165) - QPointF{0.002, 0.002}, 0.005, ink(0xB8BCBC));
     }
-    addGrime(canvas, 15, 0.35F);
+    canvas.disc(middle, 0.085, brushed(middle, 0x5A5E60, 0xD8DADA));
+    canvas.disc(middle, 0.03, ink(0x1C1E20));
+    canvas.cloud(canvas.all(), {0.1, 0.1}, 0.2, 3);
 }
 
-void drawRivetedMetal(Canvas& canvas) {
-    const float side = real(std::min(canvas.width(), canvas.height()));
-    canvas.paint([&](Vec2 pixel) {
-        const Vec2 p = pixel * (1.0F / side);
-        return metalAt(p, grey(0.66F + 0.12F * hashed(floorInt(p.x * 2.0F), floorInt(p.y * 4.0F), 16)), 17);
+void wheel(Canvas& canvas) {
+    const QPointF middle{0.5, 0.5};
+    canvas.fillRect(canvas.all(), ink(0x2C2E2F));
+    canvas.disc(middle, 0.49, ink(0x131414));
+    for (int i = 0; i < 5; ++i) {
+        canvas.ring(middle, 0.45 - 0.03 * i, 0.006, ink(0x2B2C2C));
+    }
+    canvas.disc(middle, 0.3, brushed(middle, 0x63686A, 0xC0C4C4));
+    canvas.ring(middle, 0.3, 0.014, ink(0x0C0D0D));
+    for (int i = 0; i < 8; ++i) {
+        canvas.disc(middle + polar(45 * i, 0.19), 0.048, ink(0x1A1C1D));
+        canvas.ring(middle + polar(45 * i, 0.19), 0.048, 0.006, ink(0xDDE0E0, 0.5));
+    }
+    canvas.disc(middle, 0.09, ink(0x4A4E50));
+    canvas.disc(middle - QPointF{0.01, 0.01}, 0.07, ink(0x7C8284));
+    canvas.line({0.5, 0.02}, {0.5, 0.2}, 0.014, ink(0xB8B23A, 0.8));
+    canvas.cloud(canvas.all(), {0.15, 0.15}, 0.14, 4);
+}
+
+void propellerDisc(Canvas& canvas) {
+    const QPointF middle{0.5, 0.5};
+    canvas.texels(canvas.all(), [=](QPointF p) {
+        const QPointF to = p - middle;
+        const double r = std::hypot(to.x(), to.y()) * 2, turn = std::atan2(to.y(), to.x()) + 0.9 * r;
+        const double blades = std::pow(0.5 + 0.5 * std::cos(3 * turn), 3);
+        const double inside = rise(1, 0.985, r);
+        const Color blade = mix(rgb(0x24272A), rgb(0xD8AE3C), rise(0.9, 0.93, r));
+        Color color = mix(blade, rgb(0xBFC6CA), 0.25 * blades);
+        color.setW(
+            static_cast<float>(inside * (0.12 + 0.5 * blades * (1 - 0.5 * r) + 0.22 * rise(0.9, 0.93, r))));
+        return color;
     });
-    const Pen pen(canvas);
-    for (int i = 0; i <= 4; ++i) {
-        const float y = real(i) / 4.0F;
-        panelLine(pen, {0.0F, y}, {1.0F, y}, 1.5F);
-        rivetRow(pen, {0.0F, y + 0.02F}, {1.0F, y + 0.02F}, 0.02F, 1.6F);
-        rivetRow(pen, {0.0F, y - 0.02F}, {1.0F, y - 0.02F}, 0.02F, 1.6F);
-    }
-    for (const float x : {0.0F, 0.5F, 1.0F}) {
-        panelLine(pen, {x, 0.0F}, {x, 1.0F}, 1.5F);
-        rivetRow(pen, {x + 0.02F, 0.0F}, {x + 0.02F, 1.0F}, 0.02F, 1.6F);
+    canvas.disc(middle, 0.05, ink(0x35393C, 0.9));
+    canvas.disc(middle - QPointF{0.01, 0.01}, 0.03, ink(0x8A9094, 0.7));
+}
+
+void bulletHoles(Canvas& canvas) {
+    Dice dice{7};
+    for (int i = 0; i < 14; ++i) {
+        const double radius = dice(0.014, 0.034);
+        const QPointF at = dice.within({0.08, 0.08, 0.84, 0.84});
+        canvas.glow(at, radius * 2.6, ink(0x14100C, 0.7));
+        canvas.fill(star(at, radius * 1.7, radius * 0.9, 9), ink(0xD4D6D2));
+        canvas.fill(star(at + QPointF{0.003, 0.003}, radius * 1.4, radius * 0.9, 9), ink(0x6E716E));
+        canvas.disc(at, radius * 0.85, ink(0x050505));
     }
 }
 
-void drawFabricRudder(Canvas& canvas) {
-    const Pen pen(canvas);
-    const float h = pen.bottom();
-    canvas.paint([&](Vec2 pixel) {
-        const Vec2 p = pen.fromPixels(pixel);
-        const float rib = fraction(p.y * 4.0F) - 0.5F;
-        const float sag =
-            1.0F + 0.14F * std::sin(rib * 2.0F * pi) * smoothStep(0.0F, 0.3F, 0.5F - std::abs(rib));
-        const float weave = fractalNoise(p * 80.0F, 2, 18);
-        const Color dope =
-            p.y < 0.34F * h ? rgb(0x7E8A7A) : (p.y < 0.62F * h ? rgb(0xB9B29A) : rgb(0x6A4538));
-        return shaded(dope, sag * (0.86F + 0.3F * weave));
+void tornPanel(Canvas& canvas) {
+    canvas.texels(canvas.all(), [](QPointF p) {
+        const QPointF to = p - QPointF{0.5, 0.5};
+        const double far = std::hypot(to.x(), to.y());
+        const double beyond = far - 0.17 - 0.22 * noise(to * 4 / far + QPointF{9, 9}, 4, 8);
+        const Color paint =
+            lit(rgb(0x5C6450), (0.85 + 0.3 * noise(p * 9, 4, 9)) * (1 - 0.65 * rise(0.2, 0.02, beyond)));
+        return beyond < 0 ? Color{} : mix(rgb(0xBFC3C0), paint, rise(0.012, 0.02, beyond));
     });
-    for (int i = 0; i < floorInt(h * 4.0F); ++i) {
-        const float y = (real(i) + 0.5F) / 4.0F;
-        pen.line({0.0F, y}, {1.0F, y}, 0.022F, rgb(0x2E2B26, 0.35F));
-        rivetRow(pen, {0.02F, y}, {0.98F, y}, 0.05F);
+    canvas.setCompositionMode(QPainter::CompositionMode_DestinationOver);
+    for (const double x : {0.42, 0.6}) {
+        canvas.fillRect(QRectF{x, 0.1, 0.035, 0.8}, ink(0x4A5844));
+        canvas.fillRect(QRectF{x - 0.01, 0.1, 0.01, 0.8}, ink(0x86967A));
     }
-    pen.frame({0.35F, 0.7F * h}, {0.98F, 0.86F * h}, 0.012F, grey(0.05F, 0.7F));
-    drawInsignia(pen, {0.5F, 0.48F * h}, 0.34F, Insignia::Star);
-    drawText(pen, "R7413", {0.5F, 0.66F * h}, 0.14F, rgb(0x1A1B1C), 0.17F);
-    addGrime(canvas, 19, 0.35F);
+    canvas.line({0.2, 0.7}, {0.8, 0.36}, 0.012, ink(0x7A3A2C));
+    canvas.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+    for (const int turn : {0, 90, 180, 270}) {
+        moved(canvas, {0.5, 0.5}, 1, turn, [&] {
+            canvas.line({-0.5, 0.44}, {0.5, 0.44}, 0.004, ink(0x14160F, 0.7));
+            canvas.rivets({-0.49, 0.42}, {0.5, 0.42}, 0.03, 0.009, ink(0x22251A, 0.7));
+        });
+    }
 }
 
-void drawDropTank(Canvas& canvas) {
-    canvas.paint([&](Vec2 pixel) {
-        const Vec2 p = pixel * (1.0F / real(canvas.height()));
-        const float lit = 0.45F + 0.75F * std::sin(clamp01(p.y * 0.85F + 0.2F) * pi);
-        return shaded(metalAt(p, rgb(0x9DA3A3), 21), lit);
-    });
-    const Pen pen(canvas);
-    for (const float t : {0.12F, 0.34F, 0.66F, 0.88F}) {
-        panelLine(pen, {t * pen.right(), 0.0F}, {t * pen.right(), 1.0F}, 1.5F);
-        rivetRow(pen, {t * pen.right() + 0.03F, 0.0F}, {t * pen.right() + 0.03F, 1.0F}, 0.06F, 1.5F);
+void emblem(Canvas& canvas) {
+    const QPointF middle{0.5, 0.5};
+    canvas.disc(middle, 0.46, ink(0xD9A93A));
+    canvas.disc(middle, 0.43, ink(0x16324A));
+    for (int i = 0; i < 60; ++i) {
+        const double t = i / 59.0;
+        canvas.glow({0.2 + 0.36 * t, 0.78 - 0.34 * t + 0.06 * std::sin(t * 5)}, 0.02 + 0.07 * t,
+                    ink(0xF2D58A, 0.16));
     }
-    pen.rect({0.0F, 0.48F}, {pen.right(), 0.52F}, grey(0.1F, 0.4F));
-    pen.disc({0.5F * pen.right(), 0.2F}, 0.07F, rgb(0x8E2B24));
-    pen.disc({0.5F * pen.right(), 0.2F}, 0.04F, rgb(0xB8BCBC));
-    drawText(pen, "75 GAL DROP TANK", {pen.right() / 2.0F, 0.7F}, 0.1F, rgb(0x1C1E20), 0.16F);
-    addGrime(canvas, 22, 0.4F);
+    canvas.fill(star({0.6, 0.4}, 0.19, 0.07, 8), ink(0xF6E7B4));
+    canvas.disc({0.6, 0.4}, 0.07, ink(0xFFFFFF));
+    canvas.text({1.46, 0.37}, 0.2, "COMET", ink(0x7A2A1C));
+    canvas.text({1.45, 0.36}, 0.2, "COMET", ink(0xE9B84A));
+    canvas.text({1.45, 0.64}, 0.1, "OF THE NORTH", ink(0xEDE6D2), 0.9);
+    canvas.line({1.05, 0.8}, {1.85, 0.8}, 0.02, ink(0xB5392C));
+    canvas.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    canvas.texels(canvas.all(),
+                  [](QPointF p) { return rgb(0, 0.8 * rise(0.66, 0.72, noise(p * 22, 4, 12))); });
 }
 
-void drawBombSide(Canvas& canvas) {
-    canvas.paint([&](Vec2 pixel) {
-        const Vec2 p = pixel * (1.0F / real(canvas.height()));
-        const float lit = 0.35F + 0.9F * std::sin(clamp01(p.y * 0.9F + 0.1F) * pi);
-        return shaded(metalAt(p, rgb(0x565B3C), 23), lit);
-    });
-    const Pen pen(canvas);
-    const float w = pen.right();
-    for (const float t : {0.06F, 0.1F, 0.72F})
-        pen.rect({t * w, 0.0F}, {(t + 0.02F) * w, 1.0F}, rgb(0xD0A032, 0.9F));
-    pen.line({0.8F * w, 0.0F}, {0.8F * w, 1.0F}, 0.03F, grey(0.04F, 0.8F));
-    for (const float t : {0.35F, 0.55F}) {
-        pen.ring({t * w, 0.1F}, 0.07F, 0.035F, rgb(0x2A2C22));
-    }
-    drawText(pen, "G.P. 500 LB", {0.42F * w, 0.55F}, 0.09F, rgb(0xD8CF9E), 0.16F);
-    addGrime(canvas, 24, 0.5F);
-}
-
-void drawDamagedPanel(Canvas& canvas) {
-    drawRivetedMetal(canvas);
-    canvas.overlay([](Vec2) { return rgb(0x4F553C, 0.8F); });
-    const Pen pen(canvas);
-    for (int y = 0; y < canvas.height(); ++y) {
-        for (int x = 0; x < canvas.width(); ++x) {
-            const Vec2 p = pen.fromPixels({real(x) + 0.5F, real(y) + 0.5F}) - Vec2{0.5F, 0.5F};
-            const float turn = std::atan2(p.y, p.x);
-            const float jag = fractalNoise({std::cos(turn) * 3.0F, std::sin(turn) * 3.0F}, 4, 25);
-            const float edge = length(p) - 0.1F - 0.34F * jag;
-            Color& texel = canvas.at(x, y);
-            texel = mix(texel, rgb(0x15120F), 0.8F * smoothStep(0.16F, 0.02F, edge));
-            texel = mix(texel, rgb(0xB9BDBC), smoothStep(0.012F, 0.004F, edge));
-            texel.a = edge < 0.0F ? 0.0F : 1.0F;
+void letterSheet(Canvas& canvas) {
+    const char* const rows[] = {"ABCDEFGHI", "JKLMNOPQR", "STUVWXYZ0", "123456789"};
+    for (int y = 0; y < 4; ++y) {
+        for (int x = 0; x < 9; ++x) {
+            const QPointF at{canvas.right * (x + 0.5) / 9, (y + 0.5) / 4};
+            canvas.text(at, 0.15, QString{QChar{rows[y][x]}}, ink(0xE6E3D4), 0.9);
+            canvas.save(); // the bridges of a stencil
+            canvas.setCompositionMode(QPainter::CompositionMode_Clear);
+            canvas.fillRect(QRectF{at.x() - 0.006, at.y() - 0.1, 0.012, 0.2}, Qt::black);
+            canvas.restore();
         }
     }
-    for (const float t : {0.36F, 0.62F}) {
-        pen.line({t, 0.2F}, {t + 0.02F, 0.8F}, 0.03F, rgb(0x6C7A58));
-        pen.line({t - 0.008F, 0.2F}, {t + 0.012F, 0.8F}, 0.006F, rgb(0xA0AC88));
-    }
 }
 
-void drawNoseArt(Canvas& canvas) {
-    const Pen pen(canvas);
-    drawEmblem(pen.at({0.22F * pen.right(), 0.5F}, 0.42F));
-    drawText(pen, "LADY", {0.72F * pen.right(), 0.3F}, 0.24F, rgb(0x2A1D14), 0.26F);
-    drawText(pen, "LADY", {0.72F * pen.right(), 0.3F}, 0.24F, rgb(0xF0C654), 0.15F);
-    drawText(pen, "LANTERN", {0.72F * pen.right(), 0.62F}, 0.145F, rgb(0x2A1D14), 0.26F);
-    drawText(pen, "LANTERN", {0.72F * pen.right(), 0.62F}, 0.145F, rgb(0xE8E2D0), 0.15F);
-    for (int i = 0; i < 7; ++i) {
-        const Vec2 at{pen.right() * (0.55F + 0.055F * real(i)), 0.86F};
-        pen.star(at, 0.05F, 0.02F, 5, rgb(0xC9453A));
+void dropTank(Canvas& canvas) {
+    canvas.fillRect(canvas.all(),
+                    blend({0, 0}, {0, 1}, {ink(0x4A5052), ink(0xE8ECEC), ink(0x9BA2A4), ink(0x24282A)}));
+    for (const double x : {0.28, 0.75, 1.22}) {
+        canvas.line({x, 0}, {x, 1}, 0.012, ink(0x1A1C1D, 0.7));
+        canvas.rivets({x + 0.03, 0.02}, {x + 0.03, 1}, 0.045, 0.014, ink(0x1A1C1D, 0.6));
     }
+    canvas.fillRect(QRectF{0.08, 0, 0.07, 1}, ink(0xB5392C));
+    canvas.text({0.985, 0.42}, 0.07, "FUEL ONLY", ink(0xB5392C), 0.75);
+    canvas.text({0.985, 0.56}, 0.045, "75 GALLONS", ink(0x1C1E20), 0.85);
+    canvas.cloud(canvas.all(), {0.1, 0.5}, 0.16, 13);
 }
 
-void drawCodeLetters(Canvas& canvas) {
-    const Pen pen(canvas);
-    constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
-    for (int i = 0; i < 36; ++i) {
-        const Vec2 at{(real(i % 9) + 0.5F) / 9.0F * pen.right(), (real(i / 9) + 0.5F) / 4.0F * pen.bottom()};
-        drawText(pen, letters.substr(static_cast<std::size_t>(i), 1), at, 0.135F, rgb(0xE6E3D4), 0.17F);
-    }
+void shadow(Canvas& canvas) {
+    canvas.texels(canvas.all(), [](QPointF p) {
+        const double x = std::abs(p.x() - 0.5), y = p.y();
+        const auto oval = [](double u, double v, double size) { return (1 - std::hypot(u, v)) * size; };
+        const double inside =
+            std::max({oval(x / 0.06, (y - 0.52) / 0.42, 0.06), oval(x / 0.47, (y - 0.38) / 0.1, 0.1),
+                      oval(x / 0.19, (y - 0.84) / 0.06, 0.06)});
+        return rgb(0x050505, 0.75 * rise(-0.02, 0.02, inside));
+    });
 }
 
-} // namespace demo
+} // namespace pelrath::demo

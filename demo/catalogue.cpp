@@ -1,250 +1,135 @@
 #include "catalogue.hpp"
 
-#include <string_view>
-#include <utility>
-
-#include "aircraft_parts.hpp"
-#include "calibration.hpp"
-#include "cockpit.hpp"
-#include "effects.hpp"
-#include "foliage.hpp"
-#include "instruments.hpp"
-#include "materials.hpp"
-#include "mipmaps.hpp"
-#include "skins.hpp"
-#include "terrain.hpp"
-#include "wires.hpp"
-
-namespace demo {
+namespace pelrath::demo {
 
 namespace {
 
-constexpr int whole = 0; // a chain down to 1 x 1
+constexpr int whole = 0;
+constexpr unsigned sheet = 0x565C5E;
 
-const Color opaque = rgb(0x000000);
-const Color sheet = rgb(0x5B6062);
-
-constexpr Color clear(std::uint32_t hex) { return rgb(hex, 0.0F); }
-
-std::function<void(Canvas&)> skin(Skin kind) {
-    return [kind](Canvas& canvas) { drawSkinSheet(canvas, kind); };
-}
-
-// Fine lines drawn at a small size would be too strong; the sheet is drawn larger and halved.
-std::function<void(Canvas&)> reduced(Skin kind, int halvings) {
-    return [kind, halvings](Canvas& canvas) {
-        Canvas large(canvas.width() << halvings, canvas.height() << halvings, canvas.at(0, 0));
-        drawSkinSheet(large, kind);
-        large.setClip(nullptr);
-        canvas = mipmapChain(std::move(large), halvings + 1).back();
-    };
-}
-
-std::function<void(Canvas&)> fuselage(Skin kind) {
-    return [kind](Canvas& canvas) { drawFuselageSheet(canvas, kind); };
-}
-
-std::function<void(Canvas&)> wing(Skin kind, bool upper) {
-    return [kind, upper](Canvas& canvas) { drawWingSheet(canvas, kind, upper); };
-}
-
-std::function<void(Canvas&)> dial(Instrument kind) {
-    return [kind](Canvas& canvas) { drawInstrument(canvas, kind); };
-}
-
-void append(std::vector<TextureRow>& rows, std::vector<TextureRow> more) {
-    rows.insert(rows.end(), more.begin(), more.end());
-}
-
-std::vector<TextureRow> aircraftRows() {
-    return {
-        {"fighter_skin_temperate.bmp", "DXT1", 2048, 2048, whole, sheet, skin(Skin::Temperate)},
-        {"fighter_skin_desert.bmp", "DXT5", 2048, 2048, 10, clear(0x8A7A5C), skin(Skin::Desert)},
-        {"fighter_skin_metal.bmp", "DXT1", 2048, 2048, whole, sheet, skin(Skin::BareMetal)},
-        {"fighter_skin_splinter.bmp", "DXT1", 1024, 1024, whole, sheet, skin(Skin::Splinter)},
-        {"fighter_skin_mottled.bmp", "DXT1", 1024, 1024, whole, sheet, skin(Skin::Mottled)},
-        {"Fighter_Skin_Winter.tga", "DXT1", 1024, 1024, 9, sheet, skin(Skin::Winter)},
-        {"Fighter_Skin_Naval.tga", "DXT5", 1024, 1024, whole, clear(0x4A5A66), skin(Skin::Naval)},
-        {"fighter_skin_night.bmp", "DXT1", 1024, 1024, 1, sheet, skin(Skin::Night)},
-        {"fighter_skin_trainer.bmp", "DXT1", 1024, 1024, whole, sheet, skin(Skin::Trainer)},
-        {"fighter_lod1_temperate.bmp", "DXT1", 512, 512, whole, sheet, reduced(Skin::Temperate, 1)},
-        {"fighter_lod2_temperate.bmp", "DXT1", 128, 128, 6, sheet, reduced(Skin::Temperate, 3)},
-        {"fuselage_mottled.bmp", "DXT1", 2048, 512, whole, sheet, fuselage(Skin::Mottled)},
-        {"fuselage_desert.bmp", "DXT1", 1024, 256, 7, sheet, fuselage(Skin::Desert)},
-        {"wing_upper_splinter.bmp", "DXT1", 1024, 256, whole, sheet, wing(Skin::Splinter, true)},
-        {"wing_lower_splinter.bmp", "DXT1", 1024, 256, whole, sheet, wing(Skin::Splinter, false)},
-        {"rudder_fabric.bmp", "DXT1", 256, 1024, whole, opaque, drawFabricRudder},
-        {"cowling_left.bmp", "DXT1", 1024, 512, whole, opaque, drawCowling},
-        {"exhaust_stacks.bmp", "DXT1", 512, 128, whole, opaque, drawExhaustStacks},
-        {"engine_radial.bmp", "DXT1", 512, 512, whole, opaque, drawEngineFront},
-        {"radiator_grille.bmp", "DXT1", 512, 512, 8, opaque, drawRadiatorGrille},
-        {"metal_riveted.bmp", "DXT1", 512, 512, whole, opaque, drawRivetedMetal},
-        {"damage_wing_hole.tga", "DXT1", 512, 512, whole, clear(0x4F553C), drawDamagedPanel},
-        {"damage_bullets.tga", "DXT5", 256, 256, whole, clear(0x1E1A16), drawBulletHoles},
-        {"nose_art_lantern.tga", "DXT5", 512, 256, whole, clear(0x2A1D14), drawNoseArt},
-        {"code_letters.tga", "DXT5", 640, 480, 1, clear(0xE6E3D4), drawCodeLetters},
-        {"drop_tank.bmp", "DXT1", 512, 128, whole, opaque, drawDropTank},
-        {"bomb_500lb.bmp", "DXT1", 300, 200, whole, opaque, drawBombSide},
-        {"wheel_main.bmp", "DXT1", 256, 256, whole, opaque, drawTyre},
-        {"wheel_tread.bmp", "DXT1", 64, 512, whole, opaque, drawTyreTread},
-        {"propeller_disc.tga", "DXT5", 512, 512, whole, clear(0x1F1F1F), drawPropellerDisc},
-        {"propeller_blade.tga", "DXT1", 64, 512, 8, clear(0x232526), drawPropellerBlade},
-    };
-}
-
-std::vector<TextureRow> cockpitRows() {
-    return {
-        {"cockpit_panel_main.bmp", "DXT1", 2048, 1024, whole, opaque, drawInstrumentPanel},
-        {"cockpit_panel_side.bmp", "DXT1", 512, 512, whole, opaque, drawSwitchPanel},
-        {"  panneau_gauche.bmp", "DXT1", 512, 256, whole, opaque, drawThrottleQuadrant},
-        {"cockpit_placard", "DXT1", 256, 128, 3, opaque, drawPlacard},
-        {"gauge_altimeter.bmp", "DXT1", 512, 512, whole, opaque, dial(Instrument::Altimeter)},
-        {"gauge_airspeed.bmp", "DXT1", 512, 512, whole, opaque, dial(Instrument::Airspeed)},
-        {"gauge_horizon.bmp", "DXT1", 512, 512, whole, opaque, dial(Instrument::Horizon)},
-        {"gauge_compass.bmp", "DXT1", 512, 512, whole, opaque, dial(Instrument::Compass)},
-        {"gauge_clock.bmp", "DXT1", 256, 256, whole, opaque, dial(Instrument::Clock)},
-        {"Gauge_Manifold.bmp", "DXT1", 256, 256, whole, opaque, dial(Instrument::Manifold)},
-        {"Gauge_Rpm.bmp", "DXT1", 256, 256, whole, opaque, dial(Instrument::Revolutions)},
-        {"gauge_oil_temp.bmp", "DXT1", 256, 256, 5, opaque, dial(Instrument::OilTemperature)},
-        {"gauge_fuel.bmp", "DXT1", 256, 256, whole, opaque, dial(Instrument::Fuel)},
-        {"gauge_turn_slip.bmp", "DXT1", 256, 256, whole, opaque, dial(Instrument::TurnAndSlip)},
-        {"gauge_climb.bmp", "DXT1", 256, 256, whole, opaque, dial(Instrument::Climb)},
-        {"needle_long.tga", "DXT5", 32, 256, whole, clear(0xE6E3D0), drawNeedle},
-        {"needle_short.tga", "dxt5", 32, 128, whole, clear(0xE6E3D0), drawNeedle},
-        {"compass_strip.bmp", "DXT1", 512, 64, whole, opaque, drawCompassStrip},
-        {"gunsight_reticle.tga", "DXT5", 512, 512, 1, clear(0xFFB347), drawReticle},
-        {"canopy_glass.tga", "dxt5", 512, 512, whole, clear(0xCFE2EE), drawCanopyGlass},
-        {"seat_leather.bmp", "DXT1", 256, 256, whole, opaque, drawLeather},
-        {"seat_harness.tga", "DXT5", 64, 256, whole, opaque, drawSeatHarness},
-        {"map_coast_north.bmp", "DXT1", 1024, 768, whole, opaque, drawMap},
-        {"r\xE9servoir_\xFC"
-         "bersicht.tga",
-         "DXT5", 256, 256, whole, opaque, dial(Instrument::Fuel)},
-    };
-}
-
-std::vector<TextureRow> natureRows() {
-    return {
-        {"tree_oak_summer.tga", "DXT1", 512, 512, whole, clear(0x33481F), drawTree},
-        {"tree_oak_autumn.tga", "DXT5", 512, 512, whole, clear(0x8A5420), drawAutumnTree},
-        {"tree_oak_bare.tga", "DXT5", 256, 256, whole, clear(0x3E3025), drawBareTree},
-        {"tree_pine.tga", "DXT1", 256, 512, whole, clear(0x24382A), drawPine},
-        {"tree_palm.tga", "DXT1", 256, 512, 6, clear(0x4A6230), drawPalm},
-        {"bush_hazel.tga", "DXT1", 256, 256, whole, clear(0x3A4E26), drawBush},
-        {"grass_tuft.tga", "DXT5", 256, 128, whole, clear(0x6A7438), drawGrassTuft},
-        {"reeds_lake.tga", "DXT1", 128, 256, whole, clear(0x6E6E3C), drawReeds},
-        {"ivy_wall.tga", "DXT1", 256, 256, 7, clear(0x2C4A24), drawIvy},
-        {"land_grass.bmp", "DXT1", 512, 512, whole, opaque, drawGrass},
-        {"land_meadow.bmp", "DXT1", 512, 512, whole, opaque, drawMeadow},
-        {"land_field_ploughed.bmp", "DXT1", 512, 512, whole, opaque, drawPloughedField},
-        {"land_field_wheat.bmp", "DXT1", 512, 512, whole, opaque, drawWheatField},
-        {"land_farmland.bmp", "DXT1", 1024, 1024, whole, opaque, drawFarmland},
-        {"Land_Forest.v2.bmp", "DXT1", 512, 512, whole, opaque, drawForest},
-        {"land_orchard.bmp", "DXT1", 512, 512, whole, opaque, drawOrchard},
-        {"land_water_deep.bmp", "DXT1", 512, 512, whole, opaque, drawWater},
-        {"land_water_shallow.bmp", "DXT1", 256, 256, whole, opaque, drawShallows},
-        {"land_sand.bmp", "DXT1", 256, 256, whole, opaque, drawSand},
-        {"land_rock.bmp", "DXT1", 512, 512, whole, opaque, drawRock},
-        {"land_snow.bmp", "DXT1", 256, 256, whole, opaque, drawSnow},
-        {"land_mud_ruts.bmp", "DXT1", 256, 256, whole, opaque, drawMud},
-    };
-}
-
-std::vector<TextureRow> builtRows() {
-    return {
-        {"city_block.bmp", "DXT1", 1024, 1024, whole, opaque, drawCityBlock},
-        {"village_lane.bmp", "DXT1", 512, 512, whole, opaque, drawVillage},
-        {"road_country.bmp", "DXT1", 128, 512, whole, opaque, drawRoad},
-        {"runway_concrete.bmp", "DXT1", 1024, 256, whole, opaque, drawRunway},
-        {"runway_number_09L.bmp", "DXT1", 512, 512, 8, opaque, drawRunwayNumbers},
-        {"railway_track.bmp", "DXT1", 128, 512, whole, opaque, drawRailway},
-        {"taxiway_steel_planks.bmp", "DXT1", 256, 256, whole, opaque, drawPerforatedPlanks},
-        {"hangar_doors.bmp", "DXT1", 1024, 512, whole, opaque, drawHangarDoors},
-        {"tower_watch_office.bmp", "DXT1", 512, 512, whole, opaque, drawControlTower},
-        {"house_front_brick.bmp", "DXT1", 512, 512, whole, opaque, drawHouseFront},
-        {"wall_brick.bmp", "DXT1", 256, 256, whole, opaque, drawBrick},
-        {"wall_concrete.bmp", "DXT1", 256, 256, whole, opaque, drawConcrete},
-        {"roof_corrugated.bmp", "DXT1", 256, 256, whole, opaque, drawCorrugatedIron},
-        {"roof_tiles_red.bmp", "DXT1", 256, 256, whole, opaque, drawRoofTiles},
-        {"planks_weathered.bmp", "DXT1", 256, 256, whole, opaque, drawWoodPlanks},
-        {"tread_plate.bmp", "DXT1", 128, 128, whole, opaque, drawTreadPlate},
-        {"tent_canvas.bmp", "DXT1", 256, 256, whole, opaque, drawCanvasCloth},
-        {"sandbag_wall.bmp", "DXT1", 256, 256, whole, opaque, drawSandbags},
-        {"ammo_crate_side.bmp", "DXT1", 256, 128, whole, opaque, drawAmmoCrate},
-        {"fuel_drum.bmp", "DXT1", 128, 256, whole, opaque, drawFuelDrum},
-        {"truck_front.bmp", "DXT1", 256, 128, whole, opaque, drawTruckGrille},
-        {"ship_hull_dazzle.bmp", "DXT1", 1024, 256, whole, opaque, drawShipSide},
-        {"sign_dispersal.bmp", "DXT1", 256, 128, 2, opaque, drawSignBoard},
-        {"stripes_warning.bmp", "DXT1", 100, 60, whole, opaque, drawStripes},
-        {"fence_chain_link.tga", "DXT5", 256, 256, whole, clear(0x8A908E), drawChainLink},
-        {"fence_barbed_wire.tga", "DXT1", 256, 128, whole, clear(0x6A5C4E), drawBarbedWire},
-        {"wire_antenna.tga", "DXT5", 256, 16, whole, clear(0x4A4B48), drawAntennaWire},
-        {"mast_lattice_radio.tga", "DXT1", 64, 256, whole, clear(0x8A6A60), drawLatticeMast},
-        {"net_camouflage.tga", "DXT1", 256, 256, whole, clear(0x4F5A33), drawCamouflageNet},
-        {"ladder_pilot.tga", "DXT1", 37, 106, whole, clear(0xA08030), drawLadder},
-    };
-}
-
-std::vector<TextureRow> effectRows() {
-    return {
-        {"fx_smoke_white.tga", "DXT5", 256, 256, whole, clear(0xC0C2C2), drawWhiteSmoke},
-        {"fx_smoke_black.tga", "DXT5", 256, 256, whole, clear(0x1A1816), drawBlackSmoke},
-        {"fx_dust_runway.tga", "DXT5", 256, 256, whole, clear(0xA08A62), drawDust},
-        {"fx_flak_burst.tga", "DXT5", 256, 256, 6, clear(0x2A2826), drawFlakBurst},
-        {"fx_fire_engine.tga", "DXT5", 256, 256, whole, clear(0xE8571A), drawFire},
-        {"fx_explosion_large.tga", "DXT5", 512, 512, whole, clear(0x6A3018), drawExplosion},
-        {"fx_splash_water.tga", "DXT5", 256, 512, whole, clear(0xDCE8EC), drawSplash},
-        {"fx_contrail.tga", "DXT5", 512, 64, whole, clear(0xF0F4F8), drawContrail},
-        {"fx_tracer_glow.tga", "DXT5", 128, 32, whole, clear(0xF2641C), drawTracer},
-        {"fx_muzzle_flash.tga", "DXT5", 128, 128, whole, clear(0xF0701E), drawMuzzleFlash},
-        {"fx_searchlight_cone.tga", "DXT5", 256, 512, 1, clear(0xD0E0F4), drawSearchlight},
-        {"fx_sun_glow.tga", "DXT5", 256, 256, whole, clear(0xFFEDC0), drawSunGlow},
-        {"fx_rain_streaks.tga", "DXT5", 128, 256, 4, clear(0xC4D2DC), drawRain},
-        {"sky_cumulus.tga", "DXT5", 512, 256, whole, clear(0xD8DEE6), drawCumulus},
-        {"sky_cirrus.tga", "DXT5", 512, 512, whole, clear(0xF3F6FA), drawCirrus},
-        {"shadow_blob.tga", "DXT5", 64, 64, whole, clear(0x050505), drawShadowBlob},
-        {"shadow_fighter.tga", "DXT5", 128, 128, whole, clear(0x050505), drawAircraftShadow},
-        {"decal_oil_stain.tga", "DXT5", 256, 256, whole, clear(0x0E0C0B), drawOilStain},
-        {"decal_bomb_crater_large_mud1.tga", "DXT5", 256, 256, whole, clear(0x3A2E22), drawBombCrater},
-        {"pilot_parachute.tga", "DXT5", 128, 256, whole, clear(0x8A8474), drawParachute},
-    };
-}
-
-std::vector<TextureRow> calibrationRows() {
-    return {
-        {"calibration_color.tga", "DXT5", 1024, 1024, whole, opaque, drawColorCard},
-        {"calibration_grey.bmp", "DXT1", 512, 64, whole, opaque, drawGreyCard},
-        {"calibration_cutout.tga", "DXT1", 256, 256, whole, clear(0x404040), drawCutOutCard},
-        {"calibration_odd.tga", "DXT5", 37, 53, whole, opaque, drawOnePixelFrame},
-        {"Alpha_Ramp_32.tga", "DXT5", 32, 8, whole, opaque, drawAlphaRamp},
-        {"alpha_ramp_raw.tga", "ARGB", 16, 16, 1, opaque, drawAlphaRamp},
-        {"tiny_chequer16.bmp", "DXT1", 16, 16, whole, opaque, drawChequer},
-        {"tiny_corners8.bmp", "DXT1", 8, 8, whole, opaque, drawFourCorners},
-        {"tiny_corners4.bmp", "DXT5", 4, 4, 1, opaque, drawFourCorners},
-        {"tiny_corners2.bmp", "DXT1", 2, 2, whole, opaque, drawFourCorners},
-        {"tiny_ramp2x8.bmp", "DXT5", 2, 8, whole, opaque, drawRamp},
-        {"tiny_ramp1x4.bmp", "DXT1", 1, 4, whole, opaque, drawRamp},
-        {"dot.bmp", "DXT1", 1, 1, 1, opaque, drawFourCorners},
-    };
-}
+constexpr Livery temperate{Livery::Bands, Livery::Rings, 0x4F553C, 0x5F4D3A, 0x9FAAA6, 0x1F5E5C,
+                           0xC9562E,      "KVR",         0xB9BFB2, 0x9AA79C, 0.5};
+constexpr Livery desert{Livery::Bands, Livery::Halves, 0xB59A6B, 0x7B6143, 0x86A4B2, 0x8E2B24,
+                        0x2C4A66,      "GAS",          0xE9E3D0, 0x8E2B24, 0.9};
+constexpr Livery metal{Livery::Metal, Livery::Star, 0x9BA1A4, 0xD4D8D8, 0xAEB4B6, 0x27425E,
+                       0xC23A2C,      "5HB",        0x1C1E20, 0xC9A02E, 0.2};
+constexpr Livery splinter{Livery::Splinter, Livery::Diamond, 0x3D463E, 0x5F6B5A, 0x93A7AE, 0x1C1E20,
+                          0xC9A52F,         "14N",           0xE0D8B2, 0xC9A52F, 0.4};
+constexpr Livery mottled{Livery::Mottle, Livery::Diamond, 0x4B5450, 0x98A3A0, 0xA9B7BB, 0x2A3440,
+                         0xA8442E,       "12W",           0x1A1B1C, 0x2E5A46, 0.5};
+constexpr Livery winter{Livery::Whitewash, Livery::Star, 0x4E5A3D, 0x3A4434, 0x9CB8CA, 0x3A5A44,
+                        0xE0B23A,          "27J",        0xA3261F, 0xA3261F, 0.7};
+constexpr Livery naval{Livery::Plain, Livery::Star, 0x30455A, 0x3C536A, 0xB9BFBE, 0x15222E,
+                       0xD8A73A,      "F18",        0xE2E1D7, 0xD8D6CA, 0.6};
+constexpr Livery night{Livery::Plain, Livery::Rings, 0x222426, 0x2C2F31, 0x1B1C1D, 0x3A3E46,
+                       0x8E2F28,      "ZJN",         0x9A342B, 0x1B1C1D, 0.7};
+constexpr Livery trainer{Livery::Plain, Livery::Rings, 0xD3A02B, 0xDDAE40, 0xC6962A, 0x1F3B63,
+                         0xB5392C,      "T06",         0x1C1E20, 0x1F3B63, 0.3};
 
 } // namespace
 
-Encoding encodingOf(const TextureRow& row) {
-    const std::string_view type = row.fourCC;
-    if (type == "ARGB") return Encoding::Argb;
-    return type == "DXT1" ? Encoding::Dxt1 : Encoding::Dxt5;
+const std::vector<Texture>& catalogue() {
+    static const std::vector<Texture> textures{
+        {"fighter_skin_temperate.bmp", 2048, 2048, "DXT1", whole, skinSheet(temperate), sheet},
+        {"fighter_skin_desert.bmp", 1024, 1024, "DXT5", 10, skinSheet(desert), 0x8A7A5C},
+        {"fighter_skin_metal.bmp", 1024, 1024, "DXT1", whole, skinSheet(metal), sheet},
+        {"fighter_skin_splinter.bmp", 1024, 1024, "DXT1", whole, skinSheet(splinter), sheet},
+        {"Fighter_Skin_Winter.tga", 1024, 1024, "DXT1", 9, skinSheet(winter), sheet},
+        {"Fighter_Skin_Naval.tga", 1024, 1024, "DXT5", whole, skinSheet(naval), 0x4A5A66},
+        {"fighter_skin_night.bmp", 1024, 1024, "DXT1", 1, skinSheet(night), sheet},
+        {"fighter_skin_trainer.bmp", 1024, 1024, "DXT1", whole, skinSheet(trainer), sheet},
+        {"fuselage_mottled.bmp", 1024, 256, "DXT1", whole, fuselageSide(mottled), sheet},
+        {"wing_upper_splinter.bmp", 1024, 256, "DXT1", whole, wingPair(splinter), sheet},
+        {"metal_riveted.bmp", 512, 512, "DXT1", whole, rivetedMetal},
+        {"engine_radial.bmp", 512, 512, "DXT1", whole, radialEngine},
+        {"wheel_main.bmp", 256, 256, "DXT1", whole, wheel},
+        {"drop_tank.bmp", 300, 200, "DXT1", whole, dropTank},
+        {"propeller_disc.tga", 512, 512, "DXT5", whole, propellerDisc, 0x1F1F1F},
+        {"damage_bullets.tga", 256, 256, "DXT5", whole, bulletHoles, 0x1E1A16},
+        {"damage_wing_hole.tga", 512, 512, "DXT1", whole, tornPanel, 0x4F553C},
+        {"nose_emblem_comet.tga", 512, 256, "DXT5", whole, emblem, 0x2A1D14},
+        {"code_letters.tga", 640, 480, "DXT5", 1, letterSheet, 0xE6E3D4},
+        {"shadow_fighter.tga", 128, 128, "DXT5", whole, shadow, 0x050505},
+        {"cockpit_panel_main.bmp", 2048, 1024, "DXT1", whole, instrumentPanel},
+        {"  panneau_gauche.bmp", 512, 256, "DXT1", whole, switchPanel},
+        {"cockpit_placard", 256, 128, "DXT1", 3, placard},
+        {"gauge_altimeter.bmp", 512, 512, "DXT1", whole, dial(altimeter)},
+        {"gauge_airspeed.bmp", 512, 512, "DXT1", whole, dial(airspeed)},
+        {"gauge_horizon.bmp", 512, 512, "DXT1", whole, horizon},
+        {"gauge_compass.bmp", 512, 512, "DXT1", whole, compass},
+        {"gauge_clock.bmp", 256, 256, "DXT1", whole, dial(clockDial)},
+        {"Gauge_Manifold.bmp", 256, 256, "DXT1", whole, dial(manifold)},
+        {"gauge_oil_temp.bmp", 256, 256, "DXT1", 5, dial(oil)},
+        {"gauge_climb.bmp", 256, 256, "DXT1", whole, dial(climb)},
+        {"r\xE9servoir_\xFC"
+         "bersicht.tga",
+         256, 256, "DXT5", whole, dial(fuel)},
+        {"needle_long.tga", 32, 256, "DXT5", whole, needle, 0xE6E3D0},
+        {"gunsight_reticle.tga", 512, 512, "DXT5", 1, reticle, 0xFFB347},
+        {"canopy_glass.tga", 512, 512, "dxt5", whole, canopyGlass, 0xCFE2EE},
+        {"map_coast_north.bmp", 1024, 768, "DXT1", whole, coastMap},
+
+        {"tree_oak_summer.tga", 512, 512, "DXT1", whole, tree({0x56783A, 22, 26, 5}), 0x33481F},
+        {"tree_oak_autumn.tga", 512, 512, "DXT5", whole, tree({0xC87A28, 18, 28, 8}), 0x8A5420},
+        {"tree_oak_bare.tga", 256, 256, "DXT5", whole, tree({0, 0, 24, 3}), 0x3E3025},
+        {"tree_pine.tga", 256, 512, "DXT1", whole, pine, 0x24382A},
+        {"grass_tuft.tga", 256, 128, "DXT5", whole, grassTuft, 0x6A7438},
+        {"land_grass.bmp", 512, 512, "DXT1", whole, ground({0x4A5E2C, 0x64783A, 0x8A9450, 0.125})},
+        {"land_field_wheat.bmp", 512, 512, "DXT1", whole,
+         ground({0x9A7C38, 0xC2A254, 0xE2CC82, 0.25, 1, 32})},
+        {"land_field_ploughed.bmp", 512, 512, "DXT1", whole,
+         ground({0x33261A, 0x59422C, 0x806448, 0.25, 1, 24})},
+        {"land_farmland.bmp", 1024, 1024, "DXT1", whole, farmland},
+        {"Land_Forest.v2.bmp", 512, 512, "DXT1", whole,
+         ground({0x22361C, 0x36502A, 0x5A7440, 0.25, 1, 0, 26, 0.7})},
+        {"land_water_deep.bmp", 512, 512, "DXT1", whole,
+         ground({0x0E2C40, 0x1D4A60, 0x86B4C0, 0.125, 4, 0, 0, 0, 0.8})},
+        {"land_sand.bmp", 256, 256, "DXT1", whole,
+         ground({0xA8884E, 0xCBAE74, 0xE8D4A0, 0.25, 6, 0, 0, 0, 0.5})},
+        {"land_rock.bmp", 512, 512, "DXT1", whole,
+         ground({0x5C564C, 0x8A8274, 0xB4AC9C, 0.125, 1, 0, 6, 0.1})},
+        {"land_snow.bmp", 256, 256, "DXT1", whole,
+         ground({0xB9C8DC, 0xE6EDF5, 0xFFFFFF, 0.25, 2, 0, 0, 0, 1})},
+
+        {"city_blocks.bmp", 1024, 1024, "DXT1", whole, cityBlocks},
+        {"runway_09L.bmp", 1024, 256, "DXT1", 8, runway},
+        {"railway_track.bmp", 128, 512, "DXT1", whole, railway},
+        {"hangar_doors.bmp", 1024, 512, "DXT1", whole, hangarDoors},
+        {"tower_watch_office.bmp", 512, 512, "DXT1", whole, watchTower},
+        {"house_front_brick.bmp", 512, 512, "DXT1", whole, houseFront},
+        {"wall_brick.bmp", 256, 256, "DXT1", whole,
+         courses({0xB9B0A0, 0x7E3A2A, 0xB0644A, 0.25, 0.125, 0.016})},
+        {"roof_tiles_red.bmp", 256, 256, "DXT1", whole,
+         courses({0x3A1A12, 0x84402E, 0xBC6446, 0.125, 0.125, 0.006, 0.5})},
+        {"planks_weathered.bmp", 256, 256, "DXT1", whole,
+         courses({0x1E1610, 0x6A543E, 0x9A8264, 1, 0.125, 0.008})},
+        {"stripes_warning.bmp", 100, 60, "DXT1", whole, warningStripes},
+        {"fence_chain_link.tga", 256, 256, "DXT5", whole, chainLink, 0x8A908E},
+        {"ladder_pilot.tga", 37, 106, "DXT1", whole, ladder, 0xA08030},
+
+        {"fx_smoke_white.tga", 256, 256, "DXT5", whole, puffs({0x8A9094, 0xFAFAFA, 11}), 0xC0C2C2},
+        {"fx_smoke_black.tga", 256, 256, "DXT5", whole, puffs({0x0C0B0A, 0x4A4642, 14}), 0x1A1816},
+        {"fx_dust_runway.tga", 256, 128, "DXT5", whole, puffs({0x8A7048, 0xD8C296, 17, 0.8, 0, 0.3}),
+         0xA08A62},
+        {"fx_explosion_large.tga", 512, 512, "DXT5", whole, puffs({0x241A16, 0x7A5A44, 23, 1, 0xF07018}),
+         0x6A3018},
+        {"fx_sun_glow.tga", 256, 256, "DXT5", whole, sunGlow, 0xFFEDC0},
+        {"sky_cumulus.tga", 512, 256, "DXT5", whole, puffs({0x9AA6B6, 0xFFFFFF, 29, 1, 0, 0.2}), 0xD8DEE6},
+        {"sky_cirrus.tga", 512, 512, "DXT5", whole, cirrus, 0xF3F6FA},
+        {"decal_bomb_crater_large_mud1.tga", 256, 256, "DXT5", whole, crater, 0x3A2E22},
+
+        {"calibration_color.tga", 1024, 1024, "DXT5", whole, colorCard, 0x808080},
+        {"calibration_cutout.tga", 256, 256, "DXT1", whole, cutOutCard, 0x404040},
+        {"calibration_odd.tga", 37, 53, "DXT5", whole, oddFrame},
+        {"Alpha_Ramp_32.tga", 32, 8, "DXT5", whole, alphaRamp},
+        {"alpha_ramp_raw.tga", 16, 16, "ARGB", 1, alphaRamp},
+        {"tiny_chequer.bmp", 16, 16, "DXT1", whole, chequer},
+        {"tiny_corners_12x6.bmp", 12, 6, "DXT1", whole, corners},
+        {"tiny_corners_3x5.bmp", 3, 5, "DXT5", whole, corners},
+        {"tiny_corners_2x2.bmp", 2, 2, "DXT1", whole, corners},
+        {"tiny_dot.bmp", 1, 1, "DXT1", 1, corners},
+    };
+    return textures;
 }
 
-std::vector<TextureRow> textureRows() {
-    std::vector<TextureRow> rows;
-    append(rows, aircraftRows());
-    append(rows, cockpitRows());
-    append(rows, natureRows());
-    append(rows, builtRows());
-    append(rows, effectRows());
-    append(rows, calibrationRows());
-    return rows;
-}
-
-} // namespace demo
+} // namespace pelrath::demo

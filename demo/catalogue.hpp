@@ -1,27 +1,21 @@
 #pragma once
 
-#include <functional>
-#include <string>
+#include "painters.hpp"
+
 #include <vector>
 
-#include "canvas.hpp"
-#include "compress.hpp"
+namespace pelrath::demo {
 
-namespace demo {
-
-struct TextureRow {
-    std::string name;
-    const char* fourCC;
-    int width;
-    int height;
-    int levels;   // 0: down to 1 x 1
-    Color ground; // the canvas before drawing; its colour also lies under invisible texels
-    std::function<void(Canvas&)> draw;
+struct Texture {
+    const char* name; ///< as it stands in an archive, Windows-1252
+    int width, height;
+    const char* type; ///< DXT1, DXT5 or ARGB, which holds the texels as they are
+    int levels;       ///< 0: down to one texel
+    Painter paint;
+    unsigned ground = 0; ///< the colour of clear texels, and below all that can be seen through
 };
 
-Encoding encodingOf(const TextureRow& row);
+/// In the order of the archives.
+const std::vector<Texture>& catalogue();
 
-// All textures in the order in which they lie in the archives.
-std::vector<TextureRow> textureRows();
-
-} // namespace demo
+} // namespace pelrath::demo

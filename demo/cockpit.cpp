@@ -1,208 +1,259 @@
-#include "cockpit.hpp"
+#include "painters.hpp"
 
-#include <array>
+#include <cmath>
 
-#include "instruments.hpp"
-#include "noise.hpp"
-
-namespace demo {
+namespace pelrath::demo {
 
 namespace {
 
-const Color ink = rgb(0xDAD6C4);
+constexpr unsigned cream = 0xE9E4D0;
 
-// Painted sheet metal, crackled by age.
-void paintPanel(Canvas& canvas, Color color, std::uint32_t seed) {
-    const float side = real(std::min(canvas.width(), canvas.height()));
-    canvas.paint([&](Vec2 pixel) {
-        const Vec2 p = pixel * (1.0F / side);
-        const float crackle = fractalNoise(p * 110.0F, 2, seed);
-        const float worn = fractalNoise(p * 6.0F, 5, seed + 1U);
-        return shaded(mix(color, rgb(0x8A8C86), 0.5F * smoothStep(0.64F, 0.7F, worn)),
-                      0.78F + 0.44F * crackle);
+/// What all instruments have: a bezel, a dark face with a sheen, screws. Paints between face and glass.
+void instrument(Canvas& canvas, const std::function<void()>& face) {
+    canvas.fillRect(QRectF{-0.5, -0.5, 1, 1}, blend({0, -0.5}, {0, 0.5}, {ink(0x3E4342), ink(0x2B2F2F)}));
+    for (const int corner : {45, 135, 225, 315}) {
+        canvas.disc(polar(corner, 0.62), 0.035, ink(0x141616));
+        canvas.disc(polar(corner, 0.62), 0.028, ink(0x8C9190));
+        canvas.line(polar(corner, 0.645), polar(corner, 0.595), 0.008, ink(0x202222));
+    }
+    canvas.disc({}, 0.485, blend({-0.3, -0.4}, {0.3, 0.4}, {ink(0x7E8484), ink(0x1A1C1C), ink(0x3A3E3E)}));
+    canvas.disc({}, 0.45, ink(0x0A0B0B));
+    canvas.disc({}, 0.43, blend({0, -0.43}, {0, 0.43}, {ink(0x101213), ink(0x1C1F20)}));
+    canvas.save();
+    QPainterPath inside;
+    inside.addEllipse(QPointF{}, 0.43, 0.43);
+    canvas.setClipPath(inside, Qt::IntersectClip);
+    face();
+    canvas.fill(polygon({{-0.5, -0.1}, {0.2, -0.5}, {-0.1, -0.5}, {-0.5, -0.3}}), ink(0xFFFFFF, 0.05));
+    canvas.restore();
+}
+
+void hand(Canvas& canvas, double degrees, double length, double width) {
+    for (const bool under : {true, false}) {
+        moved(canvas, under ? QPointF{0.008, 0.012} : QPointF{}, 1, degrees, [&] {
+            canvas.fill(polygon({{-width, 0.1},
+                                 {width, 0.1},
+                                 {width * 0.7, -length * 0.8},
+                                 {0, -length},
+                                 {-width * 0.7, -length * 0.8}}),
+                        under ? ink(0x000000, 0.5) : ink(0xF4F0E2));
+        });
+    }
+    canvas.disc({}, 0.045, blend({-0.04, -0.04}, {0.04, 0.04}, {ink(0x6A6E6E), ink(0x141616)}));
+}
+
+void paintDial(Canvas& canvas, const Dial& kind) {
+    instrument(canvas, [&] {
+        const QStringList numbers = QString{kind.numbers}.split(' ');
+        const int gaps = static_cast<int>(numbers.size()) - (kind.sweep < 360 ? 1 : 0),
+                  marks = gaps * kind.between;
+        const auto angle = [&](double part) { return kind.from + kind.sweep * part; };
+        const auto arc = [&](double from, double to, unsigned color) {
+            QPainterPath path;
+            path.arcMoveTo(QRectF{-0.41, -0.41, 0.82, 0.82}, 90 - angle(from));
+            path.arcTo(QRectF{-0.41, -0.41, 0.82, 0.82}, 90 - angle(from), -kind.sweep * (to - from));
+            canvas.stroke(path, 0.025, ink(color));
+        };
+        if (kind.green >= 0) arc(kind.green, kind.red, 0x3F9A55);
+        if (kind.red >= 0) arc(kind.red, 1, 0xB5392C);
+        for (int i = 0; i <= marks; ++i) {
+            const bool large = i % kind.between == 0;
+            const double at = angle(1.0 * i / marks);
+            canvas.line(polar(at, large ? 0.35 : 0.375), polar(at, 0.415), large ? 0.014 : 0.006, ink(cream));
+            if (large && i / kind.between < numbers.size())
+                canvas.text(polar(at, 0.29), 0.062, numbers[i / kind.between], ink(cream), 0.9);
+        }
+        canvas.text({0, -0.13}, 0.038, kind.title, ink(cream, 0.85));
+        if (kind.second >= 0) hand(canvas, angle(kind.second), 0.2, 0.026);
+        hand(canvas, angle(kind.hand), 0.37, 0.016);
     });
 }
 
-void drawScrew(const Pen& pen, Vec2 at, float radius, float turn) {
-    pen.disc(at + Vec2{radius, radius} * 0.3F, radius * 1.1F, grey(0.0F, 0.5F));
-    pen.disc(at, radius, rgb(0x8B8E8C));
-    pen.disc(at - Vec2{radius, radius} * 0.2F, radius * 0.6F, rgb(0xB2B5B2));
-    pen.line(at - polar(turn, radius * 0.8F), at + polar(turn, radius * 0.8F), radius * 0.3F, rgb(0x1E1F1E));
+void paintHorizon(Canvas& canvas) {
+    instrument(canvas, [&] {
+        moved(canvas, {0, 0.03}, 1, -14, [&] {
+            canvas.fillRect(QRectF{-0.6, -0.6, 1.2, 0.6},
+                            blend({0, -0.45}, {0, 0}, {ink(0x2E6DA4), ink(0x9CC4DC)}));
+            canvas.fillRect(QRectF{-0.6, 0, 1.2, 0.6},
+                            blend({0, 0}, {0, 0.45}, {ink(0x8A6238), ink(0x3E2A18)}));
+            canvas.line({-0.6, 0}, {0.6, 0}, 0.01, ink(0xFFFFFF));
+            for (int i = -3; i <= 3; ++i) {
+                canvas.line({-0.05 - 0.02 * (i % 2 == 0), 0.07 * i}, {0.05 + 0.02 * (i % 2 == 0), 0.07 * i},
+                            0.007, ink(0xFFFFFF, 0.8));
+            }
+        });
+        for (const int mark : {-60, -30, 0, 30, 60}) {
+            canvas.line(polar(mark, 0.38), polar(mark, 0.43), 0.014, ink(cream));
+        }
+        canvas.line({-0.26, 0.03}, {-0.09, 0.03}, 0.024, ink(0xF0A030), Qt::RoundCap);
+        canvas.line({0.09, 0.03}, {0.26, 0.03}, 0.024, ink(0xF0A030), Qt::RoundCap);
+        canvas.disc({0, 0.03}, 0.022, ink(0xF0A030));
+    });
 }
 
-void drawSwitch(const Pen& panel, Vec2 where, float size, bool up, std::string_view label) {
-    const Pen pen = panel.at(where, size);
-    const Vec2 at;
-    pen.disc(at, 0.05F, rgb(0x1A1B1B));
-    pen.disc(at, 0.042F, rgb(0x9A9E9C));
-    pen.disc(at, 0.026F, rgb(0x2A2C2B));
-    const Vec2 tip = at + Vec2{0.0F, up ? -0.075F : 0.075F};
-    pen.taper(at + Vec2{0.008F, 0.01F}, tip + Vec2{0.012F, 0.014F}, 0.024F, 0.042F, grey(0.0F, 0.5F));
-    pen.taper(at, tip, 0.022F, 0.04F, rgb(0xC6CAC8));
-    pen.disc(tip - Vec2{0.006F, 0.006F}, 0.011F, rgb(0xF0F2F0));
-    drawText(pen, label, at + Vec2{0.0F, 0.14F}, 0.028F, ink, 0.15F);
-    drawText(pen, "ON", at + Vec2{0.0F, -0.13F}, 0.022F, ink, 0.15F);
+const Dial compassDial{"", "N 3 6 E 12 15 S 21 24 W 30 33", -40, 360, 6, 2, -1};
+
+void crackle(Canvas& canvas, unsigned color) {
+    canvas.texels(canvas.all(), [=](QPointF p) {
+        return lit(rgb(color), 0.8 + 0.25 * noise(p * 130, 2, 1) + 0.2 * noise(p * 4, 3, 2));
+    });
 }
 
-void drawLamp(const Pen& pen, Vec2 at, float radius, Color color) {
-    pen.disc(at, radius * 1.35F, rgb(0x222323));
-    pen.ring(at, radius * 1.2F, radius * 0.2F, rgb(0x8E918E));
-    pen.disc(at, radius, shaded(color, 0.55F));
-    pen.glow(at - Vec2{radius, radius} * 0.25F, radius * 0.8F, color);
-    pen.disc(at - Vec2{radius, radius} * 0.35F, radius * 0.16F, grey(1.0F, 0.7F));
+void toggle(Canvas& canvas, QPointF at, const char* name, bool on) {
+    moved(canvas, at, 1, 0, [&] {
+        canvas.disc({}, 0.05, brushed({}, 0x4A4E50, 0xB4B8B8));
+        canvas.disc({}, 0.03, ink(0x16181A));
+        const QPointF tip{0, on ? -0.085 : 0.085};
+        canvas.line({0.012, 0.012}, tip + QPointF{0.02, 0.02}, 0.03, ink(0x000000, 0.4), Qt::RoundCap);
+        canvas.line({}, tip, 0.03, ink(0xC9CDCD), Qt::RoundCap);
+        canvas.line({-0.006, 0}, tip - QPointF{0.006, 0}, 0.008, ink(0xFFFFFF), Qt::RoundCap);
+        canvas.text({0, 0.155}, 0.028, name, ink(cream));
+    });
 }
 
 } // namespace
 
-void drawInstrumentPanel(Canvas& canvas) {
-    paintPanel(canvas, rgb(0x2F3432), 1);
-    const Pen pen(canvas);
-    const float w = pen.right();
-    // The six flying instruments stand in two rows on a panel of their own.
-    pen.rect({w / 2.0F - 0.49F, 0.06F}, {w / 2.0F + 0.49F, 0.74F}, rgb(0x1E2221));
-    pen.frame({w / 2.0F - 0.49F, 0.06F}, {w / 2.0F + 0.49F, 0.74F}, 0.008F, rgb(0x4C524F));
-    const std::array<Instrument, 6> six{Instrument::Airspeed,  Instrument::Horizon, Instrument::Climb,
-                                        Instrument::Altimeter, Instrument::Compass, Instrument::TurnAndSlip};
+const Dial altimeter{"ALT  1000 FT", "0 1 2 3 4 5 6 7 8 9", 0, 360, 5, 0.32, 0.13};
+const Dial airspeed{"KNOTS", "40 80 120 160 200 240 280", -160, 320, 4, 0.52, -1, 0.3, 0.85};
+const Dial clockDial{"8 DAYS", "12 1 2 3 4 5 6 7 8 9 10 11", 0, 360, 5, 0.15, 0.845};
+const Dial manifold{"BOOST", "-6 -2 2 6 10 14", -140, 280, 4, 0.6, -1, 0.4, 0.8};
+const Dial oil{"OIL  C", "0 25 50 75 100 125", -120, 240, 5, 0.55, -1, 0.4, 0.8};
+const Dial climb{"CLIMB", "4 2 0 2 4", -225, 270, 5, 0.62, -1};
+const Dial fuel{"FUEL", "E 20 40 60 80 F", -120, 240, 2, 0.4, -1, 0.15, 0.99};
+
+Painter dial(const Dial& kind) {
+    return [kind](Canvas& canvas) { moved(canvas, {0.5, 0.5}, 1, 0, [&] { paintDial(canvas, kind); }); };
+}
+
+void compass(Canvas& canvas) {
+    dial(compassDial)(canvas);
+    canvas.fill(polygon({{0.5, 0.3},
+                         {0.53, 0.42},
+                         {0.53, 0.46},
+                         {0.66, 0.53},
+                         {0.66, 0.57},
+                         {0.53, 0.54},
+                         {0.52, 0.64},
+                         {0.57, 0.68},
+                         {0.5, 0.67},
+                         {0.43, 0.68},
+                         {0.48, 0.64},
+                         {0.47, 0.54},
+                         {0.34, 0.57},
+                         {0.34, 0.53},
+                         {0.47, 0.46},
+                         {0.47, 0.42}}),
+                ink(0xF0A030));
+}
+
+void horizon(Canvas& canvas) {
+    moved(canvas, {0.5, 0.5}, 1, 0, [&] { paintHorizon(canvas); });
+}
+
+void instrumentPanel(Canvas& canvas) {
+    crackle(canvas, 0x2E3335);
+    const Dial* const small[] = {&clockDial, &manifold, &oil, &fuel, &climb, &oil};
+    const Dial* const large[] = {&airspeed, nullptr, &altimeter, &climb, &compassDial, &manifold};
     for (int i = 0; i < 6; ++i) {
-        const Vec2 at{w / 2.0F + 0.32F * real(i % 3 - 1), 0.235F + 0.33F * real(i / 3)};
-        drawInstrument(pen.at(at, 0.15F), six[static_cast<std::size_t>(i)]);
+        const double x = 0.62 + 0.37 * (i % 3), y = 0.22 + 0.37 * (i / 3);
+        moved(canvas, {x, y}, 0.34, 0,
+              [&] { large[i] != nullptr ? paintDial(canvas, *large[i]) : paintHorizon(canvas); });
+        moved(canvas, {i % 2 == 0 ? 0.16 + 0.0 : 1.65 + 0.2, 0.17 + 0.27 * (i / 2)}, 0.24, 0,
+              [&] { paintDial(canvas, *small[i]); });
     }
-    drawInstrument(pen.at({w / 2.0F + 0.64F, 0.2F}, 0.125F), Instrument::Revolutions);
-    drawInstrument(pen.at({w / 2.0F + 0.64F, 0.48F}, 0.125F), Instrument::Manifold);
-    drawInstrument(pen.at({w / 2.0F + 0.64F, 0.75F}, 0.105F), Instrument::Fuel);
-    drawInstrument(pen.at({w / 2.0F + 0.87F, 0.34F}, 0.085F), Instrument::OilTemperature);
-    drawInstrument(pen.at({w / 2.0F - 0.63F, 0.23F}, 0.12F), Instrument::Clock);
-    for (int i = 0; i < 5; ++i) {
-        drawSwitch(pen, {w / 2.0F - 0.93F + 0.098F * real(i), 0.56F}, 0.62F, i % 3 != 1,
-                   std::array{"MAG", "PUMP", "PITOT", "GUN", "NAV"}[static_cast<std::size_t>(i)]);
+    const char* const names[] = {"MAIN", "PUMP", "LAMPS", "PITOT", "RADIO", "HEAT"};
+    for (int i = 0; i < 6; ++i) {
+        toggle(canvas, {0.62 + 0.15 * i, 0.86}, names[i], i % 3 != 1);
     }
+    for (const double x : {0.36, 1.66}) {
+        canvas.disc({x, 0.9}, 0.035, ink(0x101212));
+        canvas.glow({x, 0.9}, 0.07, ink(x < 1 ? 0x3FC060 : 0xD84030, 0.5));
+        canvas.disc({x, 0.9}, 0.026, ink(x < 1 ? 0x57D07A : 0xE85A48));
+    }
+    canvas.text({1, 0.035}, 0.022, "NO AEROBATICS WITH FULL TANKS", ink(cream, 0.8));
+}
+
+void switchPanel(Canvas& canvas) {
+    crackle(canvas, 0x3A4038);
+    const char* const names[] = {"POMPE", "PHARES", "RADIO", "GIVRE"};
     for (int i = 0; i < 4; ++i) {
-        drawLamp(pen, {w / 2.0F - 0.94F + 0.054F * real(i), 0.24F}, 0.015F,
-                 std::array{rgb(0xD8402C), rgb(0x4CB85A), rgb(0x4CB85A),
-                            rgb(0xE8B64C)}[static_cast<std::size_t>(i)]);
+        moved(canvas, {0.25 + 0.5 * i, 0.46}, 2.2, 0, [&] { toggle(canvas, {}, names[i], i != 2); });
     }
-    drawText(pen, "UNDERCARRIAGE", {w / 2.0F - 0.86F, 0.3F}, 0.016F, ink, 0.15F);
-    drawText(pen, "EMERGENCY BOOST", {w / 2.0F - 0.66F, 0.86F}, 0.026F, rgb(0xD8402C), 0.16F);
-    pen.rect({w / 2.0F - 0.26F, 0.795F}, {w / 2.0F + 0.26F, 0.94F}, rgb(0x121413));
-    drawText(pen, "MAX DIVE 450 M.P.H.", {w / 2.0F, 0.84F}, 0.024F, ink);
-    drawText(pen, "FLAPS BELOW 140", {w / 2.0F, 0.895F}, 0.024F, ink);
-    for (const float y : {0.035F, 0.965F}) {
-        for (int i = 0; i < 10; ++i)
-            drawScrew(pen, {w * (real(i) + 0.5F) / 10.0F, y}, 0.011F, 53.0F * real(i));
-    }
+    canvas.text({1, 0.09}, 0.05, "PANNEAU GAUCHE", ink(cream));
 }
 
-void drawSwitchPanel(Canvas& canvas) {
-    paintPanel(canvas, rgb(0x343835), 5);
-    const Pen pen(canvas);
-    constexpr std::array<std::string_view, 8> labels{"MAG 1", "MAG 2", "FUEL",  "STARTER",
-                                                     "LAMPS", "RADIO", "PITOT", "GUNS"};
-    for (int i = 0; i < 8; ++i) {
-        const Vec2 at{pen.right() * (real(i % 4) + 0.5F) / 4.0F, 0.28F + 0.45F * real(i / 4)};
-        drawSwitch(pen, at, 1.0F, i % 3 != 0, labels[static_cast<std::size_t>(i)]);
-    }
-    pen.line({0.03F, 0.5F}, {pen.right() - 0.03F, 0.5F}, 0.004F, ink);
-    for (const float x : {0.035F, pen.right() - 0.035F}) {
-        for (const float y : {0.035F, pen.bottom() - 0.035F})
-            drawScrew(pen, {x, y}, 0.016F, 900.0F * x + 70.0F * y);
-    }
-}
-
-void drawPlacard(Canvas& canvas) {
-    paintPanel(canvas, rgb(0x151616), 8);
-    const Pen pen(canvas);
-    const float w = pen.right();
-    pen.frame({0.05F, 0.05F}, {w - 0.05F, pen.bottom() - 0.05F}, 0.015F, rgb(0xB8BBB6));
-    drawText(pen, "STARTING", {w / 2.0F, 0.2F}, 0.1F, rgb(0xE8B64C), 0.16F);
-    drawText(pen, "1. FUEL ON  PRIME 4", {w / 2.0F, 0.42F}, 0.06F, ink);
-    drawText(pen, "2. THROTTLE 1/2 INCH", {w / 2.0F, 0.57F}, 0.06F, ink);
-    drawText(pen, "3. MAGS ON  PRESS", {w / 2.0F, 0.72F}, 0.06F, ink);
-    for (const float x : {0.11F, w - 0.11F})
-        drawScrew(pen, {x, 0.2F}, 0.03F, 400.0F * x);
-}
-
-void drawMap(Canvas& canvas) {
-    const Pen pen(canvas);
-    const float w = pen.right();
-    canvas.paint([&](Vec2 pixel) {
-        const Vec2 p = pen.fromPixels(pixel);
-        const float land = fractalNoise(p * 2.6F + Vec2{0.4F, 0.1F}, 5, 11) + 0.16F * (p.x / w - 0.45F);
-        const float hill = fractalNoise(p * 4.0F, 4, 12);
-        const Color paper = shaded(rgb(0xE2D9BC), 0.9F + 0.2F * fractalNoise(p * 30.0F, 3, 13));
-        const Color earth =
-            mix(mix(paper, rgb(0xA9B888), 0.75F), rgb(0xB58E5E), smoothStep(0.5F, 0.72F, hill));
-        const Color ground = mix(mix(paper, rgb(0x8FB2BE), 0.75F), earth, smoothStep(0.498F, 0.502F, land));
-        const float contour = std::abs(fraction(hill * 22.0F) - 0.5F) / std::max(0.02F, 0.02F);
-        const float onLand = smoothStep(0.51F, 0.52F, land);
-        const Color lined = mix(ground, rgb(0x8A6238), 0.45F * onLand * smoothStep(1.6F, 0.6F, contour));
-        return mix(lined, rgb(0x2B3A44), smoothStep(0.004F, 0.002F, std::abs(land - 0.5F)));
-    });
-    for (int i = 1; i < 8; ++i) {
-        pen.line({w * real(i) / 8.0F, 0.0F}, {w * real(i) / 8.0F, pen.bottom()}, 0.0015F,
-                 rgb(0x2A3A50, 0.6F));
-        pen.line({0.0F, pen.bottom() * real(i) / 8.0F}, {w, pen.bottom() * real(i) / 8.0F}, 0.0015F,
-                 rgb(0x2A3A50, 0.6F));
-        drawText(pen, std::string_view("ABCDEFGH").substr(static_cast<std::size_t>(i), 1),
-                 {w * real(i) / 8.0F - 0.06F, 0.028F}, 0.024F, rgb(0x2A3A50));
-    }
-    const std::array<Vec2, 5> route{
-        {{0.16F * w, 0.82F}, {0.34F * w, 0.6F}, {0.55F * w, 0.64F}, {0.7F * w, 0.36F}, {0.86F * w, 0.22F}}};
-    pen.polyline(route, 0.005F, rgb(0xB02A20));
-    for (const Vec2 at : route) {
-        pen.ring(at, 0.018F, 0.005F, rgb(0xB02A20));
-        pen.disc(at, 0.005F, rgb(0xB02A20));
-    }
-    drawText(pen, "BASE", route[0] + Vec2{0.0F, 0.045F}, 0.028F, rgb(0x2B1A14), 0.16F);
-    drawText(pen, "TARGET", route[4] + Vec2{0.0F, -0.045F}, 0.028F, rgb(0xB02A20), 0.16F);
-    for (const float t : {0.25F, 0.5F, 0.75F}) {
-        pen.line({w * t, 0.0F}, {w * t, pen.bottom()}, 0.006F, rgb(0x6A5A3A, 0.22F));
-        pen.line({w * t + 0.005F, 0.0F}, {w * t + 0.005F, pen.bottom()}, 0.003F, grey(1.0F, 0.3F));
-    }
-    pen.frame({0.008F, 0.008F}, {w - 0.008F, pen.bottom() - 0.008F}, 0.005F, rgb(0x2B3A44));
-}
-
-void drawSeatHarness(Canvas& canvas) {
-    const Pen pen(canvas);
-    canvas.paint([&](Vec2 pixel) {
-        const Vec2 p = pen.fromPixels(pixel);
-        const float weave = 0.5F + 0.5F * std::sin((p.x + p.y) * 190.0F) * std::sin((p.x - p.y) * 190.0F);
-        const float edge = smoothStep(0.0F, 0.1F, std::min(p.x, 1.0F - p.x));
-        return shaded(mix(rgb(0x8A7A52), rgb(0xB3A478), weave), 0.62F + 0.38F * edge);
-    });
-    for (const float x : {0.12F, 0.88F}) {
-        for (int i = 0; i < floorInt(pen.bottom() * 10.0F); ++i) {
-            pen.line({x, 0.1F * real(i)}, {x, 0.1F * real(i) + 0.06F}, 0.02F, rgb(0xD9CCA0));
-        }
-    }
+void placard(Canvas& canvas) {
+    crackle(canvas, 0x161819);
+    QPainterPath frame;
+    frame.addRoundedRect(canvas.all().adjusted(0.05, 0.05, -0.05, -0.05), 0.06, 0.06);
+    canvas.stroke(frame, 0.02, ink(cream));
+    canvas.text({1, 0.24}, 0.13, "STARTING", ink(0xE9B84A));
+    const char* const lines[] = {"1  FUEL ON", "2  THROTTLE 1/2 INCH", "3  PRIME AND PRESS"};
     for (int i = 0; i < 3; ++i) {
-        const Vec2 at{0.5F, pen.bottom() * (0.2F + 0.3F * real(i))};
-        pen.disc(at, 0.16F, rgb(0x7C7F7C));
-        pen.disc(at - Vec2{0.02F, 0.02F}, 0.12F, rgb(0xB6B9B6));
-        pen.disc(at, 0.08F, rgb(0x15120C));
+        canvas.text({1, 0.45 + 0.18 * i}, 0.085, lines[i], ink(cream), 0.9);
     }
 }
 
-void drawThrottleQuadrant(Canvas& canvas) {
-    paintPanel(canvas, rgb(0x2B2E2C), 15);
-    const Pen pen(canvas);
-    constexpr std::array<std::string_view, 3> labels{"THROTTLE", "PITCH", "MIXTURE"};
-    const std::array<Color, 3> knobs{rgb(0x1A1A1A), rgb(0x2E5B8A), rgb(0xA8322A)};
-    for (int i = 0; i < 3; ++i) {
-        const auto index = static_cast<std::size_t>(i);
-        const float y = 0.25F + 0.27F * real(i);
-        pen.line({0.15F, y}, {pen.right() - 0.15F, y}, 0.05F, rgb(0x0B0C0B));
-        for (int k = 0; k <= 10; ++k) {
-            const float x = lerp(0.15F, pen.right() - 0.15F, real(k) / 10.0F);
-            pen.line({x, y - 0.06F}, {x, y - 0.035F}, 0.006F, ink);
-        }
-        const Vec2 at{lerp(0.3F, pen.right() - 0.3F, 0.25F + 0.3F * real(i)), y};
-        pen.disc(at + Vec2{0.012F, 0.016F}, 0.07F, grey(0.0F, 0.6F));
-        pen.disc(at, 0.065F, knobs[index]);
-        pen.glow(at - Vec2{0.02F, 0.02F}, 0.04F, grey(1.0F, 0.6F));
-        drawText(pen, labels[index], {pen.right() / 2.0F, y + 0.095F}, 0.036F, ink, 0.15F);
-    }
-    drawText(pen, "SHUT", {0.13F, 0.08F}, 0.035F, ink);
-    drawText(pen, "OPEN", {pen.right() - 0.13F, 0.08F}, 0.035F, ink);
+void needle(Canvas& canvas) {
+    const double w = canvas.right, h = canvas.bottom;
+    canvas.fill(polygon({{w * 0.32, h - 1}, {w * 0.4, 1}, {w * 0.5, 0.1}, {w * 0.6, 1}, {w * 0.68, h - 1}}),
+                ink(0xF4F0E2));
+    canvas.disc({w * 0.5, h - 0.75}, 0.42, ink(0x202324));
+    canvas.disc({w * 0.5, h - 0.75}, 0.16, ink(0x8C9292));
 }
 
-} // namespace demo
+void reticle(Canvas& canvas) {
+    const QColor amber = ink(0xFFB347);
+    canvas.glow({0.5, 0.5}, 0.5, ink(0xFFB347, 0.08));
+    canvas.ring({0.5, 0.5}, 0.34, 0.008, amber);
+    canvas.ring({0.5, 0.5}, 0.16, 0.005, amber);
+    canvas.disc({0.5, 0.5}, 0.012, amber);
+    for (int i = 0; i < 72; ++i) {
+        const double inner = i % 18 == 0 ? 0.2 : i % 6 == 0 ? 0.3 : 0.325;
+        canvas.line(QPointF{0.5, 0.5} + polar(5 * i, inner),
+                    QPointF{0.5, 0.5} + polar(5 * i, i % 18 == 0 ? 0.46 : 0.34), 0.005, amber);
+    }
+}
+
+void canopyGlass(Canvas& canvas) {
+    canvas.fillRect(canvas.all(),
+                    blend({0, 0}, {1, 1}, {ink(0xCFE2EE, 0.35), ink(0xCFE2EE, 0.08), ink(0xCFE2EE, 0.25)}));
+    canvas.fill(polygon({{0.1, 1}, {0.55, 0}, {0.75, 0}, {0.3, 1}}), ink(0xFFFFFF, 0.3));
+    canvas.fill(polygon({{0.36, 1}, {0.81, 0}, {0.86, 0}, {0.41, 1}}), ink(0xFFFFFF, 0.18));
+    for (const int turn : {0, 90, 180, 270}) {
+        moved(canvas, {0.5, 0.5}, 1, turn, [&] {
+            canvas.fillRect(QRectF{-0.5, 0.44, 1, 0.06}, ink(0x3A4440));
+            canvas.rivets({-0.47, 0.47}, {0.5, 0.47}, 0.047, 0.016, ink(0x9AA29C));
+        });
+    }
+}
+
+void coastMap(Canvas& canvas) {
+    canvas.texels(canvas.all(), [](QPointF p) {
+        const double height = noise(p * 3 + QPointF{7, 1}, 6, 5) - 0.47,
+                     line = std::abs(std::fmod(height * 40 + 40, 1) - 0.5);
+        const Color sea = mix(rgb(0xC9DDE4), rgb(0x8FB6C8), -height * 6);
+        const Color land = mix(rgb(0xE6E2BE), rgb(0xB49A6A), height * 5);
+        const Color paper = mix(rgb(0x6A5636), height < 0 ? sea : land, rise(0, 0.006, std::abs(height)));
+        return lit(mix(paper, rgb(0x6A5636), height > 0 ? 0.45 * rise(0.44, 0.5, line) : 0),
+                   0.93 + 0.1 * noise(p * 60, 3, 6));
+    });
+    for (int i = 1; i < 11; ++i) {
+        canvas.line({0.125 * i, 0}, {0.125 * i, 1}, 0.0012, ink(0x2A4A6A, 0.6));
+        canvas.line({0, 0.125 * i}, {canvas.right, 0.125 * i}, 0.0012, ink(0x2A4A6A, 0.6));
+    }
+    const std::pair<const char*, QPointF> towns[] = {{"ALDERMOUTH", {0.3, 0.3}},
+                                                     {"WESTING", {0.95, 0.62}},
+                                                     {"KIRN", {0.56, 0.78}},
+                                                     {"HALE POINT", {1.06, 0.2}}};
+    for (const auto& [name, at] : towns) {
+        canvas.disc(at, 0.009, ink(0x8E2B24));
+        canvas.text(at + QPointF{0, 0.03}, 0.018, name, ink(0x2A2018));
+    }
+    canvas.line(towns[0].second, towns[1].second, 0.004, ink(0xB5392C, 0.8));
+    canvas.line(towns[1].second, towns[2].second, 0.004, ink(0xB5392C, 0.8));
+    canvas.fill(star({1.22, 0.88}, 0.08, 0.018, 4), ink(0x2A4A6A));
+    canvas.text({1.22, 0.785}, 0.022, "N", ink(0x2A4A6A));
+}
+
+} // namespace pelrath::demo
