@@ -18,10 +18,6 @@ Color upperPaint(const Livery& livery, QPointF p) {
                      b = std::fmod(p.x() * 2.7 - p.y() * 5.1 + 8, 1);
         return (a < 0.42) != (b < 0.5) ? dark : light;
     }
-    case Livery::Mottle: {
-        const double spots = noise(p * 38, 3, 21) + 0.25 * (noise(p * 5, 2, 22) - 0.5);
-        return mix(light, dark, rise(0.5, 0.6, spots));
-    }
     case Livery::Whitewash:
         return mix(rgb(0xE4E6E2), mix(dark, light, rise(0.48, 0.5, noise(p * 6, 2, 11))),
                    rise(0.5, 0.62, noise({p.x() * 10, p.y() * 26}, 4, 31)));
@@ -195,8 +191,8 @@ void fuselage(Canvas& canvas, const Livery& livery) {
     canopy(canvas);
 }
 
-/// The right half, from its root at x = 0 to its tip at x = 1, the leading edge above.
-void wing(Canvas& canvas, const Livery& livery, bool upper) {
+/// The right half of a wing or tailplane, from its root at x = 0 to its tip at x = 1, the leading edge above.
+void wing(Canvas& canvas, const Livery& livery, bool upper, bool tail = false) {
     QPainterPath shape{{0, 0.01}};
     shape.lineTo(0.08, 0);
     shape.cubicTo(0.5, 0, 1, 0.02, 1, 0.18);
@@ -225,58 +221,28 @@ void wing(Canvas& canvas, const Livery& livery, bool upper) {
         for (const double x : {0.36, 0.4, 0.44}) {
             canvas.disc({x, 0.012}, 0.008, ink(0x0C0D0D));
         }
-        if (upper) {
+        if (upper && !tail) {
             canvas.rivets({0.03, 0.05}, {0.03, 0.31}, 0.02, 0.006, ink(0xB5392C, 0.8));
             canvas.text({0.16, 0.275}, 0.012, "NO STEP", ink(0xE8D9B0, 0.8));
             canvas.disc({0.14, 0.06}, 0.012, ink(0xB5392C));
             canvas.disc({0.975, 0.16}, 0.012, ink(0x3E9A5C));
-        } else {
+        } else if (!tail) {
             canvas.line({0.2, 0.17}, {0.42, 0.13}, 0.05, ink(0x141513), Qt::RoundCap);
             canvas.line({0.2, 0.17}, {0.42, 0.13}, 0.018, ink(0x6E7372), Qt::RoundCap);
             canvas.disc({0.17, 0.175}, 0.075, ink(0x141513));
             canvas.disc({0.17, 0.175}, 0.055, ink(0x2A2C2B));
             canvas.disc({0.17, 0.175}, 0.026, ink(0x7C8180));
         }
-        mark(canvas, livery, {0.68, 0.19}, 0.1);
+        if (!tail) mark(canvas, livery, {0.68, 0.19}, 0.1);
         weather(canvas, area, {0.02, 0.4}, livery.wear, [&](QPointF p) {
             return rise(0.07, 0, p.y() - 0.09 * p.x() * p.x()) + (upper ? 0.9 * rise(0.12, 0, p.x()) : 0);
         });
     });
 }
 
-void tailplane(Canvas& canvas, const Livery& livery, bool upper) {
-    QPainterPath shape{{0, 0.03}};
-    shape.cubicTo(0.5, 0, 0.9, 0.04, 1, 0.25);
-    shape.cubicTo(0.95, 0.42, 0.6, 0.48, 0, 0.48);
-    shape.closeSubpath();
-    part(canvas, shape, [&](const QRectF& area) {
-        canvas.texels(area, [&](QPointF p) {
-            return upper ? upperPaint(livery, p * 0.16 + QPointF{5, 5}) : rgb(livery.below);
-        });
-        canvas.line({0, 0.28}, {1, 0.27}, 0.012, ink(0x141616, 0.8));
-        canvas.rivets({0, 0.25}, {1, 0.24}, 0.04, 0.01, ink(0x0C0E0E, 0.4));
-        for (const double x : {0.25, 0.5, 0.75}) {
-            canvas.line({x, 0}, {x, 0.5}, 0.007, ink(0x0C0E0E, 0.4));
-            canvas.rivets({x + 0.04, 0}, {x + 0.04, 0.5}, 0.04, 0.01, ink(0x0C0E0E, 0.4));
-        }
-        weather(canvas, area, {0.05, 0.5}, livery.wear, [](QPointF p) { return rise(0.1, 0, p.y()); });
-    });
-}
-
 void bothHalves(Canvas& canvas, QPointF middle, double scale, const std::function<void()>& half) {
     moved(canvas, middle + QPointF{0.004, 0}, scale, 0, half);
     moved(canvas, middle - QPointF{0.004, 0}, -scale, 0, half);
-}
-
-void spinner(Canvas& canvas, QPointF at, double radius, unsigned color) {
-    QRadialGradient dome{at - QPointF{radius, radius} * 0.3, radius * 1.4};
-    dome.setColorAt(0, ink(lit(rgb(color), 1.5)));
-    dome.setColorAt(1, ink(lit(rgb(color), 0.55)));
-    canvas.disc(at, radius, dome);
-    for (int i = 0; i < 3; ++i) {
-        canvas.disc(at + polar(120 * i, radius * 0.68), radius * 0.17, ink(0x151617));
-    }
-    canvas.ring(at, radius, radius * 0.05, ink(0x151617));
 }
 
 } // namespace
@@ -287,26 +253,12 @@ Painter skinSheet(const Livery& livery) {
         moved(canvas, {0.975, 0.445}, -0.95, 0, [&] { fuselage(canvas, livery); });
         bothHalves(canvas, {0.5, 0.555}, 0.475, [&] { wing(canvas, livery, true); });
         bothHalves(canvas, {0.5, 0.78}, 0.475, [&] { wing(canvas, livery, false); });
-        bothHalves(canvas, {0.2, 0.025}, 0.16, [&] { tailplane(canvas, livery, true); });
-        bothHalves(canvas, {0.8, 0.265}, 0.16, [&] { tailplane(canvas, livery, false); });
-        spinner(canvas, {0.62, 0.055}, 0.034, livery.trim);
-        spinner(canvas, {0.71, 0.055}, 0.024, livery.trim);
+        bothHalves(canvas, {0.2, 0.025}, 0.16, [&] { wing(canvas, livery, true, true); });
+        bothHalves(canvas, {0.8, 0.265}, 0.16, [&] { wing(canvas, livery, false, true); });
         for (const QPointF at : {QPointF{0.012, 0.012}, {0.988, 0.012}, {0.012, 0.988}, {0.988, 0.988}}) {
             canvas.line(at - QPointF{0.007, 0}, at + QPointF{0.007, 0}, 0.001, ink(0xE0E4E4, 0.7));
             canvas.line(at - QPointF{0, 0.007}, at + QPointF{0, 0.007}, 0.001, ink(0xE0E4E4, 0.7));
         }
-    };
-}
-
-Painter fuselageSide(const Livery& livery) {
-    return [livery](Canvas& canvas) {
-        moved(canvas, {0.06, 0.64}, canvas.right - 0.12, 0, [&] { fuselage(canvas, livery); });
-    };
-}
-
-Painter wingPair(const Livery& livery) {
-    return [livery](Canvas& canvas) {
-        bothHalves(canvas, {canvas.right / 2, 0.1}, canvas.right * 0.48, [&] { wing(canvas, livery, true); });
     };
 }
 

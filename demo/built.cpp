@@ -87,57 +87,6 @@ void houseFront(Canvas& canvas) {
     canvas.cloud(canvas.all(), {0.12, 0.5}, 0.16, 6);
 }
 
-void watchTower(Canvas& canvas) {
-    ground({0xA9A698, 0xBDB9AA, 0xCBC8BA, 0.25})(canvas);
-    canvas.fillRect(QRectF{0, 0, 1, 0.06}, ink(0x4A4E4C));
-    window(canvas, {0.04, 0.1, 0.92, 0.22}, 10, 2, 0x3A5248);
-    canvas.fillRect(QRectF{0, 0.4, 1, 0.05}, ink(0x8C897C));
-    bevel(canvas, {0, 0.4, 1, 0.05}, 0.005, true);
-    for (int i = 0; i <= 24; ++i) {
-        canvas.fillRect(QRectF{i / 24.0 - 0.003, 0.33, 0.006, 0.07}, ink(0x3A3E3C));
-    }
-    canvas.fillRect(QRectF{0, 0.328, 1, 0.01}, ink(0x3A3E3C));
-    canvas.fillRect(QRectF{0.2, 0.47, 0.6, 0.09}, ink(0x1C2A32));
-    canvas.text({0.5, 0.515}, 0.045, "WATCH OFFICE", ink(0xE9B84A));
-    for (const double x : {0.06, 0.7}) {
-        window(canvas, {x, 0.63, 0.24, 0.2}, 3, 2, 0x3A5248);
-    }
-    canvas.fillRect(QRectF{0.37, 0.6, 0.26, 0.4}, ink(0x3A5248));
-    for (const double x : {0.38, 0.505}) {
-        bevel(canvas, {x, 0.615, 0.115, 0.385}, 0.005, true);
-        window(canvas, {x + 0.03, 0.65, 0.055, 0.12}, 1, 2, 0x2E4238);
-    }
-    canvas.cloud(canvas.all(), {0.05, 0.4}, 0.2, 7);
-}
-
-void hangarDoors(Canvas& canvas) {
-    const double width = canvas.right / 6;
-    for (int i = 0; i < 6; ++i) {
-        const QRectF leaf{width * i, 0.14, width, 0.86};
-        for (double x = leaf.left(); x < leaf.right() - 0.001; x += width / 10) {
-            canvas.fillRect(
-                QRectF{x, 0.14, width / 10, 0.86},
-                blend({x, 0}, {x + width / 10, 0}, {ink(0x3E4C44), ink(0x6A7A6E), ink(0x4A594F)}));
-        }
-        window(canvas, {leaf.left() + 0.06, 0.22, width - 0.12, 0.16}, 3, 2, 0x33403A);
-        for (const double y : {0.46, 0.9}) {
-            canvas.fillRect(QRectF{leaf.left(), y, width, 0.035}, ink(0x33403A));
-            canvas.rivets({leaf.left() + 0.02, y + 0.017}, {leaf.right(), y + 0.017}, 0.03, 0.01,
-                          ink(0x8A988E));
-        }
-        canvas.text({leaf.center().x(), 0.68}, 0.17, QString::number(i + 1), ink(0xE2DCC4, 0.9));
-        bevel(canvas, leaf, 0.008, true);
-    }
-    canvas.fillRect(QRectF{0, 0, canvas.right, 0.14},
-                    blend({0, 0}, {0, 0.14}, {ink(0x8A8C86), ink(0x4A4C48)}));
-    canvas.text({canvas.right / 2, 0.07}, 0.06, "HANGAR 2", ink(0xE9B84A));
-    canvas.cloud(canvas.all(), {0.08, 0.6}, 0.22, 8);
-    canvas.texels(canvas.all(), [](QPointF p) {
-        return rgb(0x6A3A20,
-                   0.7 * rise(0.58, 0.72, noise({p.x() * 9, p.y() * 3}, 5, 9) + 0.15 * (p.y() - 0.6)));
-    });
-}
-
 void warningStripes(Canvas& canvas) {
     canvas.fillRect(canvas.all(), ink(0xE8B62E));
     for (double x = -1; x < canvas.right; x += 0.5) {
@@ -153,17 +102,6 @@ void chainLink(Canvas& canvas) {
             canvas.line(from + QPointF{0.005, 0.005}, to + QPointF{0.005, 0.005}, 0.018, ink(0x4A4E4C));
             canvas.line(from, to, 0.012, ink(0xC4CAC8));
         }
-    }
-}
-
-void ladder(Canvas& canvas) {
-    for (double y = 0.15; y < canvas.bottom; y += 0.32) {
-        canvas.fillRect(QRectF{0.1, y, 0.8, 0.11},
-                        blend({0, y}, {0, y + 0.11}, {ink(0xE6C860), ink(0x7A5C1E)}));
-    }
-    for (const double x : {0.06, 0.8}) {
-        canvas.fillRect(QRectF{x, 0, 0.15, canvas.bottom},
-                        blend({x, 0}, {x + 0.15, 0}, {ink(0x8A6A24), ink(0xF0D478), ink(0x8A6A24)}));
     }
 }
 

@@ -36,7 +36,7 @@ void colorCard(Canvas& canvas) {
     strip(0, [](QPointF p) { return rgb(bars[static_cast<int>(p.x() * 8)]); });
     const unsigned ends[] = {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF};
     for (int i = 0; i < 4; ++i) {
-        strip(i + 2 + (i > 0 ? 0 : 0), [&](QPointF p) { return mix(rgb(0), rgb(ends[i]), p.x()); });
+        strip(i + 2, [&](QPointF p) { return mix(rgb(0), rgb(ends[i]), p.x()); });
     }
     strip(6, [](QPointF p) { return lit(rgb(0xFFFFFF), std::floor(p.x() * 16) / 15); });
     strip(7, [](QPointF p) { return rgb(0xE08020, p.x()); });

@@ -125,27 +125,6 @@ Painter dial(const Dial& kind) {
     return [kind](Canvas& canvas) { moved(canvas, {0.5, 0.5}, 1, 0, [&] { paintDial(canvas, kind); }); };
 }
 
-void compass(Canvas& canvas) {
-    dial(compassDial)(canvas);
-    canvas.fill(polygon({{0.5, 0.3},
-                         {0.53, 0.42},
-                         {0.53, 0.46},
-                         {0.66, 0.53},
-                         {0.66, 0.57},
-                         {0.53, 0.54},
-                         {0.52, 0.64},
-                         {0.57, 0.68},
-                         {0.5, 0.67},
-                         {0.43, 0.68},
-                         {0.48, 0.64},
-                         {0.47, 0.54},
-                         {0.34, 0.57},
-                         {0.34, 0.53},
-                         {0.47, 0.46},
-                         {0.47, 0.42}}),
-                ink(0xF0A030));
-}
-
 void horizon(Canvas& canvas) {
     moved(canvas, {0.5, 0.5}, 1, 0, [&] { paintHorizon(canvas); });
 }
@@ -171,89 +150,6 @@ void instrumentPanel(Canvas& canvas) {
         canvas.disc({x, 0.9}, 0.026, ink(x < 1 ? 0x57D07A : 0xE85A48));
     }
     canvas.text({1, 0.035}, 0.022, "NO AEROBATICS WITH FULL TANKS", ink(cream, 0.8));
-}
-
-void switchPanel(Canvas& canvas) {
-    crackle(canvas, 0x3A4038);
-    const char* const names[] = {"POMPE", "PHARES", "RADIO", "GIVRE"};
-    for (int i = 0; i < 4; ++i) {
-        moved(canvas, {0.25 + 0.5 * i, 0.46}, 2.2, 0, [&] { toggle(canvas, {}, names[i], i != 2); });
-    }
-    canvas.text({1, 0.09}, 0.05, "PANNEAU GAUCHE", ink(cream));
-}
-
-void placard(Canvas& canvas) {
-    crackle(canvas, 0x161819);
-    QPainterPath frame;
-    frame.addRoundedRect(canvas.all().adjusted(0.05, 0.05, -0.05, -0.05), 0.06, 0.06);
-    canvas.stroke(frame, 0.02, ink(cream));
-    canvas.text({1, 0.24}, 0.13, "STARTING", ink(0xE9B84A));
-    const char* const lines[] = {"1  FUEL ON", "2  THROTTLE 1/2 INCH", "3  PRIME AND PRESS"};
-    for (int i = 0; i < 3; ++i) {
-        canvas.text({1, 0.45 + 0.18 * i}, 0.085, lines[i], ink(cream), 0.9);
-    }
-}
-
-void needle(Canvas& canvas) {
-    const double w = canvas.right, h = canvas.bottom;
-    canvas.fill(polygon({{w * 0.32, h - 1}, {w * 0.4, 1}, {w * 0.5, 0.1}, {w * 0.6, 1}, {w * 0.68, h - 1}}),
-                ink(0xF4F0E2));
-    canvas.disc({w * 0.5, h - 0.75}, 0.42, ink(0x202324));
-    canvas.disc({w * 0.5, h - 0.75}, 0.16, ink(0x8C9292));
-}
-
-void reticle(Canvas& canvas) {
-    const QColor amber = ink(0xFFB347);
-    canvas.glow({0.5, 0.5}, 0.5, ink(0xFFB347, 0.08));
-    canvas.ring({0.5, 0.5}, 0.34, 0.008, amber);
-    canvas.ring({0.5, 0.5}, 0.16, 0.005, amber);
-    canvas.disc({0.5, 0.5}, 0.012, amber);
-    for (int i = 0; i < 72; ++i) {
-        const double inner = i % 18 == 0 ? 0.2 : i % 6 == 0 ? 0.3 : 0.325;
-        canvas.line(QPointF{0.5, 0.5} + polar(5 * i, inner),
-                    QPointF{0.5, 0.5} + polar(5 * i, i % 18 == 0 ? 0.46 : 0.34), 0.005, amber);
-    }
-}
-
-void canopyGlass(Canvas& canvas) {
-    canvas.fillRect(canvas.all(),
-                    blend({0, 0}, {1, 1}, {ink(0xCFE2EE, 0.35), ink(0xCFE2EE, 0.08), ink(0xCFE2EE, 0.25)}));
-    canvas.fill(polygon({{0.1, 1}, {0.55, 0}, {0.75, 0}, {0.3, 1}}), ink(0xFFFFFF, 0.3));
-    canvas.fill(polygon({{0.36, 1}, {0.81, 0}, {0.86, 0}, {0.41, 1}}), ink(0xFFFFFF, 0.18));
-    for (const int turn : {0, 90, 180, 270}) {
-        moved(canvas, {0.5, 0.5}, 1, turn, [&] {
-            canvas.fillRect(QRectF{-0.5, 0.44, 1, 0.06}, ink(0x3A4440));
-            canvas.rivets({-0.47, 0.47}, {0.5, 0.47}, 0.047, 0.016, ink(0x9AA29C));
-        });
-    }
-}
-
-void coastMap(Canvas& canvas) {
-    canvas.texels(canvas.all(), [](QPointF p) {
-        const double height = noise(p * 3 + QPointF{7, 1}, 6, 5) - 0.47,
-                     line = std::abs(std::fmod(height * 40 + 40, 1) - 0.5);
-        const Color sea = mix(rgb(0xC9DDE4), rgb(0x8FB6C8), -height * 6);
-        const Color land = mix(rgb(0xE6E2BE), rgb(0xB49A6A), height * 5);
-        const Color paper = mix(rgb(0x6A5636), height < 0 ? sea : land, rise(0, 0.006, std::abs(height)));
-        return lit(mix(paper, rgb(0x6A5636), height > 0 ? 0.45 * rise(0.44, 0.5, line) : 0),
-                   0.93 + 0.1 * noise(p * 60, 3, 6));
-    });
-    for (int i = 1; i < 11; ++i) {
-        canvas.line({0.125 * i, 0}, {0.125 * i, 1}, 0.0012, ink(0x2A4A6A, 0.6));
-        canvas.line({0, 0.125 * i}, {canvas.right, 0.125 * i}, 0.0012, ink(0x2A4A6A, 0.6));
-    }
-    const std::pair<const char*, QPointF> towns[] = {{"ALDERMOUTH", {0.3, 0.3}},
-                                                     {"WESTING", {0.95, 0.62}},
-                                                     {"KIRN", {0.56, 0.78}},
-                                                     {"HALE POINT", {1.06, 0.2}}};
-    for (const auto& [name, at] : towns) {
-        canvas.disc(at, 0.009, ink(0x8E2B24));
-        canvas.text(at + QPointF{0, 0.03}, 0.018, name, ink(0x2A2018));
-    }
-    canvas.line(towns[0].second, towns[1].second, 0.004, ink(0xB5392C, 0.8));
-    canvas.line(towns[1].second, towns[2].second, 0.004, ink(0xB5392C, 0.8));
-    canvas.fill(star({1.22, 0.88}, 0.08, 0.018, 4), ink(0x2A4A6A));
-    canvas.text({1.22, 0.785}, 0.022, "N", ink(0x2A4A6A));
 }
 
 } // namespace pelrath::demo

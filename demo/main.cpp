@@ -1,5 +1,5 @@
 #include "archive_builder.hpp"
-#include "catalogue.hpp"
+#include "painters.hpp"
 
 #include <QDir>
 #include <QGuiApplication>

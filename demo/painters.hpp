@@ -2,14 +2,19 @@
 
 #include "canvas.hpp"
 
+#include <vector>
+
 namespace pelrath::demo {
 
-/// Paints one texture. What follows makes such painters.
+/// Paints one texture. What follows is such a painter, or makes one.
 using Painter = std::function<void(Canvas&)>;
+using Paint = void(Canvas&);
+Paint rivetedMetal, radialEngine, propellerDisc, horizon, instrumentPanel, farmland, houseFront,
+    warningStripes, chainLink, sunGlow, colorCard, cutOutCard, oddFrame, alphaRamp, chequer, corners;
 
 /// How an aircraft looks.
 struct Livery {
-    enum Pattern { Plain, Bands, Splinter, Mottle, Whitewash, Metal } pattern;
+    enum Pattern { Plain, Bands, Splinter, Whitewash, Metal } pattern;
     enum Mark { Rings, Diamond, Star, Halves } mark;
     unsigned dark, light, below;
     unsigned outer, inner; ///< of the mark
@@ -18,18 +23,6 @@ struct Livery {
     double wear; ///< from 0 to 1
 };
 Painter skinSheet(const Livery& livery);
-Painter fuselageSide(const Livery& livery);
-Painter wingPair(const Livery& livery);
-void rivetedMetal(Canvas& canvas);
-void radialEngine(Canvas& canvas);
-void wheel(Canvas& canvas);
-void propellerDisc(Canvas& canvas);
-void bulletHoles(Canvas& canvas);
-void tornPanel(Canvas& canvas);
-void emblem(Canvas& canvas);
-void letterSheet(Canvas& canvas);
-void dropTank(Canvas& canvas);
-void shadow(Canvas& canvas);
 
 /// A round instrument. Numbers stand from `from`, clockwise, over `sweep` degrees.
 struct Dial {
@@ -42,15 +35,6 @@ struct Dial {
 };
 extern const Dial altimeter, airspeed, clockDial, manifold, oil, climb, fuel;
 Painter dial(const Dial& kind);
-void horizon(Canvas& canvas);
-void compass(Canvas& canvas);
-void instrumentPanel(Canvas& canvas);
-void switchPanel(Canvas& canvas);
-void placard(Canvas& canvas);
-void needle(Canvas& canvas);
-void reticle(Canvas& canvas);
-void canopyGlass(Canvas& canvas);
-void coastMap(Canvas& canvas);
 
 /// Ground that repeats at its edges, in three colours from the hollows to the heights.
 struct Ground {
@@ -63,10 +47,6 @@ struct Ground {
     double bend = 0;    ///< how much the patches wind
 };
 Painter ground(const Ground& kind);
-void farmland(Canvas& canvas);
-void cityBlocks(Canvas& canvas);
-void runway(Canvas& canvas);
-void railway(Canvas& canvas);
 
 /// A broad tree; without leaves it is bare.
 struct Growth {
@@ -76,8 +56,6 @@ struct Growth {
     unsigned seed;
 };
 Painter tree(const Growth& kind);
-void pine(Canvas& canvas);
-void grassTuft(Canvas& canvas);
 
 /// Bricks, tiles or planks in courses.
 struct Courses {
@@ -86,12 +64,6 @@ struct Courses {
     double round = 0; ///< how far a piece hangs over the next course, as a part of its height
 };
 Painter courses(const Courses& kind);
-void houseFront(Canvas& canvas);
-void watchTower(Canvas& canvas);
-void hangarDoors(Canvas& canvas);
-void warningStripes(Canvas& canvas);
-void chainLink(Canvas& canvas);
-void ladder(Canvas& canvas);
 
 /// Smoke, fire and clouds: a heap lit from above, or from within.
 struct Puffs {
@@ -101,15 +73,17 @@ struct Puffs {
     double base = 1;   ///< where it ends below, as a part of the height, 0 in the middle
 };
 Painter puffs(const Puffs& kind);
-void cirrus(Canvas& canvas);
-void sunGlow(Canvas& canvas);
-void crater(Canvas& canvas);
 
-void colorCard(Canvas& canvas);
-void cutOutCard(Canvas& canvas);
-void oddFrame(Canvas& canvas);
-void alphaRamp(Canvas& canvas);
-void chequer(Canvas& canvas);
-void corners(Canvas& canvas);
+struct Texture {
+    const char* name; ///< as it stands in an archive, Windows-1252
+    int width, height;
+    const char* type; ///< DXT1, DXT5 or ARGB, which holds the texels as they are
+    int levels;       ///< 0: down to one texel
+    Painter paint;
+    unsigned ground = 0; ///< the colour of clear texels, and below all that can be seen through
+};
+
+/// In the order of the archives.
+const std::vector<Texture>& catalogue();
 
 } // namespace pelrath::demo

@@ -29,15 +29,6 @@ Painter puffs(const Puffs& kind) {
     };
 }
 
-void cirrus(Canvas& canvas) {
-    canvas.texels(canvas.all(), [](QPointF p) {
-        const QPointF bent = p + QPointF{0, 0.16 * noise(p * 2, 3, 21)};
-        const double strands = noise({bent.x() * 3 - bent.y() * 2, bent.y() * 26 + bent.x() * 9}, 5, 22);
-        const double inside = rise(0, 0.15, std::min({p.x(), p.y(), 1 - p.x(), 1 - p.y()}));
-        return rgb(0xF6F8FB, 0.9 * inside * rise(0.42, 0.78, strands * 0.6 + noise(p * 3, 3, 23) * 0.45));
-    });
-}
-
 void sunGlow(Canvas& canvas) {
     const QPointF middle{0.5, 0.5};
     canvas.glow(middle, 0.5, ink(0xFFC25A, 0.55));
@@ -49,23 +40,6 @@ void sunGlow(Canvas& canvas) {
                     blend(middle, tip, {ink(0xFFF2CC, 0.7), ink(0xFFF2CC, 0)}));
     }
     canvas.glow(middle, 0.16, ink(0xFFFFFF));
-}
-
-void crater(Canvas& canvas) {
-    canvas.texels(canvas.all(), [](QPointF p) {
-        const QPointF to = p - QPointF{0.5, 0.5};
-        const double far = std::hypot(to.x(), to.y());
-        const double rays = noise(to * 5 / std::max(far, 0.01) + QPointF{9, 9}, 4, 31),
-                     ring = far + 0.06 * (noise(p * 7, 4, 32) - 0.5);
-        const double slope = (to.x() + to.y()) / std::max(far, 0.01);
-        const double light =
-            ring < 0.2 ? 0.55 + 0.35 * slope * rise(0, 0.2, ring) : 1 - 0.35 * slope * rise(0.32, 0.2, ring);
-        const Color earth = lit(mix(rgb(0x5A4634), rgb(0x8A6E50), noise(p * 20, 4, 33)), light);
-        Color color =
-            mix(mix(rgb(0x17120E), earth, rise(0.02, 0.16, ring)), rgb(0x4A3A2A), rise(0.24, 0.4, ring));
-        color.setW(static_cast<float>(rise(0.12 + 0.42 * rays, 0.02 + 0.42 * rays, far - 0.16)));
-        return color;
-    });
 }
 
 } // namespace pelrath::demo
