@@ -255,10 +255,6 @@ Painter skinSheet(const Livery& livery) {
         bothHalves(canvas, {0.5, 0.78}, 0.475, [&] { wing(canvas, livery, false); });
         bothHalves(canvas, {0.2, 0.025}, 0.16, [&] { wing(canvas, livery, true, true); });
         bothHalves(canvas, {0.8, 0.265}, 0.16, [&] { wing(canvas, livery, false, true); });
-        for (const QPointF at : {QPointF{0.012, 0.012}, {0.988, 0.012}, {0.012, 0.988}, {0.988, 0.988}}) {
-            canvas.line(at - QPointF{0.007, 0}, at + QPointF{0.007, 0}, 0.001, ink(0xE0E4E4, 0.7));
-            canvas.line(at - QPointF{0, 0.007}, at + QPointF{0, 0.007}, 0.001, ink(0xE0E4E4, 0.7));
-        }
     };
 }
 

@@ -71,7 +71,6 @@ void propellerDisc(Canvas& canvas) {
         return color;
     });
     canvas.disc(middle, 0.05, ink(0x35393C, 0.9));
-    canvas.disc(middle - QPointF{0.01, 0.01}, 0.03, ink(0x8A9094, 0.7));
 }
 
 } // namespace pelrath::demo

@@ -51,7 +51,7 @@ const std::vector<Texture>& catalogue() {
         {"tree_oak_summer.tga", 512, 512, "DXT1", whole, tree({0x56783A, 22, 26, 5}), 0x33481F},
         {"tree_oak_autumn.tga", 512, 512, "DXT5", whole, tree({0xC87A28, 18, 28, 8}), 0x8A5420},
         {"tree_oak_bare.tga", 256, 256, "DXT5", whole, tree({0, 0, 24, 3}), 0x3E3025},
-        {"tree_birch.tga", 256, 512, "DXT1", whole, tree({0x7E9A4A, 16, 18, 9}), 0x4A5E2C},
+        {"tree_young.tga", 256, 256, "DXT1", whole, tree({0x7E9A4A, 16, 18, 9}), 0x4A5E2C},
         {"land_grass.bmp", 512, 512, "DXT1", whole, ground({0x4A5E2C, 0x64783A, 0x8A9450, 0.125})},
         {"land_field_wheat.bmp", 512, 512, "DXT1", whole,
          ground({0x9A7C38, 0xC2A254, 0xE2CC82, 0.25, 1, 32})},

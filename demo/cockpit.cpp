@@ -63,7 +63,7 @@ void paintDial(Canvas& canvas, const Dial& kind) {
             if (large && i / kind.between < numbers.size())
                 canvas.text(polar(at, 0.29), 0.062, numbers[i / kind.between], ink(cream), 0.9);
         }
-        canvas.text({0, -0.13}, 0.038, kind.title, ink(cream, 0.85));
+        canvas.text({0, 0.15}, 0.038, kind.title, ink(cream, 0.85));
         if (kind.second >= 0) hand(canvas, angle(kind.second), 0.2, 0.026);
         hand(canvas, angle(kind.hand), 0.37, 0.016);
     });
