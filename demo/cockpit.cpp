@@ -149,7 +149,6 @@ void instrumentPanel(Canvas& canvas) {
         canvas.glow({x, 0.9}, 0.07, ink(x < 1 ? 0x3FC060 : 0xD84030, 0.5));
         canvas.disc({x, 0.9}, 0.026, ink(x < 1 ? 0x57D07A : 0xE85A48));
     }
-    canvas.text({1, 0.035}, 0.022, "NO AEROBATICS WITH FULL TANKS", ink(cream, 0.8));
 }
 
 } // namespace pelrath::demo
