@@ -115,6 +115,7 @@ public:
         std::sort(turns.begin(), turns.end());
         turns.resize(std::min(count, turns.size()));
         std::vector<PowerCut> chosen;
+        chosen.reserve(turns.size());
         for (const auto& [turn, i] : turns) {
             chosen.push_back(std::move(cuts_[i]));
         }
