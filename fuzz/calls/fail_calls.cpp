@@ -195,6 +195,7 @@ public:
     std::map<int, int> untried; ///< by number: those that cannot fail, or for which no errors are known
     int ofOtherScenarios = 0;
     int firstStarts = 0; ///< see saysThatSettingsAreMissing()
+    int clearings = 0;   ///< see saysThatSomebodyClearsUp()
 
 private:
     /// Which makes it the program's first start, where settings begin anew.
@@ -218,9 +219,19 @@ private:
                 ++firstStarts;
                 continue;
             }
+            if (saysThatSomebodyClearsUp(call, file, spoil)) {
+                ++clearings;
+                continue;
+            }
             candidates.push_back({place, act(), spoil, file});
         }
         return Fate::untouched();
+    }
+
+    /// A new hidden file is locked by others only to be removed, which here nobody would do.
+    static bool saysThatSomebodyClearsUp(const Call& call, const std::string& file, const Spoil& spoil) {
+        const bool taken = spoil.name.starts_with("EWOULDBLOCK");
+        return call.number == SYS_flock && taken && file.find("/.pelrath-") != std::string::npos;
     }
 
     bool whole_;
@@ -403,6 +414,7 @@ void work(const Work& work, int pipe) {
         }
         report(pipe, "same\t" + std::to_string(learnt.ofOtherScenarios));
         report(pipe, "first\t" + std::to_string(learnt.firstStarts));
+        report(pipe, "cleared\t" + std::to_string(learnt.clearings));
     }
     if (work.worker == 0) report(pipe, "all\t" + std::to_string(candidates));
     Choice choice{candidates, work.count == 0 ? candidates : work.count};
@@ -438,6 +450,8 @@ public:
             never_.push_back(parts.at(1));
         } else if (kind == "first") {
             first_ += std::stoi(parts.at(1));
+        } else if (kind == "cleared") {
+            cleared_ += std::stoi(parts.at(1));
         } else if (kind == "all") {
             all_ = std::stoi(parts.at(1));
         }
@@ -449,7 +463,8 @@ public:
         print("by act", byAct_);
         std::cout << all_ << " ways to fail; not tried: calls that cannot fail (" << listed(sure_) << "), "
                   << same_ << " calls outside the insertion, which another scenario tries, " << first_
-                  << " ways to say that there are no settings, which is a first start\n";
+                  << " ways to say that there are no settings, which is a first start, " << cleared_
+                  << " ways to say that another program removes a file\n";
         for (const std::string& candidate : never_) {
             std::cout << "never came again: " << candidate << "\n";
         }
@@ -490,7 +505,7 @@ private:
     Counts byCall_, byAct_;
     std::map<std::string, int> sure_, unknown_;
     std::vector<std::string> never_;
-    int all_ = 0, same_ = 0, first_ = 0;
+    int all_ = 0, same_ = 0, first_ = 0, cleared_ = 0;
 
 public:
     int trials = 0;

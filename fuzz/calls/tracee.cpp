@@ -413,6 +413,11 @@ const std::map<int, const char*> names{
     PELRATH_CALL(getpid),
     PELRATH_CALL(gettid),
     PELRATH_CALL(prctl),
+    PELRATH_CALL(rseq),
+    PELRATH_CALL(exit),
+    PELRATH_CALL(set_robust_list),
+    PELRATH_CALL(clock_nanosleep),
+    PELRATH_CALL(sched_yield),
     PELRATH_CALL(pwritev2),
     PELRATH_CALL(preadv2),
 #undef PELRATH_CALL
