@@ -1,5 +1,6 @@
 #include "transfer/read_only_archive.hpp"
 
+#include "platform/runtime_error.hpp"
 #include "transfer/failure_report.hpp"
 
 namespace pelrath {
@@ -29,8 +30,15 @@ bool ReadOnlyArchive::makeWritable(HeldArchive& archive, std::string& summary) {
         return false;
     }
     archive.noteMode(before);
-    setFileMode(*file, writable(before));
     madeWritable_ = {file, before};
+    try {
+        setFileMode(*file, writable(before));
+    } catch (const RuntimeError&) {
+        // They may have changed all the same, and nothing is going to be written now.
+        std::string unsaid;
+        restore(unsaid);
+        throw;
+    }
     summary += "CDDS Attributes changed to Read Write\r\n";
     return true;
 }
