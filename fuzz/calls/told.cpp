@@ -1,7 +1,6 @@
 #include "calls/told.hpp"
 
 #include <algorithm>
-#include <regex>
 #include <sstream>
 
 namespace pelrath::calls {
@@ -48,11 +47,13 @@ const Act& actNamed(const std::vector<Act>& acts, const std::string& name) {
 }
 
 int insertedLevels(const Act& insertion) {
-    static const std::regex count{"(\\d+) [mM]ipmaps?\\(s\\) inserted\\."};
     int levels = -1;
     for (const std::string& line : linesOf(insertion)) {
-        std::smatch found;
-        if (std::regex_match(line, found, count)) levels = std::stoi(found[1]);
+        const std::size_t digits = line.find_first_not_of("0123456789");
+        if (digits == 0 || digits == std::string::npos) continue;
+        for (const char* words : {" mipmap(s) inserted.", " Mipmap(s) inserted.", " mipmaps(s) inserted."}) {
+            if (line.substr(digits) == words) levels = std::stoi(line);
+        }
     }
     return levels;
 }
@@ -72,12 +73,12 @@ std::string safeCopyIn(const Act& insertion) {
 }
 
 std::vector<std::string> filesWrittenIn(const Act& act) {
-    static const std::regex written{"(.*) (written|overwritten\\.|overwritten)"};
     std::vector<std::string> files;
     for (const std::string& line : linesOf(act)) {
-        std::smatch found;
-        const bool denied = line.find(" not ") != std::string::npos;
-        if (!denied && std::regex_match(line, found, written)) files.push_back(found[1]);
+        if (line.find(" not ") != std::string::npos) continue;
+        for (const std::string words : {" written", " overwritten", " overwritten."}) {
+            if (line.ends_with(words)) files.push_back(line.substr(0, line.size() - words.size()));
+        }
     }
     return files;
 }
