@@ -68,8 +68,15 @@ public:
 
     void recover() {
         const std::vector<RecoveredInsertion> told = recoverInsertions(folder_.file("program"));
-        if (is(Torn) || is(Changed)) {
-            require(told.empty() && folder_.names("program").empty(), "what is no whole journal is removed");
+        if (is(Torn) && !is(Changed)) {
+            require(told.empty() && folder_.names("program").empty(), "a journal without its end is removed");
+            return requireUntouched();
+        }
+        if (is(Changed)) {
+            const bool stays = folder_.names("program").size() == 1;
+            require(stays || is(Torn), "a damaged journal stays");
+            require(told.size() == (stays ? 1U : 0U) && (!stays || told[0].outcome == Outcome::Kept),
+                    "and is told");
             return requireUntouched();
         }
         require(told.size() == 1 && told[0].journal == folder_.file(journal_) &&
@@ -111,8 +118,8 @@ private:
 
     void makeRecord() {
         ArchiveBuilder builder{CddsType::TypeCdds,
-                                     {{"a.bmp", "DXT1", {{8, 4, std::string(16, 'a')}, {4, 2, "87654321"}}},
-                                      {"b.tga", "DXT5", {{4, 4, std::string(16, 'b')}, {2, 2, ""}}}}};
+                               {{"a.bmp", "DXT1", {{8, 4, std::string(16, 'a')}, {4, 2, "87654321"}}},
+                                {"b.tga", "DXT5", {{4, 4, std::string(16, 'b')}, {2, 2, ""}}}}};
         before_ = whole_ = builder.build();
         const InputFile file{folder_.write("a.cdds", before_)};
         const CddsArchive catalogue = makeCatalogue(readArchive(file));

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 #include <zlib.h>
 
@@ -68,6 +69,7 @@ public:
 
     [[nodiscard]] bool atEnd() const { return !failed_ && rest_.empty(); }
     [[nodiscard]] bool failed() const { return failed_; }
+    [[nodiscard]] std::size_t left() const { return rest_.size(); }
 
 private:
     Bytes rest_;
@@ -94,6 +96,13 @@ FileIdentity readIdentity(Reading& in) {
     return identity;
 }
 
+/// False where it is no journal of this format, or fails.
+bool readStart(Reading& in) {
+    const Bytes letters = in.block(magic.size());
+    const bool ours = !letters.empty() && std::memcmp(letters.data(), magic.data(), magic.size()) == 0;
+    return ours && in.number<std::uint32_t>() == format;
+}
+
 std::vector<LevelBytes> readLevels(Reading& in) {
     std::vector<LevelBytes> levels;
     // A wrong count ends with the bytes.
@@ -103,6 +112,17 @@ std::vector<LevelBytes> readLevels(Reading& in) {
         levels.push_back({at, {data.begin(), data.end()}});
     }
     return levels;
+}
+
+JournalRecord readFields(Reading& in) {
+    JournalRecord record;
+    record.archivePath = in.text();
+    record.textureName = in.text();
+    record.archive = readIdentity(in);
+    record.tables = in.number<std::uint32_t>();
+    record.mode = in.number<std::uint32_t>();
+    record.levels = readLevels(in);
+    return record;
 }
 
 } // namespace
@@ -142,23 +162,20 @@ std::vector<std::byte> encodeJournal(const JournalRecord& record) {
 }
 
 std::optional<JournalRecord> decodeJournal(Bytes bytes) {
-    constexpr std::size_t sumSize = sizeof(std::uint32_t);
-    if (bytes.size() < sumSize) return std::nullopt;
-    const Bytes summed = bytes.first(bytes.size() - sumSize);
-    if (Reading{bytes.last(sumSize)}.number<std::uint32_t>() != checksum(summed)) return std::nullopt;
-    Reading in{summed};
-    const Bytes letters = in.block(magic.size());
-    if (letters.empty() || std::memcmp(letters.data(), magic.data(), magic.size()) != 0) return std::nullopt;
-    if (in.number<std::uint32_t>() != format) return std::nullopt;
-    JournalRecord record;
-    record.archivePath = in.text();
-    record.textureName = in.text();
-    record.archive = readIdentity(in);
-    record.tables = in.number<std::uint32_t>();
-    record.mode = in.number<std::uint32_t>();
-    record.levels = readLevels(in);
-    if (!in.atEnd()) return std::nullopt;
-    return record;
+    Reading in{bytes};
+    if (!readStart(in)) return std::nullopt;
+    JournalRecord record = readFields(in);
+    const std::size_t summed = bytes.size() - in.left();
+    const bool whole = in.number<std::uint32_t>() == checksum(bytes.first(summed)) && in.atEnd();
+    return whole ? std::optional{std::move(record)} : std::nullopt;
+}
+
+bool isCutShort(Bytes bytes) {
+    Reading in{bytes};
+    if (!readStart(in)) return in.failed();
+    (void)readFields(in);
+    (void)in.number<std::uint32_t>();
+    return in.failed();
 }
 
 } // namespace pelrath

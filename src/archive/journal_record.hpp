@@ -42,4 +42,8 @@ struct JournalRecord {
 /// Nothing where the bytes are no whole record, or of another format.
 [[nodiscard]] std::optional<JournalRecord> decodeJournal(Bytes bytes);
 
+/// True where such bytes are the beginning of a record whose end is missing, and not one that was damaged
+/// later.
+[[nodiscard]] bool isCutShort(Bytes bytes);
+
 } // namespace pelrath

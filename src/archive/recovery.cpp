@@ -19,11 +19,18 @@ using Outcome = RecoveredInsertion::Outcome;
 /// The archive is not, or no longer, the one that the journal is of.
 class OtherArchive : public std::exception {};
 
+/// Nothing where its end is missing.
 std::optional<JournalRecord> readJournal(const std::string& path) {
     const InputFile file{path};
     std::vector<std::byte> bytes(static_cast<std::size_t>(file.size()));
     file.readAt(0, bytes);
-    return decodeJournal(bytes);
+    std::optional<JournalRecord> record = decodeJournal(bytes);
+    // It was whole before anything was written, so that the archive may be torn.
+    if (!record && !isCutShort(bytes)) {
+        throw RuntimeError{static_cast<int>(ErrorNumber::PathFileAccess), "readJournal",
+                           "its journal is damaged, or was written by another version of the program"};
+    }
+    return record;
 }
 
 bool isOf(const CddsArchive& catalogue, const LevelBytes& level) {
@@ -70,12 +77,31 @@ public:
 
 private:
     void write() {
-        const bool locked = isReadOnly(before_);
-        if (locked) setFileMode(archive_, writable(before_));
+        if (!isReadOnly(before_)) {
+            writeLevels();
+            return;
+        }
+        try {
+            setFileMode(archive_, writable(before_));
+            writeLevels();
+        } catch (...) {
+            lockAgain();
+            throw;
+        }
+        setFileMode(archive_, before_);
+    }
+
+    void writeLevels() {
         for (const LevelBytes& level : record_.levels) {
             overwrite(archive_, static_cast<std::uint64_t>(level.dataOffset), level.data);
         }
-        if (locked) setFileMode(archive_, before_);
+    }
+
+    void lockAgain() const {
+        try {
+            setFileMode(archive_, before_);
+        } catch (const RuntimeError&) { // what failed first is what is told
+        }
     }
 
     const InputFile& archive_;

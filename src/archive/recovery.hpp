@@ -25,8 +25,8 @@ struct RecoveredInsertion {
 
 /// Looks for journals in the program folder and brings each archive that one is of into a state of which the
 /// whole insertion or nothing of it is part. An archive that a living program works on is left alone and not
-/// in the answer; so is a journal of which no more than a part is there, which is removed: nothing had been
-/// written then. Never throws.
+/// in the answer; so is a journal whose end is missing, which is removed: nothing had been written then.
+/// Never throws.
 [[nodiscard]] std::vector<RecoveredInsertion> recoverInsertions(const std::string& programFolder);
 
 } // namespace pelrath

@@ -6,6 +6,7 @@
 #include "transfer/level_bytes.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace pelrath {
 
@@ -80,12 +81,13 @@ void HeldArchive::overwriteOne(const LevelBytes& level) {
 
 // Levels may share bytes: each gets back what it had before the first one was written.
 void HeldArchive::putBack(std::span<const LevelBytes> old) {
+    torn_ = true; // until all is done, whatever may end it
     try {
         for (const LevelBytes& level : old) {
             putBackOne(level);
         }
+        torn_ = false;
     } catch (const RuntimeError& error) {
-        torn_ = true;
         throw RuntimeError{
             error.number(), "putBack",
             error.description() + ". Neither could the old data be put back: the texture \"" +
@@ -106,11 +108,16 @@ void HeldArchive::putBackOne(const LevelBytes& old) {
 }
 
 void HeldArchive::forgetLevels() {
-    record_.levels.clear();
-    if (modeNoted_) {
-        note();
-    } else if (journal_) {
-        journal_->remove();
+    std::vector<LevelBytes> levels = std::exchange(record_.levels, {});
+    try {
+        if (modeNoted_) {
+            note();
+        } else if (journal_) {
+            journal_->remove();
+        }
+    } catch (...) {
+        record_.levels = std::move(levels); // they are still in the journal: finish() tries again
+        throw;
     }
 }
 

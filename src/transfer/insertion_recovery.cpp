@@ -23,8 +23,8 @@ std::string beginning(const RecoveredInsertion& one) {
 std::string kept(const RecoveredInsertion& one) {
     return beginning(one) + " and cannot be completed: " + one.reason + "." + paragraph +
            "What was to be written is kept in " + one.journal +
-           ". Please put the archive back in its place and start the program again, or remove that file to "
-           "give the insertion up.";
+           ". Please set that right and start the program again, or remove that file to give the insertion "
+           "up.";
 }
 
 std::string textOf(const RecoveredInsertion& one) {
@@ -36,6 +36,12 @@ std::string textOf(const RecoveredInsertion& one) {
         text = beginning(one) + ". It has been completed now: " + levelsOf(one) + " the new data.";
         break;
     case Outcome::NothingWritten:
+        // It can also have come to its end, but for the permissions.
+        if (one.readOnlyAgain) {
+            return beginning(one) +
+                   ". The archive is read only again now. Where no summary was shown, nothing "
+                   "was written: please insert the texture again.";
+        }
         text = beginning(one) + " before anything was written. Please insert the texture again.";
         break;
     }
