@@ -1,9 +1,9 @@
 #pragma once
 
+#include "archive_builder.hpp"
 #include "desktop/application.hpp"
 #include "desktop/list_box_view.hpp"
 #include "desktop/real_user.hpp"
-#include "archive_builder.hpp"
 #include "support/temporary_folder.hpp"
 
 namespace pelrath::test {

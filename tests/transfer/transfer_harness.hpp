@@ -1,9 +1,9 @@
 #pragma once
 
 #include "archive/reader.hpp"
+#include "archive_builder.hpp"
 #include "imaging/block_decoder.hpp"
 #include "support/answering_desktop.hpp"
-#include "archive_builder.hpp"
 #include "support/recording_boxes.hpp"
 #include "support/temporary_folder.hpp"
 #include "transfer/texture_extraction_insertion.hpp"
