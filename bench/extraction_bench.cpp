@@ -72,7 +72,7 @@ struct Workbench {
     WorkingUser user;
     NoAssociations associations;
     Window owner;
-    InsertionRecovery recovery{boxes, session.programFolder};
+    InsertionRecovery recovery{boxes, session};
     TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}, recovery}};
 };
 

@@ -70,7 +70,7 @@ struct Workplace {
     LibraryImages images;
     ImageLibraryUse use{facade, images};
     TransferImaging imaging{facade, images, options, use};
-    InsertionRecovery recovery{boxes, session.programFolder};
+    InsertionRecovery recovery{boxes, session};
     TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}, recovery}};
     Window owner;
 

@@ -9,9 +9,9 @@
 #include <zlib.h>
 
 // An input that begins as a journal does is one, with and without the checksum that it lacks. Any other says
-// what is wrong with the journal of a small archive and with the archive (Wrong), and whether its owner may
-// write into it before the insertion and now; behind these three bytes, each pair says a level's number or
-// place, and with what it is filled.
+// what is wrong with the journal of a small archive and with the archive (Wrong), whether its owner may write
+// into it before the insertion, what stands in the levels now (Found), and whether he may write now; behind
+// these three bytes, each pair says a level's number or place, and with what it is filled.
 
 namespace {
 
@@ -54,6 +54,12 @@ enum Wrong : unsigned {
     Changed = 64,
 };
 
+enum Found : unsigned {
+    Touched = 2, ///< since the journal was written
+    Half = 4,    ///< each level has its first half
+    Strange = 8, ///< the first level ends with a byte that is neither old nor new
+};
+
 /// A program that died inside an insertion, and the next one.
 class Interrupted {
 public:
@@ -89,7 +95,8 @@ public:
                 "its journal stays, or goes");
         require(stays != told[0].reason.empty(), "with a reason");
         if (other_ || is(Path)) return requireUntouched();
-        require(folder_.read("a.cdds") == whole_, "every level is wholly new");
+        const bool written = outcome == Outcome::Completed;
+        require(folder_.read("a.cdds") == (written ? whole_ : old_), "every level is wholly new, or old");
         const bool again = (record_.mode & 0200U) == 0 && mode_ == (record_.mode | 0200U);
         require(mode() == (again ? record_.mode : mode_) && told[0].readOnlyAgain == again,
                 "what was read-only is so again");
@@ -103,46 +110,76 @@ private:
         return byte;
     }
     [[nodiscard]] bool is(Wrong wrong) const { return (wrong_ & wrong) != 0; }
+    [[nodiscard]] bool is(Found found) const { return (foundAs_ & found) != 0; }
     [[nodiscard]] unsigned mode() const {
         struct stat status {};
         stat(folder_.file("a.cdds").c_str(), &status);
         return status.st_mode & 07777U;
     }
     void requireUntouched() const {
-        require(folder_.read("a.cdds") == before_ && mode() == mode_, "the archive is as it was");
+        require(folder_.read("a.cdds") == found_ && mode() == mode_, "the archive is as it was");
     }
     [[nodiscard]] Outcome expected() const {
         if (is(Path) || (other_ && !record_.levels.empty())) return Outcome::Kept;
-        return record_.levels.empty() ? Outcome::NothingWritten : Outcome::Completed;
+        const bool allOld = is(Touched) && found_ == old_;
+        return record_.levels.empty() || allOld ? Outcome::NothingWritten : Outcome::Completed;
     }
 
     void makeRecord() {
         ArchiveBuilder builder{CddsType::TypeCdds,
                                {{"a.bmp", "DXT1", {{8, 4, std::string(16, 'a')}, {4, 2, "87654321"}}},
                                 {"b.tga", "DXT5", {{4, 4, std::string(16, 'b')}, {2, 2, ""}}}}};
-        before_ = whole_ = builder.build();
-        const InputFile file{folder_.write("a.cdds", before_)};
+        old_ = whole_ = builder.build();
+        const InputFile file{folder_.write("a.cdds", old_)};
         const CddsArchive catalogue = makeCatalogue(readArchive(file));
-        record_ = {file.path() + (is(Path) ? "x" : ""), "a.bmp", file.identity(),
-                   tablesChecksum(catalogue),           0,       {}};
+        record_ = {file.path() + (is(Path) ? "x" : ""),
+                   "a.bmp",
+                   file.identity(),
+                   tablesChecksum(catalogue),
+                   0,
+                   {},
+                   {}};
         record_.archive.inode += is(Inode) ? 1U : 0U;
         record_.archive.size -= is(Size) ? 1U : 0U;
         record_.archive.born += is(Birth) ? 1 : 0;
         record_.tables ^= is(Tables) ? 1U : 0U;
-        other_ = is(Inode) || is(Size) || is(Birth) || is(Tables);
-        record_.mode = next() % 2 == 0 ? 0440 : 0640;
+        // Where there is a time of birth, inodes may change.
+        other_ = (is(Inode) && record_.archive.born == 0) || is(Size) || is(Birth) || is(Tables);
+        foundAs_ = next();
+        record_.mode = foundAs_ % 2 == 0 ? 0440 : 0640;
         mode_ = next() % 2 == 0 ? 0440 : 0640;
         while (!choices_.empty()) {
             const unsigned which = next();
             addLevel(catalogue, which, next());
         }
+        found_ = old_;
+        for (const LevelBytes& level : record_.levels)
+            find(level);
+        (void)folder_.write("a.cdds", found_);
         chmod(file.path().c_str(), mode_);
+        record_.archive.statusChanged = file.identity().statusChanged - (is(Touched) ? 1 : 0);
+    }
+    void find(const LevelBytes& level) {
+        const auto at = static_cast<std::size_t>(level.dataOffset);
+        if (is(Half) && level.data.size() > 1)
+            found_.replace(at, level.data.size() / 2, whole_, at, level.data.size() / 2);
+        if (!is(Strange) || &level != &record_.levels.front()) return;
+        const std::size_t last = at + level.data.size() - 1;
+        char strange = 0;
+        while (strange == old_[last] || strange == whole_[last])
+            ++strange;
+        found_[last] = strange;
+        other_ = true;
     }
     void addLevel(const CddsArchive& catalogue, unsigned which, unsigned fill) {
         const MipmapRecord& level = catalogue.textures[which % 2].mipmaps[which / 2 % 2];
         const bool moved = (which & 64U) != 0, larger = (which & 128U) != 0;
         const auto size = static_cast<std::size_t>(level.dataSize) + (larger ? 1 : 0);
-        record_.levels.push_back({level.dataOffset + (moved ? 1 : 0), std::vector(size, std::byte(fill))});
+        const auto at = static_cast<std::size_t>(level.dataOffset) + (moved ? 1 : 0);
+        const Bytes old = std::as_bytes(std::span{old_}).subspan(at, std::min(size, old_.size() - at));
+        record_.levels.push_back({static_cast<std::int64_t>(at), std::vector(size, std::byte(fill))});
+        record_.old.push_back({static_cast<std::int64_t>(at), {old.begin(), old.end()}});
+        record_.old.back().data.resize(size);
         other_ = other_ || moved || larger;
         if (!moved && !larger)
             whole_.replace(static_cast<std::size_t>(level.dataOffset), size, size, static_cast<char>(fill));
@@ -153,7 +190,8 @@ private:
     test::TemporaryFolder folder_;
     std::string journal_ = "program/insertion-1-1.journal";
     JournalRecord record_;
-    std::string before_, whole_;
+    std::string old_, whole_, found_;
+    unsigned foundAs_ = 0;
     unsigned mode_ = 0;  ///< of the archive, when it is found
     bool other_ = false; ///< it is not the one that the journal is of
 };

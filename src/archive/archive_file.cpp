@@ -1,5 +1,7 @@
 #include "archive/archive_file.hpp"
 
+#include "archive/journal_record.hpp"
+
 #include <chrono>
 
 namespace pelrath {
@@ -95,6 +97,12 @@ void ArchiveFile::requireInPlace(const InputFile& file) const {
 }
 
 void ArchiveFile::bringUpToDate(const InputFile& file) { known_.modified = file.identity().modified; }
+
+void ArchiveFile::heedCompletion(const FileIdentity& now, std::uint32_t tables,
+                                 const CddsArchive& catalogue) {
+    const bool isThis = now.sameFile(known_) && now.size == known_.size;
+    if (isThis && tablesChecksum(catalogue) == tables) known_.modified = now.modified;
+}
 
 void ArchiveFile::requireSameState(const FileIdentity& now) const {
     if (!now.sameFile(known_)) refuseAsReplaced(path_);

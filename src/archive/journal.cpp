@@ -3,8 +3,8 @@
 #include "platform/runtime_error.hpp"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
+#include <sstream>
 #include <string_view>
 
 namespace pelrath {
@@ -14,35 +14,35 @@ namespace {
 constexpr std::string_view prefix = "insertion-";
 constexpr std::string_view suffix = ".journal";
 
-void flushNameOf(const std::string& path) {
-    if (!flushFolderOf(path)) throw makeError(ErrorNumber::DeviceIoError, "Journal", path);
+std::string nameOf(const JournalRecord& record) {
+    std::ostringstream name;
+    name << prefix << record.archive.inode << '-' << record.archive.born << '-' << std::hex
+         << pathChecksum(record.archivePath) << suffix;
+    return name.str();
 }
 
 } // namespace
 
-Journal::Journal(const std::string& programFolder, const FileIdentity& archive)
-    : path_(joinPath(programFolder, std::string{prefix} + std::to_string(archive.inode) + "-" +
-                                        std::to_string(archive.born) + std::string{suffix})) {}
+Journal::Journal(const std::string& programFolder, const JournalRecord& record)
+    : path_(joinPath(programFolder, nameOf(record))) {}
 
-void Journal::note(const JournalRecord& record) {
-    if (!noted_ && (fileExists(path_) || folderExists(path_))) {
-        throw RuntimeError{static_cast<int>(ErrorNumber::FileExists), "Journal",
-                           "an earlier insertion into " + record.archivePath +
-                               " was interrupted and has not been completed. Please start the program again, "
-                               "or remove " +
-                               path_ + " to give that insertion up"};
-    }
+void Journal::note(const JournalRecord& record) try {
     const std::vector<std::byte> bytes = encodeJournal(record);
-    const std::array<Bytes, 1> pieces{Bytes{bytes}};
-    replaceFile(path_, pieces, Durability::Flushed);
-    noted_ = true;
-    flushNameOf(path_);
+    const auto naming = file_ ? LockedFile::Naming::Replacing : LockedFile::Naming::Free;
+    file_ = LockedFile::make(path_, bytes, naming);
+} catch (const RuntimeError& error) {
+    if (error.number() != static_cast<int>(ErrorNumber::FileExists)) throw;
+    throw RuntimeError{error.number(), "Journal",
+                       "an earlier insertion into " + record.archivePath +
+                           " was interrupted and has not been completed. Please start the program again, "
+                           "or remove " +
+                           path_ + " to give that insertion up"};
 }
 
 void Journal::remove() {
-    if (!noted_) return;
+    if (!file_) return;
     removeJournal(path_);
-    noted_ = false;
+    file_.reset();
 }
 
 std::vector<std::string> journalsIn(const std::string& programFolder) {
@@ -59,7 +59,7 @@ std::vector<std::string> journalsIn(const std::string& programFolder) {
 
 void removeJournal(const std::string& path) {
     removeFile(path);
-    flushNameOf(path);
+    if (!flushFolderOf(path)) throw makeError(ErrorNumber::DeviceIoError, "Journal", path);
 }
 
 } // namespace pelrath

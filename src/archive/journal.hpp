@@ -1,21 +1,25 @@
 #pragma once
 
 #include "archive/journal_record.hpp"
+#include "platform/locked_file.hpp"
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace pelrath {
 
-/// The journal of insertions into one archive: a file "insertion-INODE-BIRTH.journal" in the program folder
-/// that is there, whole and flushed, from before the first byte or permission of the archive changes until
-/// all have. Whoever writes or heeds it has the archive locked, so that no two meet at it.
+/// The journal of insertions into one archive: a file "insertion-INODE-BIRTH-PATH.journal" in the program
+/// folder, PATH being the CRC-32 of the archive's, that is there, whole and flushed, from before the first
+/// byte or permission of the archive changes until all have. Whoever writes or heeds it has the archive
+/// locked, and the journal itself, so that no two meet at it where but one of the two file systems has locks.
 class Journal {
 public:
-    Journal(const std::string& programFolder, const FileIdentity& archive);
+    /// Of the archive that the record names; nothing is written yet.
+    Journal(const std::string& programFolder, const JournalRecord& record);
 
     /// Puts the record in the place of the last one. The first one fails where an earlier insertion into the
-    /// archive has still not been completed; any fails as replaceFile() does, and then the last one stays.
+    /// archive has still not been completed; any fails where it cannot be on the disk.
     void note(const JournalRecord& record);
     /// Takes it away, if there is one. Fails where it cannot be removed, or may come back.
     void remove();
@@ -25,7 +29,7 @@ public:
 
 private:
     std::string path_;
-    bool noted_ = false;
+    std::optional<LockedFile> file_; // the last record
 };
 
 /// The paths of all journals in the folder, sorted.

@@ -12,7 +12,7 @@ namespace pelrath {
 namespace {
 
 constexpr std::string_view magic = "PELRATHJ";
-constexpr std::uint32_t format = 1;
+constexpr std::uint32_t format = 2;
 
 std::uint32_t checksum(Bytes bytes) {
     return static_cast<std::uint32_t>(
@@ -103,15 +103,15 @@ bool readStart(Reading& in) {
     return ours && in.number<std::uint32_t>() == format;
 }
 
-std::vector<LevelBytes> readLevels(Reading& in) {
-    std::vector<LevelBytes> levels;
+void readLevels(Reading& in, JournalRecord& record) {
     // A wrong count ends with the bytes.
     for (auto count = in.number<std::uint32_t>(); count > 0 && !in.failed(); --count) {
         const auto at = in.number<std::int64_t>();
         const Bytes data = in.counted();
-        levels.push_back({at, {data.begin(), data.end()}});
+        const Bytes old = in.block(data.size());
+        record.levels.push_back({at, {data.begin(), data.end()}});
+        record.old.push_back({at, {old.begin(), old.end()}});
     }
-    return levels;
 }
 
 JournalRecord readFields(Reading& in) {
@@ -121,7 +121,7 @@ JournalRecord readFields(Reading& in) {
     record.archive = readIdentity(in);
     record.tables = in.number<std::uint32_t>();
     record.mode = in.number<std::uint32_t>();
-    record.levels = readLevels(in);
+    readLevels(in, record);
     return record;
 }
 
@@ -143,6 +143,8 @@ std::uint32_t tablesChecksum(const CddsArchive& catalogue) {
     return checksum(out.bytes());
 }
 
+std::uint32_t pathChecksum(const std::string& path) { return checksum(std::as_bytes(std::span{path})); }
+
 std::vector<std::byte> encodeJournal(const JournalRecord& record) {
     Writing out;
     out.block(std::as_bytes(std::span{magic}));
@@ -153,9 +155,10 @@ std::vector<std::byte> encodeJournal(const JournalRecord& record) {
     out.number(record.tables);
     out.number(std::uint32_t{record.mode});
     out.number(static_cast<std::uint32_t>(record.levels.size()));
-    for (const LevelBytes& level : record.levels) {
-        out.number(level.dataOffset);
-        out.counted(level.data);
+    for (std::size_t i = 0; i < record.levels.size(); ++i) {
+        out.number(record.levels[i].dataOffset);
+        out.counted(record.levels[i].data);
+        out.block(record.old.at(i).data);
     }
     out.number(checksum(out.bytes()));
     return out.bytes();

@@ -28,15 +28,19 @@ struct JournalRecord {
     std::uint32_t tables = 0;       ///< tablesChecksum() of its catalogue
     FileMode mode = 0;              ///< the permissions that it has before and is to have afterwards
     std::vector<LevelBytes> levels; ///< none: nothing is to be written, only the permissions have changed
+    std::vector<LevelBytes> old;    ///< the same places before the first write
     bool operator==(const JournalRecord&) const = default;
 };
 
 /// The same for two catalogues whose textures and levels have the same names, types, sizes and places.
 [[nodiscard]] std::uint32_t tablesChecksum(const CddsArchive& catalogue);
 
+[[nodiscard]] std::uint32_t pathChecksum(const std::string& path);
+
 /// The record as it stands in a file: the eight letters "PELRATHJ", the format's number, the fields in the
-/// order above, each number in 32 or 64 bits, little-endian, each text and block behind its length, and
-/// at the end the CRC-32 of all before it.
+/// order above, each number in 32 or 64 bits, little-endian, each text and block behind its length (old bytes
+/// behind the new ones of their level, whose place and length are theirs), and at the end the CRC-32 of all
+/// before it.
 [[nodiscard]] std::vector<std::byte> encodeJournal(const JournalRecord& record);
 
 /// Nothing where the bytes are no whole record, or of another format.

@@ -2,9 +2,9 @@
 
 #include "archive/journal.hpp"
 #include "archive/reader.hpp"
-#include "platform/file_lock.hpp"
 #include "platform/file_mode.hpp"
 #include "platform/file_patch.hpp"
+#include "platform/locked_file.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <algorithm>
@@ -45,9 +45,10 @@ bool isOf(const CddsArchive& catalogue, const LevelBytes& level) {
 }
 
 // Its time of change is of no use: the insertion itself has written. A disk's number can be another at each
-// start of the system.
+// start of the system, and so can inodes where the file system has none of its own; the time of birth says
+// enough then.
 bool isSameFile(const FileIdentity& now, const FileIdentity& before) {
-    return now.inode == before.inode && now.size == before.size && now.born == before.born;
+    return now.size == before.size && now.born == before.born && (now.born != 0 || now.inode == before.inode);
 }
 
 void requireThatOne(const InputFile& archive, const JournalRecord& record) try {
@@ -61,15 +62,54 @@ void requireThatOne(const InputFile& archive, const JournalRecord& record) try {
     throw OtherArchive{};
 }
 
+/// What stands in the places of the levels.
+class Remains {
+public:
+    Remains(const InputFile& archive, const JournalRecord& record) : record_(record), found_(record.old) {
+        for (LevelBytes& level : found_) {
+            archive.readAt(static_cast<std::uint64_t>(level.dataOffset), level.data);
+        }
+    }
+
+    [[nodiscard]] bool areAllOld() const { return found_ == record_.old; }
+    /// True where each byte is an old one or a new one.
+    [[nodiscard]] bool areOfInsertion() const {
+        for (const LevelBytes& level : found_) {
+            for (std::size_t i = 0; i < level.data.size(); ++i) {
+                if (!isKnown(level.dataOffset + static_cast<std::int64_t>(i), level.data[i])) return false;
+            }
+        }
+        return true;
+    }
+
+private:
+    [[nodiscard]] bool isKnown(std::int64_t at, std::byte value) const {
+        return has(record_.levels, at, value) || has(record_.old, at, value);
+    }
+    // Levels may share bytes.
+    static bool has(const std::vector<LevelBytes>& levels, std::int64_t at, std::byte value) {
+        return std::any_of(levels.begin(), levels.end(), [&](const LevelBytes& level) {
+            const std::int64_t i = at - level.dataOffset;
+            return i >= 0 && i < static_cast<std::int64_t>(level.data.size()) &&
+                   level.data[static_cast<std::size_t>(i)] == value;
+        });
+    }
+
+    const JournalRecord& record_;
+    std::vector<LevelBytes> found_;
+};
+
 /// Gives the archive the bytes and the permissions that it was to have.
 class Completion {
 public:
     Completion(const InputFile& archive, const JournalRecord& record)
         : archive_(archive), record_(record), before_(fileMode(archive)) {}
 
-    /// True when permissions that had been changed are back.
-    bool run() {
+    void writeAll() {
         if (!record_.levels.empty()) write();
+    }
+    /// True when permissions that had been changed are back.
+    bool giveModeBack() {
         const bool changed = isReadOnly(record_.mode) && before_ == writable(record_.mode);
         if (changed) setFileMode(archive_, record_.mode);
         return changed;
@@ -115,13 +155,17 @@ public:
     explicit Recovery(const std::string& path) { found_.journal = path; }
 
     std::optional<RecoveredInsertion> run() try {
-        if (!read()) return std::nullopt;
+        const std::optional<LockedFile> journal = LockedFile::find(found_.journal);
+        if (!journal || journal->lock() == LockAnswer::Taken || !read()) return std::nullopt;
         const InputFile archive{record_.archivePath};
         const LockAnswer lock = waitForLock(archive.handle(), LockKind::Exclusive);
         if (lock == LockAnswer::Taken) return std::nullopt;
-        // Whoever had the lock before may have completed it, or begun another.
-        if (!fileExists(found_.journal) || !read()) return std::nullopt;
-        complete(archive);
+        if (lock == LockAnswer::Unknown && journal->lock() == LockAnswer::Unknown) {
+            return kept(
+                "neither its folder nor that of the archive has locks, by which it would show whether "
+                "another copy of the program is still at it");
+        }
+        settle(archive);
         return found_;
     } catch (const RuntimeError& error) {
         return kept(error.description());
@@ -144,19 +188,35 @@ private:
         return true;
     }
 
-    void complete(const InputFile& archive) {
+    void settle(const InputFile& archive) {
         try {
             requireThatOne(archive, record_);
+            complete(archive);
         } catch (const OtherArchive&) {
             if (!record_.levels.empty()) {
                 found_.reason = record_.archivePath + " is another file now, or has been changed";
                 return;
             }
             finish(Outcome::NothingWritten); // and its permissions are none of ours
-            return;
         }
-        found_.readOnlyAgain = Completion{archive, record_}.run();
-        finish(record_.levels.empty() ? Outcome::NothingWritten : Outcome::Completed);
+    }
+
+    void complete(const InputFile& archive) {
+        const bool asIs = record_.levels.empty() || isAsBefore(archive);
+        Completion completion{archive, record_};
+        if (!asIs) completion.writeAll();
+        found_.readOnlyAgain = completion.giveModeBack();
+        found_.archive = archive.identity();
+        found_.tables = record_.tables;
+        finish(asIs ? Outcome::NothingWritten : Outcome::Completed);
+    }
+
+    /// True where somebody has put the old bytes back.
+    bool isAsBefore(const InputFile& archive) {
+        const Remains remains{archive, record_};
+        if (!remains.areOfInsertion()) throw OtherArchive{};
+        const bool touched = archive.identity().statusChanged != record_.archive.statusChanged;
+        return touched && remains.areAllOld();
     }
 
     void finish(Outcome outcome) {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "platform/file_identity.hpp"
+
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -10,7 +13,7 @@ namespace pelrath {
 struct RecoveredInsertion {
     enum class Outcome {
         Completed,      ///< every level has its new bytes
-        NothingWritten, ///< every level has its old bytes
+        NothingWritten, ///< every level has its old bytes, be it that they were put back since
         Kept,           ///< neither can be made sure: the journal stays where it is
     };
 
@@ -21,12 +24,15 @@ struct RecoveredInsertion {
     std::size_t levels = 0;
     bool readOnlyAgain = false; ///< the archive has got the permissions back that it had before
     std::string reason;         ///< of Kept, without a full stop
+    FileIdentity archive;       ///< as it is now, and
+    std::uint32_t tables = 0;   ///< its tablesChecksum(): both of Completed alone
 };
 
 /// Looks for journals in the program folder and brings each archive that one is of into a state of which the
-/// whole insertion or nothing of it is part. An archive that a living program works on is left alone and not
-/// in the answer; so is a journal whose end is missing, which is removed: nothing had been written then.
-/// Never throws.
+/// whole insertion or nothing of it is part. Only what is a mixture of old and new bytes is written over; an
+/// archive that holds anything else by now is somebody else's work, and the journal is kept. An archive that
+/// a living program works on is left alone and not in the answer; so is a journal whose end is missing, which
+/// is removed: nothing had been written then. Never throws.
 [[nodiscard]] std::vector<RecoveredInsertion> recoverInsertions(const std::string& programFolder);
 
 } // namespace pelrath

@@ -5,7 +5,7 @@ namespace pelrath {
 // The order of the fields is the order in which they need one another; a brace list names a concern's
 // controls in the order of its own declaration.
 Main::Main(Session& session, const MainServices& services)
-    : recovery(services.boxes, session.programFolder),
+    : recovery(services.boxes, session),
       disclaimer(session.disclaimerAccepted, services.screen, services.windows),
       folders(services.folderPicker, window),
       transfer(session, {services.boxes, services.windows, services.associations,

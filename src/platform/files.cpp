@@ -167,18 +167,9 @@ void FileReplacement::write(Bytes bytes) {
 
 void FileReplacement::takeOverMode() const {
     struct stat old {};
-    mode_t mode = 0;
-    if (::stat(finalPath_.c_str(), &old) == 0) {
-        mode = old.st_mode & 07777U;
-    } else {
-        const mode_t mask = ::umask(0);
-        ::umask(mask);
-        mode = 0666U & ~mask;
-    }
-    // Some file systems have no modes to set.
-    const bool set =
-        ::fchmod(file_.handle(), mode) == 0 || errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS;
-    if (!set) fail("FileReplacement", finalPath_);
+    const bool exists = ::stat(finalPath_.c_str(), &old) == 0;
+    const int error = exists ? file_.setMode(old.st_mode & 07777U) : file_.takeUsualMode();
+    if (error != 0) throw makeSystemError(error, "FileReplacement", finalPath_);
 }
 
 int FileReplacement::putInPlace() {

@@ -22,6 +22,13 @@ namespace pelrath {
     return FileHandle{::open(path.empty() ? "." : path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
 }
 
+/// A file in it to be locked: where that can be, opened to be written, which locks over a network ask for.
+[[nodiscard]] inline FileHandle openToLock(int folder, const std::string& name) {
+    constexpr int flags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    FileHandle file{::openat(folder, name.c_str(), O_RDWR | flags)};
+    return file ? std::move(file) : FileHandle{::openat(folder, name.c_str(), O_RDONLY | flags)};
+}
+
 /// True for a file or folder that has no name any more.
 [[nodiscard]] inline bool isGone(int handle) {
     struct stat info {};

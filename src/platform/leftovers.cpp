@@ -51,9 +51,7 @@ bool isDead(int handle, int folder, const std::string& name) {
 void removeDeadFiles(int folder, IsOurs isOurs) {
     for (const std::string& name : namesIn(folder, isOurs)) {
         if (!isFileOfUser(folder, name)) continue;
-        constexpr int flags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
-        FileHandle file{::openat(folder, name.c_str(), O_RDWR | flags)}; // what locks over a network ask for
-        if (!file) file = FileHandle{::openat(folder, name.c_str(), O_RDONLY | flags)};
+        const FileHandle file = openToLock(folder, name);
         if (isDead(file.get(), folder, name)) ::unlinkat(folder, name.c_str(), 0);
     }
 }
@@ -87,19 +85,20 @@ bool isBuiltName(std::string_view name) {
     return texture.size() + 1 < width.size() && texture.ends_with('-');
 }
 
-void removeBuiltFiles(int folder) {
-    for (const std::string& name : namesIn(folder, isBuiltName)) {
-        if (isFileOfUser(folder, name)) ::unlinkat(folder, name.c_str(), 0);
-    }
+void removeBuiltFile(int folder, const std::string& name) {
+    if (isFileOfUser(folder, name)) ::unlinkat(folder, name.c_str(), 0);
 }
 
 void clearFolder(const std::string& path) {
     const FileHandle folder = openFolderToRead(path);
     if (!folder) return;
     removeDeadFiles(folder.get(), isHiddenName);
-    // The lock is not taken for nothing: an insertion that begins meanwhile would be refused.
-    const bool any = !namesIn(folder.get(), isBuiltName).empty();
-    if (any && tryLock(folder.get(), LockKind::Exclusive) == LockAnswer::Held) removeBuiltFiles(folder.get());
+    for (const std::string& name : namesIn(folder.get(), isBuiltName)) {
+        // Not for longer than one file takes: an insertion that begins meanwhile waits for the lock.
+        if (tryLock(folder.get(), LockKind::Exclusive) != LockAnswer::Held) return;
+        removeBuiltFile(folder.get(), name);
+        releaseLock(folder.get());
+    }
 }
 
 } // namespace
@@ -109,7 +108,10 @@ void removeHiddenLeftovers(const std::string& folder) {
 }
 
 void removeBuiltLeftovers(const FolderLock& folder) {
-    if (folder.isCertain()) removeBuiltFiles(folder.handle());
+    if (!folder.isCertain()) return;
+    for (const std::string& name : namesIn(folder.handle(), isBuiltName)) {
+        removeBuiltFile(folder.handle(), name);
+    }
 }
 
 void removeTemporaryLeftovers() {

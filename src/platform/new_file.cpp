@@ -122,6 +122,19 @@ int NewFile::settle() const {
     return twin < 0 ? errno : outcome(::close(twin));
 }
 
+int NewFile::takeUsualMode() const {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return setMode(0666U & ~mask);
+}
+
+// Some file systems have no modes to set.
+int NewFile::setMode(unsigned mode) const {
+    const bool set =
+        ::fchmod(file_.get(), mode) == 0 || errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS;
+    return set ? 0 : errno;
+}
+
 bool NewFile::flushFolder() const {
     const FileHandle folder{::openat(folder_.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
     return pelrath::flushFolder(folder);

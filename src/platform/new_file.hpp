@@ -46,6 +46,12 @@ public:
     /// Makes the change of its name last, where the file system lets that be asked for. False when the disk
     /// refused it.
     [[nodiscard]] bool flushFolder() const;
+    /// Gives it these permissions, where the file system has any.
+    [[nodiscard]] int setMode(unsigned mode) const;
+    /// Gives it the permissions that a file has which is made by its name.
+    [[nodiscard]] int takeUsualMode() const;
+    /// The handle, with the lock that a hidden file has; nothing else is to be done with this behind it.
+    [[nodiscard]] FileHandle takeHandle() { return std::move(file_); }
     /// Takes back the name that it was given.
     void dropName(const std::string& name) const { ::unlinkat(folder_.get(), name.c_str(), 0); }
 

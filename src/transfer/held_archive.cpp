@@ -40,20 +40,20 @@ void HeldArchive::note() {
         record_.archivePath = pathFromRoot(session_.archivePath); // it may be read from another folder
         record_.textureName =
             session_.archive.textures.at(static_cast<std::size_t>(session_.selectedTexture)).name;
-        record_.archive = file()->identity();
+        record_.archive = file()->identity(); // for the journal's name
         record_.tables = tablesChecksum(session_.archive);
-        journal_.emplace(session_.programFolder.path(), record_.archive);
+        journal_.emplace(session_.programFolder.path(), record_);
     }
+    record_.archive = file()->identity();
     journal_->note(record_);
 }
 
 void HeldArchive::overwriteLevels(const std::vector<LevelBytes>& levels) {
-    std::vector<LevelBytes> old = levels;
-    for (LevelBytes& level : old) {
+    record_.levels = record_.old = levels;
+    for (LevelBytes& level : record_.old) {
         file()->readAt(static_cast<std::uint64_t>(level.dataOffset), level.data);
     }
     if (!modeNoted_) record_.mode = fileMode(*file());
-    record_.levels = levels;
     std::size_t begun = 0;
     try {
         note();
@@ -63,7 +63,7 @@ void HeldArchive::overwriteLevels(const std::vector<LevelBytes>& levels) {
             overwriteOne(level);
         }
     } catch (...) {
-        putBack(std::span{old}.first(begun));
+        putBack(std::span{record_.old}.first(begun));
         forgetLevels();
         throw;
     }

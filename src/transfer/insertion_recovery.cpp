@@ -37,12 +37,14 @@ std::string textOf(const RecoveredInsertion& one) {
         break;
     case Outcome::NothingWritten:
         // It can also have come to its end, but for the permissions.
-        if (one.readOnlyAgain) {
+        if (one.readOnlyAgain && one.levels == 0) {
             return beginning(one) +
                    ". The archive is read only again now. Where no summary was shown, nothing "
                    "was written: please insert the texture again.";
         }
-        text = beginning(one) + " before anything was written. Please insert the texture again.";
+        text = beginning(one) + (one.levels == 0 ? " before anything was written."
+                                                 : ", and the archive has the old data again.");
+        text += " Please insert the texture again.";
         break;
     }
     return one.readOnlyAgain ? text + " The archive is read only again." : text;
@@ -52,7 +54,9 @@ std::string textOf(const RecoveredInsertion& one) {
 
 void InsertionRecovery::look() {
     std::string text;
-    for (const RecoveredInsertion& one : recoverInsertions(programFolder_.path())) {
+    for (const RecoveredInsertion& one : recoverInsertions(session_.programFolder.path())) {
+        if (one.outcome == Outcome::Completed)
+            session_.archiveFile.heedCompletion(one.archive, one.tables, session_.archive);
         if (one.outcome == Outcome::Kept && !told_.insert(one.journal).second) continue;
         text += (text.empty() ? "" : paragraph) + textOf(one);
     }

@@ -13,8 +13,11 @@ TEST(InterruptedInsertions, AreLookedForAtTheStartAndBeforeAnArchiveIsRead) {
         const CddsArchive catalogue = makeCatalogue(readArchive(archive));
         const LevelBytes level{catalogue.textures[0].mipmaps[0].dataOffset,
                                std::vector<std::byte>(8, std::byte(colour))};
-        Journal{h.folder.path(), archive.identity()}.note(
-            {path, "wall", archive.identity(), tablesChecksum(catalogue), 0644, {level}});
+        LevelBytes old = level;
+        archive.readAt(static_cast<std::uint64_t>(level.dataOffset), old.data);
+        const JournalRecord record{path,    "wall", archive.identity(), tablesChecksum(catalogue), 0644,
+                                   {level}, {old}};
+        Journal{h.folder.path(), record}.note(record);
     };
     const std::string told = "The insertion of the texture \"wall\" into " + path +
                              " was interrupted. It has been completed now: its level has the new data.";

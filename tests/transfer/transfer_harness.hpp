@@ -191,7 +191,7 @@ struct TransferHarness {
     RecordingSign sign;
     Window owner;
     std::function<void()> chooseBazarTempFolder = [] {}, chooseSafeCopyFolder = [] {};
-    InsertionRecovery recovery{boxes, session.programFolder};
+    InsertionRecovery recovery{boxes, session};
     TextureExtractionInsertion dialog;
 };
 
