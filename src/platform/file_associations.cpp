@@ -1,13 +1,13 @@
 #include "platform/file_associations.hpp"
 
 #include "platform/files.hpp"
+#include "platform/glib_owned.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <gio/gdesktopappinfo.h>
 
 #include <cerrno>
 #include <chrono>
-#include <memory>
 
 #include <sys/wait.h>
 
@@ -17,33 +17,20 @@ namespace {
 
 constexpr std::chrono::seconds startingTime{10}; // what ends later has run
 
-struct Unref {
-    void operator()(gpointer object) const { g_object_unref(object); }
-};
-template <class T>
-using Object = std::unique_ptr<T, Unref>;
-
-struct Free {
-    void operator()(gpointer memory) const { g_free(memory); }
-    void operator()(char** words) const { g_strfreev(words); }
-    void operator()(GError* error) const { g_error_free(error); }
-};
-using Text = std::unique_ptr<char, Free>;
-
-Object<GAppInfo> programFor(const std::string& file) {
+GlibObject<GAppInfo> programFor(const std::string& file) {
     // By the extension alone: an empty file's content is of no kind.
     const std::string name = "file." + std::string{fileExtension(file)};
-    const Text type{g_content_type_guess(name.c_str(), nullptr, 0, nullptr)};
+    const GlibOwned<char> type{g_content_type_guess(name.c_str(), nullptr, 0, nullptr)};
     if (g_content_type_is_unknown(type.get()) != FALSE) return nullptr;
-    return Object<GAppInfo>{g_app_info_get_default_for_type(type.get(), FALSE)};
+    return GlibObject<GAppInfo>{g_app_info_get_default_for_type(type.get(), FALSE)};
 }
 
 std::string executableOf(GAppInfo* program) {
     const char* command = g_app_info_get_commandline(program);
     char** split = nullptr;
     if (command == nullptr || g_shell_parse_argv(command, nullptr, &split, nullptr) == FALSE) return {};
-    const std::unique_ptr<char*, Free> words{split};
-    const Text path{g_find_program_in_path(split[0])};
+    const GlibOwned<char*> words{split};
+    const GlibOwned<char> path{g_find_program_in_path(split[0])};
     return path ? path.get() : "";
 }
 
@@ -71,12 +58,11 @@ bool meansNotRun(int exitCode) { return exitCode == 126 || exitCode == 127 || ex
 
 // Of a program that is sent the message: what became of it.
 void awaitAnswer(GAppInfo* program, GList* uris, GError** error) {
-    const std::unique_ptr<GMainContext, decltype(&g_main_context_unref)> events{g_main_context_new(),
-                                                                                &g_main_context_unref};
+    const GlibOwned<GMainContext> events{g_main_context_new()};
     g_main_context_push_thread_default(events.get());
-    Object<GAsyncResult> answer;
+    GlibObject<GAsyncResult> answer;
     const auto take = [](GObject*, GAsyncResult* result, gpointer into) {
-        static_cast<Object<GAsyncResult>*>(into)->reset(G_ASYNC_RESULT(g_object_ref(result)));
+        static_cast<GlibObject<GAsyncResult>*>(into)->reset(G_ASYNC_RESULT(g_object_ref(result)));
     };
     g_app_info_launch_uris_async(program, uris, nullptr, nullptr, take, &answer);
     while (!answer) {
@@ -88,7 +74,7 @@ void awaitAnswer(GAppInfo* program, GList* uris, GError** error) {
 
 // The program's exit code; 0 for any other end.
 int runToTheEnd(GAppInfo* program, GList* uris, GError** error) {
-    const Object<GAppLaunchContext> context{g_app_launch_context_new()};
+    const GlibObject<GAppLaunchContext> context{g_app_launch_context_new()};
     // Started "at time 0", long before anything the user did: for window managers that heed it, and programs
     // that pass it on, the focus stays where it is.
     g_app_launch_context_setenv(context.get(), "DESKTOP_STARTUP_ID", "pelrath_TIME0");
@@ -108,7 +94,7 @@ int runToTheEnd(GAppInfo* program, GList* uris, GError** error) {
 } // namespace
 
 std::string DesktopAssociations::executableFor(const std::string& file) {
-    const Object<GAppInfo> program = programFor(file);
+    const GlibObject<GAppInfo> program = programFor(file);
     if (!program) return {};
     std::string executable = executableOf(program.get());
     if (!executable.empty() || !isStartedByMessage(program.get())) return executable;
@@ -118,11 +104,10 @@ std::string DesktopAssociations::executableFor(const std::string& file) {
 
 // Through its desktop entry, as a sandboxed program has no other way to be started.
 void DesktopAssociations::open(const std::string& file) {
-    const Object<GAppInfo> program = programFor(file);
+    const GlibObject<GAppInfo> program = programFor(file);
     if (!program) throw notStarted(file, "there is none any more");
-    const Text uri{g_filename_to_uri(file.c_str(), nullptr, nullptr)};
-    const std::unique_ptr<GList, decltype(&g_list_free)> uris{g_list_append(nullptr, uri.get()),
-                                                              &g_list_free};
+    const GlibOwned<char> uri{g_filename_to_uri(file.c_str(), nullptr, nullptr)};
+    const GlibOwned<GList> uris{g_list_append(nullptr, uri.get())};
     GError* error = nullptr;
     int ending = 0;
     const auto start = std::chrono::steady_clock::now();
@@ -131,7 +116,7 @@ void DesktopAssociations::open(const std::string& file) {
     } else {
         ending = runToTheEnd(program.get(), uris.get(), &error);
     }
-    const std::unique_ptr<GError, Free> failure{error};
+    const GlibOwned<GError> failure{error};
     if (failure) throw notStarted(file, reasonOf(*failure));
     const bool atOnce = std::chrono::steady_clock::now() - start < startingTime;
     if (atOnce && meansNotRun(ending)) {

@@ -101,29 +101,19 @@ std::string_view parentFolder(std::string_view path) {
     return path.substr(0, slash == 0 ? 1 : slash);
 }
 
-InputFile::InputFile(const std::string& path) : path_(path) {
-    // A pipe in the file's place must not hold the program up.
-    handle_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (handle_ < 0) fail("InputFile", path);
+// A pipe in the file's place must not hold the program up.
+InputFile::InputFile(const std::string& path)
+    : path_(path), file_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    if (!file_) fail("InputFile", path);
     struct stat info {};
-    if (::fstat(handle_, &info) != 0 || !S_ISREG(info.st_mode)) {
-        const int reason = S_ISREG(info.st_mode) ? errno : EISDIR;
-        ::close(handle_);
-        throw makeSystemError(reason, "InputFile", path);
-    }
+    if (::fstat(handle(), &info) != 0) fail("InputFile", path);
+    if (!S_ISREG(info.st_mode)) throw makeSystemError(EISDIR, "InputFile", path);
     size_ = static_cast<std::uint64_t>(info.st_size);
 }
 
-InputFile::~InputFile() {
-    if (handle_ >= 0) ::close(handle_);
-}
-
-InputFile::InputFile(InputFile&& other) noexcept
-    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, -1)), size_(other.size_) {}
-
 FileIdentity InputFile::identity() const {
     struct statx info {};
-    if (::statx(handle_, "", AT_EMPTY_PATH, identifying, &info) != 0) fail("InputFile", path_);
+    if (::statx(handle(), "", AT_EMPTY_PATH, identifying, &info) != 0) fail("InputFile", path_);
     return identityOf(info);
 }
 
@@ -132,7 +122,7 @@ void InputFile::readAt(std::uint64_t offset, std::span<std::byte> into) const {
         throw makeError(ErrorNumber::InputPastEnd, "InputFile", path_);
     }
     while (!into.empty()) {
-        const ssize_t count = ::pread(handle_, into.data(), into.size(), static_cast<off_t>(offset));
+        const ssize_t count = ::pread(handle(), into.data(), into.size(), static_cast<off_t>(offset));
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) fail("InputFile", path_);
         if (count == 0)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/file_handle.hpp"
 #include "platform/file_identity.hpp"
 #include "platform/new_file.hpp"
 
@@ -42,11 +43,6 @@ class InputFile {
 public:
     /// Fails for a missing file, a folder, or a file that cannot be opened.
     explicit InputFile(const std::string& path);
-    ~InputFile();
-    InputFile(InputFile&& other) noexcept;
-    InputFile& operator=(InputFile&&) = delete;
-    InputFile(const InputFile&) = delete;
-    InputFile& operator=(const InputFile&) = delete;
 
     /// Length in bytes when it was opened.
     [[nodiscard]] std::uint64_t size() const { return size_; }
@@ -55,7 +51,7 @@ public:
     /// As it is now.
     [[nodiscard]] FileIdentity identity() const;
     /// The system's handle, for what else of this room works on the very file.
-    [[nodiscard]] int handle() const { return handle_; }
+    [[nodiscard]] int handle() const { return file_.get(); }
 
     /// Fills `into` with the bytes from the 0-based position `offset`. Fails with "Input past end of file"
     /// unless all of them lie inside the file.
@@ -63,7 +59,7 @@ public:
 
 private:
     std::string path_;
-    int handle_ = -1;
+    FileHandle file_;
     std::uint64_t size_ = 0;
 };
 

@@ -3,8 +3,10 @@
 #include "platform/file_handle.hpp"
 
 #include <cerrno>
+#include <memory>
 #include <string>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -28,6 +30,12 @@ namespace pelrath {
     FileHandle file{::openat(folder, name.c_str(), O_RDWR | flags)};
     return file ? std::move(file) : FileHandle{::openat(folder, name.c_str(), O_RDONLY | flags)};
 }
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+/// A folder whose names are being read.
+using FolderReading = std::unique_ptr<DIR, CloseFolder>;
 
 /// True for a file or folder that has no name any more.
 [[nodiscard]] inline bool isGone(int handle) {

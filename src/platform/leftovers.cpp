@@ -8,12 +8,9 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 #include <string_view>
 #include <system_error>
 #include <thread>
-
-#include <dirent.h>
 
 namespace pelrath {
 
@@ -21,14 +18,10 @@ namespace {
 
 using IsOurs = bool (*)(std::string_view name);
 
-struct Closing {
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
-
 std::vector<std::string> namesIn(int folder, IsOurs isOurs) {
     std::vector<std::string> found;
     const int twin = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); // closed with the reading
-    const std::unique_ptr<DIR, Closing> reading{twin < 0 ? nullptr : ::fdopendir(twin)};
+    const FolderReading reading{twin < 0 ? nullptr : ::fdopendir(twin)};
     if (!reading) return found;
     while (const dirent* entry = ::readdir(reading.get())) {
         if (isOurs(entry->d_name)) found.emplace_back(entry->d_name);

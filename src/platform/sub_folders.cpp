@@ -1,20 +1,16 @@
 #include "platform/sub_folders.hpp"
 
+#include "platform/folder_handle.hpp"
+
 #include <cerrno>
-#include <memory>
 #include <string_view>
 
-#include <dirent.h>
 #include <glib.h>
 #include <sys/stat.h>
 
 namespace pelrath {
 
 namespace {
-
-struct Closing {
-    void operator()(DIR* folder) const { ::closedir(folder); }
-};
 
 void add(SubFolders& found, const dirent& entry) {
     const std::string_view name{entry.d_name};
@@ -27,7 +23,7 @@ void add(SubFolders& found, const dirent& entry) {
 
 SubFolders readSubFolders(const std::string& folder) {
     SubFolders found;
-    const std::unique_ptr<DIR, Closing> open{::opendir(folder.c_str())};
+    const FolderReading open{::opendir(folder.c_str())};
     if (!open) {
         found.systemError = errno;
         return found;

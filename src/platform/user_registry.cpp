@@ -1,30 +1,20 @@
 #include "platform/user_registry.hpp"
 
 #include "platform/files.hpp"
+#include "platform/glib_owned.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <array>
-#include <memory>
-
-#include <glib.h>
 
 namespace pelrath {
 
 namespace {
 
-struct Free {
-    void operator()(char* text) const { g_free(text); }
-    void operator()(GKeyFile* file) const { g_key_file_free(file); }
-    void operator()(GError* error) const { g_error_free(error); }
-};
-template <class T>
-using Owned = std::unique_ptr<T, Free>;
-
 // A name of any kind as one that file names, groups and keys may have.
 std::string plainName(const std::string& name) {
-    const Owned<char> valid{g_utf8_make_valid(name.data(), static_cast<gssize>(name.size()))};
-    const Owned<char> folded{g_utf8_casefold(valid.get(), -1)};
-    const Owned<char> escaped{g_uri_escape_string(folded.get(), nullptr, false)};
+    const GlibOwned<char> valid{g_utf8_make_valid(name.data(), static_cast<gssize>(name.size()))};
+    const GlibOwned<char> folded{g_utf8_casefold(valid.get(), -1)};
+    const GlibOwned<char> escaped{g_uri_escape_string(folded.get(), nullptr, false)};
     return std::string{"_"}.append(escaped.get()); // never empty
 }
 
@@ -32,16 +22,16 @@ std::string folderOf() { return joinPath(g_get_user_config_dir(), "pelrath"); }
 
 // An application's name may be a whole path, longer than the name of a file can be.
 std::string pathOf(const std::string& application) {
-    const Owned<char> digest{
+    const GlibOwned<char> digest{
         g_compute_checksum_for_string(G_CHECKSUM_SHA256, plainName(application).c_str(), -1)};
     return joinPath(folderOf(), std::string{digest.get()} + ".settings");
 }
 
-Owned<GKeyFile> load(const std::string& path) {
-    Owned<GKeyFile> file{g_key_file_new()};
+GlibOwned<GKeyFile> load(const std::string& path) {
+    GlibOwned<GKeyFile> file{g_key_file_new()};
     GError* problem = nullptr;
     if (fileExists(path) && !g_key_file_load_from_file(file.get(), path.c_str(), G_KEY_FILE_NONE, &problem)) {
-        const Owned<GError> error{problem};
+        const GlibOwned<GError> error{problem};
         throw makeError(ErrorNumber::DeviceIoError, "UserRegistry", error->message);
     }
     return file;
@@ -51,22 +41,22 @@ Owned<GKeyFile> load(const std::string& path) {
 
 std::optional<std::string> readRegistry(const std::string& application, const std::string& section,
                                         const std::string& key) {
-    const Owned<GKeyFile> file = load(pathOf(application));
-    const Owned<char> escaped{
+    const GlibOwned<GKeyFile> file = load(pathOf(application));
+    const GlibOwned<char> escaped{
         g_key_file_get_string(file.get(), plainName(section).c_str(), plainName(key).c_str(), nullptr)};
     if (!escaped) return std::nullopt;
-    const Owned<char> value{g_uri_unescape_string(escaped.get(), nullptr)};
+    const GlibOwned<char> value{g_uri_unescape_string(escaped.get(), nullptr)};
     return value ? std::string{value.get()} : std::string{};
 }
 
 void writeRegistry(const std::string& application, const std::string& section, const std::string& key,
                    const std::string& value) {
     const std::string path = pathOf(application);
-    const Owned<GKeyFile> file = load(path);
-    const Owned<char> escaped{g_uri_escape_string(value.c_str(), nullptr, true)};
+    const GlibOwned<GKeyFile> file = load(path);
+    const GlibOwned<char> escaped{g_uri_escape_string(value.c_str(), nullptr, true)};
     g_key_file_set_string(file.get(), plainName(section).c_str(), plainName(key).c_str(), escaped.get());
     gsize length = 0;
-    const Owned<char> text{g_key_file_to_data(file.get(), &length, nullptr)};
+    const GlibOwned<char> text{g_key_file_to_data(file.get(), &length, nullptr)};
     if (g_mkdir_with_parents(folderOf().c_str(), 0700) != 0) {
         throw makeError(ErrorNumber::PathFileAccess, "UserRegistry", folderOf());
     }
