@@ -1,4 +1,5 @@
 #include "archive/dds_export.hpp"
+#include "archive/image_file_kind.hpp"
 #include "archive/listing.hpp"
 #include "archive/reader.hpp"
 #include "platform/runtime_error.hpp"
@@ -38,7 +39,7 @@ void use(const Tables& tables, const ArchiveFile& file, std::size_t size) {
     for (std::size_t i = 0; i < archive.textures.size(); ++i) {
         const auto index = static_cast<std::int16_t>(i);
         listing::textureLine(tables.textures[i], index, archive.textures[i].name, line);
-        (void)dds.nativeImageKind(index);
+        (void)nativeImageKind(archive.textures[i]);
         for (const MipmapRecord& level : archive.textures[i].mipmaps) {
             const bool inside =
                 level.dataSize == 0 ||

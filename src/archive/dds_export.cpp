@@ -142,11 +142,4 @@ void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureI
     file.finish(Durability::Flushed);
 }
 
-std::optional<NativeImageKind> DdsExport::nativeImageKind(std::int16_t textureIndex) const {
-    const std::string type = upperCase(texture(textureIndex).fourCC);
-    if (type == "DXT1") return NativeImageKind{"BMP", ImageFileKind::Bmp};
-    if (type == "DXT5") return NativeImageKind{"TGA", ImageFileKind::Tga};
-    return std::nullopt;
-}
-
 } // namespace pelrath

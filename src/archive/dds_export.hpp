@@ -7,9 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 /// DDS files made from an archive's level data, which is copied unchanged. Textures and levels are given by
@@ -21,14 +19,6 @@ inline constexpr std::size_t ddsHeaderSize = 128;
 
 /// The magic and the 124-byte surface description of the published DDS file header.
 using DdsHeader = std::array<std::byte, ddsHeaderSize>;
-
-enum class ImageFileKind { Bmp = 0, Tga = 1, Dds = 2 };
-
-struct NativeImageKind {
-    std::string_view extension; ///< upper case, without a dot
-    ImageFileKind kind;
-    bool operator==(const NativeImageKind&) const = default;
-};
 
 class DdsExport {
 public:
@@ -49,10 +39,6 @@ public:
 
     /// Writes one file of all levels: level 0's header, made a chain's, and the data of each level in order.
     void writeDdsChainFile(const std::string& path, std::int16_t textureIndex) const;
-
-    /// The kind of image file that suits a texture: BMP for DXT1, TGA for DXT5, compared without regard to
-    /// case; nothing for any other type.
-    [[nodiscard]] std::optional<NativeImageKind> nativeImageKind(std::int16_t textureIndex) const;
 
     /// How messages name the texture: its name, quoted, and the archive's path.
     [[nodiscard]] std::string describe(std::int16_t textureIndex) const;

@@ -37,12 +37,11 @@ void HandOff::checkAndOpenDialog() {
 }
 
 bool HandOff::textureIsChosen() {
-    const auto& textures = session_.archive.textures;
-    const auto texture = static_cast<std::size_t>(session_.selectedTexture);
-    const bool chosen = session_.selectedTexture >= 0 && texture < textures.size();
+    const auto textures = static_cast<std::ptrdiff_t>(session_.archive.textures.size());
+    const bool chosen = session_.selectedTexture >= 0 && session_.selectedTexture < textures;
     if (chosen && !session_.selectedBaseName.empty()) return true;
     if (chosen) {
-        boxes_.exclamation("The texture \"" + visibleText(textures[texture].name) +
+        boxes_.exclamation("The texture \"" + visibleText(session_.chosenTexture().name) +
                                "\" has no name in front of its extension, so that no image file can be named "
                                "after it.\r\n\r\nPlease select another texture and try again.",
                            "Pelrath - Texture without a name");

@@ -1,5 +1,6 @@
 #include "mainwindow/texture_choice.hpp"
 
+#include "archive/image_file_kind.hpp"
 #include "mainwindow/main_controls.hpp"
 #include "platform/files.hpp"
 #include "platform/runtime_error.hpp"
@@ -23,10 +24,9 @@ void TextureChoice::showSelectedTexture() {
     if (texture == -1) return;
     c_.incrementalSearchList.setSelected(texture,
                                          true); // its name in the search box completes to this very row
-    session_.selectedBaseName =
-        withoutExtension(session_.archive.textures[static_cast<std::size_t>(texture)].name);
+    session_.selectedBaseName = withoutExtension(session_.chosenTexture().name);
     highlightLevels(texture);
-    if (!dds_.nativeImageKind(texture)) {
+    if (!nativeImageKind(session_.chosenTexture())) {
         c_.Label11.setCaption("Invalid DXT Format");
         c_.Label11.setVisible(true);
         return;
@@ -50,7 +50,7 @@ void TextureChoice::stageAndShow(std::int16_t texture) {
         viewer_.showNothing(); // no other texture's picture under this one's name
         c_.Label11.setCaption("Texture not available !");
         c_.Label11.setVisible(true);
-        const std::string& name = session_.archive.textures[static_cast<std::size_t>(texture)].name;
+        const std::string& name = session_.chosenTexture().name;
         boxes_.exclamation("The texture \"" + visibleText(name) +
                                "\" cannot be shown: " + error.description() + ".",
                            "Pelrath - Texture not available");

@@ -33,6 +33,11 @@ struct Session {
     ApplicationSettings settings; ///< as loaded; what changes meanwhile is put back into it at the close
 
     ViewerState viewer;
+
+    /// One must be chosen.
+    [[nodiscard]] const TextureRecord& chosenTexture() const {
+        return archive.textures.at(static_cast<std::size_t>(selectedTexture));
+    }
 };
 
 } // namespace pelrath

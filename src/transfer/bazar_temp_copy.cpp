@@ -1,5 +1,6 @@
 #include "transfer/bazar_temp_copy.hpp"
 
+#include "archive/image_file_kind.hpp"
 #include "platform/files.hpp"
 #include "platform/leftovers.hpp"
 #include "platform/runtime_error.hpp"
@@ -23,10 +24,10 @@ void BazarTempCopy::store(std::int16_t textureIndex, const std::string& sourcePa
         boxes_.critical("LoadImage " + sourcePath + " error", "StoreCopyInBazarTemp");
         return;
     }
-    if (!chooseType(textureIndex)) return;
+    const TextureRecord& texture = session_.archive.textures.at(static_cast<std::size_t>(textureIndex));
+    if (!chooseType(texture)) return;
     if (!folderExists(session_.settings.bazarTempFolder)) return;
-    const std::string& name =
-        checkedFileName(session_.archive.textures.at(static_cast<std::size_t>(textureIndex)).name);
+    const std::string& name = checkedFileName(texture.name);
     const std::string destination = joinPath(session_.settings.bazarTempFolder, name);
     requireNotTheArchive(destination);
     removeHiddenLeftovers(session_.settings.bazarTempFolder);
@@ -46,9 +47,8 @@ void BazarTempCopy::requireNotTheArchive(const std::string& destination) const {
                     destination + " is the open archive; please choose another Bazar Temp folder");
 }
 
-bool BazarTempCopy::chooseType(std::int16_t textureIndex) {
-    const DdsExport dds{session_.archive, session_.archivePath, session_.archiveFile};
-    const auto native = dds.nativeImageKind(textureIndex);
+bool BazarTempCopy::chooseType(const TextureRecord& texture) {
+    const auto native = nativeImageKind(texture);
     const OutputFileType type =
         native && native->kind == ImageFileKind::Tga ? OutputFileType::Tga : OutputFileType::Bmp;
     return imaging_.facade.setSaveImageOptions(static_cast<std::int32_t>(type), imaging_.options.imageType,

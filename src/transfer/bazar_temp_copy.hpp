@@ -24,7 +24,7 @@ private:
     void store(std::int16_t textureIndex, const std::string& sourcePath, std::string& summary);
     /// Fails where the destination is the archive itself, by whatever link.
     void requireNotTheArchive(const std::string& destination) const;
-    bool chooseType(std::int16_t textureIndex);
+    bool chooseType(const TextureRecord& texture);
     [[nodiscard]] bool mayReplace(const std::string& path, const std::string& name);
 
     MessageBoxes& boxes_;

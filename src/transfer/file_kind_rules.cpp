@@ -1,6 +1,6 @@
 #include "transfer/file_kind_rules.hpp"
 
-#include "archive/dds_export.hpp"
+#include "archive/image_file_kind.hpp"
 
 namespace pelrath {
 
@@ -20,9 +20,7 @@ void FileKindRules::chooseNativeKind() {
         c_.optMipmaps[operation].setEnabled(false);
         c_.optMipmaps[operation].deselect();
     }
-    const DdsExport dds{session_.archive, session_.archivePath, session_.archiveFile};
-    if (const auto native = dds.nativeImageKind(session_.selectedTexture))
-        state_.imageFileKind = native->kind;
+    if (const auto native = nativeImageKind(session_.chosenTexture())) state_.imageFileKind = native->kind;
     if (inserting()) {
         c_.optMipmaps[Single].setEnabled(true);
         c_.optMipmaps[Create].setEnabled(true);

@@ -38,8 +38,7 @@ void HeldArchive::noteMode(FileMode before) {
 void HeldArchive::note() {
     if (!journal_) {
         record_.archivePath = pathFromRoot(session_.archivePath); // it may be read from another folder
-        record_.textureName =
-            session_.archive.textures.at(static_cast<std::size_t>(session_.selectedTexture)).name;
+        record_.textureName = session_.chosenTexture().name;
         record_.archive = file()->identity(); // for the journal's name
         record_.tables = tablesChecksum(session_.archive);
         journal_.emplace(session_.programFolder.path(), record_);

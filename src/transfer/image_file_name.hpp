@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/dds_export.hpp"
+#include "archive/image_file_kind.hpp"
 #include "session/session.hpp"
 
 #include <cstdint>

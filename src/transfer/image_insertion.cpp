@@ -91,8 +91,7 @@ void ImageInsertion::buildAndWrite(ImageFileKind kind, const Choice& choice, Ins
 }
 
 bool ImageInsertion::chooseFormat() {
-    const DdsExport dds{session_.archive, session_.archivePath, session_.archiveFile};
-    const auto native = dds.nativeImageKind(session_.selectedTexture);
+    const auto native = nativeImageKind(session_.chosenTexture());
     const OutputFileType type =
         native && native->kind == ImageFileKind::Bmp ? OutputFileType::DdsDxt1 : OutputFileType::DdsDxt5;
     return imaging_.facade.setSaveImageOptions(static_cast<std::int32_t>(type), imaging_.options.imageType,
@@ -104,8 +103,7 @@ bool ImageInsertion::build(const std::string& path, std::uint32_t image) {
     if (state_.mipmapOperation != Create || filter == bilinearFilter) {
         return builder_.buildWithLibraryChain(path);
     }
-    const auto texture = static_cast<std::size_t>(session_.selectedTexture);
-    return builder_.buildScaled(path, image, session_.archive.textures.at(texture).mipmaps,
+    return builder_.buildScaled(path, image, session_.chosenTexture().mipmaps,
                                 static_cast<std::int16_t>(filter));
 }
 

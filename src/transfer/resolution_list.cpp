@@ -17,8 +17,7 @@ void ResolutionList::fill() {
     constexpr std::size_t width = 7;
     c_.List1.clear();
     std::string line;
-    for (const MipmapRecord& mipmap :
-         session_.archive.textures.at(static_cast<std::size_t>(session_.selectedTexture)).mipmaps) {
+    for (const MipmapRecord& mipmap : session_.chosenTexture().mipmaps) {
         line.clear();
         appendRightAligned(line, std::to_string(mipmap.width), width, 1);
         line += 'x';

@@ -1,6 +1,6 @@
 #include "transfer/set_up.hpp"
 
-#include "archive/dds_export.hpp"
+#include "archive/image_file_kind.hpp"
 
 namespace pelrath {
 
@@ -81,9 +81,8 @@ void SetUp::showParts(bool insertion) {
 }
 
 void SetUp::forTexture() {
-    c_.Text1.setText(session_.archive.textures.at(static_cast<std::size_t>(session_.selectedTexture)).name);
-    const DdsExport dds{session_.archive, session_.archivePath, session_.archiveFile};
-    const auto native = dds.nativeImageKind(session_.selectedTexture);
+    c_.Text1.setText(session_.chosenTexture().name);
+    const auto native = nativeImageKind(session_.chosenTexture());
     c_.optOutFileType[NativeFileType].setCaption(native ? std::string{native->extension} : "");
     resolutions_.selectFirst();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "archive/dds_export.hpp"
+#include "archive/image_file_kind.hpp"
 #include "imaging/image_library_facade.hpp"
 #include "imaging/save_image_options.hpp"
 #include "platform/message_boxes.hpp"

@@ -83,12 +83,9 @@ void TextureExtractionInsertion::extract() {
 }
 
 bool TextureExtractionInsertion::typeIsKnown() {
-    const DdsExport dds{session_.archive, session_.archivePath, session_.archiveFile};
-    if (dds.nativeImageKind(session_.selectedTexture)) return true;
-    const TextureRecord& texture =
-        session_.archive.textures[static_cast<std::size_t>(session_.selectedTexture)];
+    if (nativeImageKind(session_.chosenTexture())) return true;
     boxes_.exclamation(
-        "Textures of the type \"" + visibleText(texture.fourCC) +
+        "Textures of the type \"" + visibleText(session_.chosenTexture().fourCC) +
             "\" can be neither extracted nor inserted.\r\n\r\nPlease choose a DXT1 or DXT5 texture.",
         "Pelrath - Texture type not supported");
     return false;

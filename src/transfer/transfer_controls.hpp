@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/dds_export.hpp"
+#include "archive/image_file_kind.hpp"
 #include "controls/check_box.hpp"
 #include "controls/check_list_box.hpp"
 #include "controls/control.hpp"
