@@ -25,7 +25,7 @@ public:
     TextBox Text1;                         // the commitment
     std::array<CommandButton, 2> Command1; // accept, refuse
     OptionGroup<2> Option1;                // French, English
-    PictureBox Image1;
+    PictureBox Image1;                     // the picture at the left
 
 private:
     void load();

@@ -36,11 +36,11 @@ public:
     void show();
 
     Window window;
-    Label Label1;
-    TextBox selectedFolder;
+    Label Label1;                            // what the folder is for
+    TextBox selectedFolder;                  // its path, to be typed or browsed for
     CommandButton cmdGetExtractInsertFolder; // browses
-    CommandButton cmdOK;
-    CommandButton cmdCancel;
+    CommandButton cmdOK;                     // takes it
+    CommandButton cmdCancel;                 // leaves what a browse has taken
 
 private:
     void Form_Load();

@@ -43,41 +43,41 @@ struct TransferControls {
 
     Window window;
 
-    Label Label1; // "Texture Name : "
-    TextBox Text1;
+    Label Label1;  // "Texture Name : "
+    TextBox Text1; // the texture's name
 
-    Frame FileFormat;
-    OptionGroup<2> optOutFileType;
+    Frame FileFormat;              // holds the choice of the file kind
+    OptionGroup<2> optOutFileType; // by FileTypeOption
 
-    Frame Mipmaps;
-    PictureBox Picture1; // holds the mipmap options
-    OptionGroup<4> optMipmaps;
-    Label lblFilter;
-    DropDownList lstScaleFilter;
+    Frame Mipmaps;               // holds the choice of the operation
+    PictureBox Picture1;         // holds the mipmap options
+    OptionGroup<4> optMipmaps;   // by MipmapOperation
+    Label lblFilter;             // "Filter :"
+    DropDownList lstScaleFilter; // the filters with which levels are made
 
-    Frame OptionsFrame; // the resolutions
-    CheckListBox List1;
-    CommandButton cmdSelAllResolution;
-    CommandButton cmdSelNoneResolution;
+    Frame OptionsFrame;                 // holds the resolutions
+    CheckListBox List1;                 // the levels, and which are marked
+    CommandButton cmdSelAllResolution;  // marks all
+    CommandButton cmdSelNoneResolution; // marks none
 
     // Of an extraction.
-    Frame extractOptionsFrame;
-    CheckBox chkLaunchEditor;
-    CheckBox chkOverwriteExistingFiles;
+    Frame extractOptionsFrame;          // holds the next two
+    CheckBox chkLaunchEditor;           // the file is handed to the editor
+    CheckBox chkOverwriteExistingFiles; // whatever stands there is replaced
 
     // Of an insertion.
-    Frame destinationFrame;
-    std::array<CheckBox, 2> chkDestination;
-    CheckBox chkSaveCdds;
-    TextBox txtCDDSBackupFolder;
-    CommandButton cmdGetCDDSBackupFolder; // "..." beside it
-    TextBox txtbazarTempFolder;
-    CommandButton cmdGetBazarTempFolder; // "..." beside it
-    Label lblWarningTgaInsert;
+    Frame destinationFrame;                 // holds the rest of them
+    std::array<CheckBox, 2> chkDestination; // by Destination
+    CheckBox chkSaveCdds;                   // a safe copy is made before
+    TextBox txtCDDSBackupFolder;            // where that goes
+    CommandButton cmdGetCDDSBackupFolder;   // "..." beside it
+    TextBox txtbazarTempFolder;             // where loose files go
+    CommandButton cmdGetBazarTempFolder;    // "..." beside it
+    Label lblWarningTgaInsert;              // of what an inserted TGA may do
 
-    CommandButton cmdExtractInsert;
-    CommandButton cmdQuit;
-    TextBox ExtractSummary;
+    CommandButton cmdExtractInsert; // the action
+    CommandButton cmdQuit;          // closes the dialog
+    TextBox ExtractSummary;         // what was done
 };
 
 } // namespace pelrath
