@@ -6,8 +6,6 @@
 namespace pelrath::test {
 namespace {
 
-using Names = std::vector<std::string>;
-
 struct DdsExportTest : testing::Test {
     void open(const std::string& type, const std::vector<LevelPlan>& levels,
               const std::map<std::int32_t, std::int32_t>& patches = {}) {
@@ -40,13 +38,13 @@ TEST_F(DdsExportTest, LevelsAndChains) {
     const std::string chain =
         bytesOf("44445320 d124 07100A00 d4 d8 d64 d0 d3 44*00 d32 d4 44585435 20*00 08104000 16*00");
     EXPECT_TRUE(folder.read("out.dds") == chain + top + below + below);
-    EXPECT_EQ(folder.names(), (Names{"a.cdds", "out.dds"}));
+    EXPECT_EQ(folder.list(), "a.cdds out.dds");
 }
 
 TEST_F(DdsExportTest, FailsWithoutTouchingWhatIsThere) {
     open("DXT1", {{4, 2, ""}, {64, 64, std::string(4096, 'x')}});
     (void)folder.write("out.dds", "before");
-    std::filesystem::create_directory(folder.file("folder.dds"));
+    folder.makeFolder("folder.dds");
     // The file, texture, level and how the failure begins.
     const std::tuple<const char*, int, int, std::string> cases[] = {
         {"out.dds", 0, 0, "5 the level of 4 x 2 has no data in " + path + ". Please choose another"},
@@ -79,7 +77,7 @@ TEST_F(DdsExportTest, FailsWithoutTouchingWhatIsThere) {
     open("DXT1", std::vector<LevelPlan>(3000, {64, 64, "", 0}), sizes);
     EXPECT_EQ(failureOfChain(), 6);
     EXPECT_EQ(folder.read("out.dds"), "before");
-    EXPECT_EQ(folder.names(), (Names{"a.cdds", "folder.dds", "out.dds"}));
+    EXPECT_EQ(folder.list(), "a.cdds folder.dds out.dds");
 }
 
 } // namespace

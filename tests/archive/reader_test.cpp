@@ -1,24 +1,27 @@
-#include "archive/reader.hpp"
-
+#include "archive/archive_file.hpp"
 #include "archive_builder.hpp"
-#include "platform/runtime_error.hpp"
 #include "support/temporary_folder.hpp"
 
 namespace pelrath::test {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr CddsType bothLayouts[] = {CddsType::Type0C, CddsType::TypeCdds};
 
-CddsArchive readBytes(const std::string& bytes) {
+/// Of a file that goes on with zeros up to the size, where one is given.
+CddsArchive readBytes(const std::string& bytes, std::uintmax_t size = 0) {
     const TemporaryFolder folder;
-    const ArchiveContents contents = readArchive(InputFile{folder.write("a.cdds", bytes)});
+    const std::string path = folder.write("a.cdds", bytes);
+    if (size > 0) fs::resize_file(path, size);
+    const ArchiveContents contents = readArchive(InputFile{path});
     EXPECT_FALSE(std::holds_alternative<NotAnArchive>(contents));
     return makeCatalogue(contents);
 }
 
-std::string damageOf(const std::string& bytes) {
+std::string damageOf(const std::string& bytes, std::uintmax_t size = 0) {
     try {
-        (void)readBytes(bytes);
+        (void)readBytes(bytes, size);
     } catch (const DamagedArchive& damage) {
         return damage.what();
     }
@@ -133,13 +136,66 @@ TEST(Reader, RefusesDamageWithItsReason) {
     }
 }
 
-TEST(Reader, CountsLevelsOverAllTextures) {
-    // 40 textures that share one table of 1000 levels: more levels than can be, in a small file.
-    const TexturePlan many{"m", "DXT1", std::vector<LevelPlan>(1000, {1, 1, ""}), 60000};
-    ArchiveBuilder builder{CddsType::Type0C, std::vector(32, many)};
-    EXPECT_EQ(readBytes(builder.build()).totalMipmapCount, 32000);
-    builder.textures.assign(40, many);
-    EXPECT_NE(damageOf(builder.build()).find("Texture 33"), std::string::npos);
+TEST(Reader, TakesWhatSixteenAndThirtyOneBitsCanCount) {
+    // Textures that share one table of 217 levels: as many levels as can be, in a small file.
+    const TexturePlan many{"m", "DXT1", std::vector<LevelPlan>(217, {1, 1, ""}), 60000};
+    ArchiveBuilder builder{CddsType::Type0C, std::vector(151, many)};
+    EXPECT_EQ(readBytes(builder.build()).totalMipmapCount, 32767);
+    builder.textures.push_back({"one", "DXT1", {{1, 1, ""}}});
+    EXPECT_NE(damageOf(builder.build()).find("Texture 152"), std::string::npos);
+    builder.textures.assign(32767, {"t", "DXT1", {}});
+    EXPECT_EQ(readBytes(builder.build()).textures.size(), 32767U);
+    // A table that begins in front of the last position and ends behind it, in a file of three gigabytes.
+    builder.textures.assign(1, {"m", "DXT1", {{1, 1, ""}, {1, 1, ""}}, 1000});
+    builder.patches = {{88, 0x7FFFFFF8 - 88}};
+    EXPECT_NE(damageOf(builder.build(), 3'000'000'000).find("goes beyond any archive (at 2147483656)"),
+              std::string::npos);
+}
+
+TEST(ArchiveFileInUse, IsTheOneThatWasReadAndNoOther) {
+    const TemporaryFolder folder;
+    ArchiveBuilder builder{CddsType::TypeCdds, {{"a.bmp", "DXT1", {{4, 4, "12345678"}}}}};
+    const std::string bytes = builder.build(), path = folder.file("a.cdds");
+    builder.textures[0].name = "b.bmp";
+    const auto writes = [&](const std::string& content, int secondsLater = 0) {
+        return [&folder, &path, content, secondsLater] {
+            const auto before = fs::last_write_time(path);
+            (void)folder.write("a.cdds", content);
+            fs::last_write_time(path, before + std::chrono::seconds{secondsLater});
+        };
+    };
+    const auto twinComes = [&] {
+        fs::last_write_time(folder.write("twin", bytes), fs::last_write_time(path));
+        fs::rename(folder.file("twin"), path);
+    };
+    const char* const changed = "has been changed by another";
+    const char* const replaced = "another file has taken the place of ";
+    // What happens to it behind the read, and the words of the refusal; null: it is still the one.
+    const std::tuple<const char*, std::function<void()>, const char*> cases[] = {
+        {"nothing", [] {}, nullptr},
+        {"other permissions", [&] { fs::permissions(path, fs::perms::owner_read); }, nullptr},
+        {"moved and back", [&] { fs::rename(path, folder.file("b")), fs::rename(folder.file("b"), path); },
+         nullptr},
+        {"the same tables at the same time", writes(bytes.substr(0, bytes.size() - 1) + "9"), nullptr},
+        {"other tables at the same time", writes(builder.build()), changed},
+        {"no archive at the same time", writes(std::string(bytes.size(), 'x')), changed},
+        {"longer at the same time", writes(bytes + "x"), changed},
+        {"written at another time", writes(bytes, 1), changed},
+        {"a twin in its place", twinComes, replaced},
+        {"a folder in its place", [&] { fs::remove(path), fs::create_directory(path); }, replaced},
+        {"removed", [&] { fs::remove(path); }, "has been removed or renamed"},
+    };
+    for (const auto& [name, happens, words] : cases) {
+        fs::remove_all(path);
+        const InputFile opened{folder.write("a.cdds", bytes)};
+        const ArchiveFile file{opened};
+        const CddsArchive catalogue = makeCatalogue(readArchive(opened));
+        happens();
+        const std::string toRead = failureOf([&] { (void)file.open(path, catalogue); }).description();
+        EXPECT_EQ(failureOf([&] { file.requireTables(opened, catalogue); }).description(), toRead) << name;
+        EXPECT_NE(toRead.find(words == nullptr ? "no failure" : words), std::string::npos) << name << toRead;
+        EXPECT_EQ(toRead.find(path) == std::string::npos, words == nullptr) << name;
+    }
 }
 
 } // namespace

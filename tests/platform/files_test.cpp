@@ -1,15 +1,16 @@
 #include "platform/file_mode.hpp"
-#include "platform/files.hpp"
-
+#include "platform/file_patch.hpp"
+#include "platform/full_path.hpp"
+#include "platform/sub_folders.hpp"
 #include "support/temporary_folder.hpp"
 
 #include <cerrno>
-
-#include <sys/stat.h>
-#include <unistd.h>
+#include <cstring>
 
 namespace pelrath::test {
 namespace {
+
+Bytes raw(const std::string& text) { return std::as_bytes(std::span{text}); }
 
 TEST(Files, PathsAreTakenApartAndPutTogether) {
     EXPECT_EQ(row(joinPath("/a", "b"), joinPath("/a/", "b"), joinPath("/", "b"), joinPath("", "b")),
@@ -35,36 +36,47 @@ TEST(Files, ReadsOnlyInsideTheFile) {
         EXPECT_EQ(failure.number(), number) << offset;
         EXPECT_TRUE(number != 0 || bytes == digits.substr(offset, count)) << offset;
     }
-    EXPECT_EQ(truncate(folder.file("f").c_str(), 4), 0); // shrinks while it is open
+    std::filesystem::resize_file(folder.file("f"), 4); // shrinks while it is open
     std::array<std::byte, 10> all{};
     EXPECT_THROW(file.readAt(0, all), RuntimeError);
-    ASSERT_EQ(mkfifo(folder.file("pipe").c_str(), 0600), 0);
+    folder.makePipe("pipe");
     EXPECT_THROW(InputFile{folder.file("pipe")}, RuntimeError);
 }
 
 TEST(Files, ReplacingKeepsTheOldPermissions) {
     const TemporaryFolder folder;
-    const std::string path = folder.write("f", "old and longer");
-    ASSERT_EQ(chmod(path.c_str(), 0640), 0);
-    const std::string text = "new";
-    const std::array<Bytes, 2> pieces{std::as_bytes(std::span{text}), std::as_bytes(std::span{text})};
+    const std::string path = folder.write("f", "old and longer"), text = "new";
+    folder.permit("f", 0640);
+    const std::array<Bytes, 2> pieces{raw(text), raw(text)};
     replaceFile(path, pieces, Durability::Flushed);
-    EXPECT_EQ(folder.read("f"), "newnew");
-    EXPECT_EQ(fileMode(InputFile{path}), 0640U);
+    EXPECT_EQ(row(folder.read("f"), fileMode(InputFile{path})), row("newnew", 0640));
     std::filesystem::create_symlink("f", folder.file("link")); // leads to the file that is meant
     replaceFile(folder.file("link"), std::span{pieces}.first(1), Durability::Scratch);
     EXPECT_EQ(row(std::filesystem::is_symlink(folder.file("link")), folder.read("f")), "true, new");
-    std::filesystem::remove(folder.file("link"));
-    ASSERT_EQ(mkfifo(folder.file("pipe").c_str(), 0600), 0);
+    folder.makePipe("pipe");
     EXPECT_THROW(replaceFile(folder.file("pipe"), pieces, Durability::Scratch), RuntimeError);
-    std::filesystem::remove(folder.file("pipe"));
     // A name as long as the system allows leaves no room for anything appended to it.
     const std::string longest = folder.file(std::string(255, 'n'));
     replaceFile(longest, pieces, Durability::Scratch);
     EXPECT_TRUE(fileExists(longest));
     removeFile(longest);
     removeFile(longest); // gone already
-    EXPECT_EQ(folder.names(), std::vector<std::string>{"f"});
+    EXPECT_EQ(folder.list(), "f link pipe");
+}
+
+TEST(Files, OverwritingChangesTheGivenBytesOfTheOpenedFileAndNothingElse) {
+    const TemporaryFolder folder;
+    const std::string file = folder.write("a", "0123456789");
+    std::filesystem::create_symlink(file, folder.file("link"));
+    std::filesystem::create_hard_link(file, folder.file("twin"));
+    const InputFile opened{folder.file("link")};
+    overwrite(opened, 3, raw("abc"));
+    for (const std::uint64_t beyond : {std::uint64_t{8}, ~std::uint64_t{0}}) {
+        EXPECT_EQ(failureOf([&] { overwrite(opened, beyond, raw("ABC")); }).number(), 62);
+    }
+    std::filesystem::rename(folder.write("b", "of another"), file);
+    overwrite(opened, 9, raw("z"));
+    EXPECT_EQ(row(folder.read("twin"), folder.read("a")), "012abc678z, of another");
 }
 
 TEST(RuntimeErrors, NumbersAndSentences) {
@@ -80,6 +92,48 @@ TEST(RuntimeErrors, NumbersAndSentences) {
         const RuntimeError error = makeSystemError(system, "s", "p");
         EXPECT_EQ(row(error.number(), error.source(), error.description()), expected) << system;
     }
+    EXPECT_EQ(systemMessage(EACCES), std::strerror(EACCES));
+}
+
+TEST(Folders, PathsAreResolvedByTheirLetters) {
+    const std::string e = "\u00E9";
+    // As it is given, where from, and what it means; no path: too long.
+    const std::array<std::string, 3> cases[] = {
+        {"/", "", "/"},
+        {"//a///b/", "", "/a/b"},
+        {"/a/./b/../c/.", "", "/a/c"},
+        {"/../../a", "", "/a"},
+        {"/a/..", "", "/"},
+        {"/...", "", "/..."},
+        {"b c/" + e, "/a", "/a/b c/" + e},
+        {"../b", "/a", "/b"},
+        {".", "/a", "/a"},
+        {"~", "/a", "/a/~"},
+        {"/" + std::string(258, 'x') + e, "", "/" + std::string(258, 'x') + e},
+        {"/" + std::string(260, 'x'), "", ""},
+        {"/../" + std::string(259, 'x') + "/.//", "", "/" + std::string(259, 'x')}};
+    for (const auto& [path, from, expected] : cases) {
+        const FullPath full = fullPath(path, from);
+        EXPECT_EQ(row(full.path, full.systemError), row(expected, expected.empty() ? ENAMETOOLONG : 0))
+            << path;
+    }
+    const auto before = std::filesystem::current_path();
+    EXPECT_EQ(fullPath("x").path, before.string() + "/x");
+    EXPECT_EQ(fullPath("").systemError, ENOENT);
+    {
+        const TemporaryFolder gone;
+        std::filesystem::current_path(gone.path());
+    }
+    EXPECT_EQ(row(fullPath("x").systemError, fullPath("/x").path), row(ENOENT, "/x"));
+    std::filesystem::current_path(before);
+}
+
+TEST(Folders, TellWhyTheyCannotBeReadOrMade) {
+    const TemporaryFolder folder;
+    const std::string file = folder.write("file", "");
+    EXPECT_EQ(row(readSubFolders(file).systemError, readSubFolders(folder.file("none")).systemError),
+              row(ENOTDIR, ENOENT));
+    EXPECT_EQ(row(makeFolder(file), makeFolder(folder.file("a/b"))), row(EEXIST, ENOENT));
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 #include "support/refusals.hpp"
 #include "support/temporary_folder.hpp"
 
+#include <functional>
+#include <list>
 #include <thread>
 
 namespace pelrath::test {
@@ -41,45 +43,44 @@ const Disk disks[] = {
     {"keeps a hidden name once", {{Call::NamelessFile, EISDIR}, {Call::Remove, EIO, 0, 1}}, nullptr, nullptr},
 };
 
-class Refusals {
-public:
+struct Refusals : std::list<Refusal> {
     explicit Refusals(const std::vector<RefusedCall>& calls) {
         for (const RefusedCall& call : calls) {
-            refusals_.push_back(std::make_unique<Refusal>(call.call, call.error, call.spared, call.times));
+            emplace_back(call.call, call.error, call.spared, call.times);
         }
     }
-
-private:
-    std::vector<std::unique_ptr<Refusal>> refusals_;
 };
 
-void expectFailure(const RuntimeError& failure, const char* words, const char* disk) {
+/// The work ends with the words, where there are any, while such calls are refused.
+void expectFailure(const Disk& disk, const char* words, const std::function<void()>& work) {
+    const RuntimeError failure = failureOf([&] {
+        const Refusals refusals{disk.refused};
+        work();
+    });
     EXPECT_NE(failure.description().find(words == nullptr ? "no failure" : words), std::string::npos)
-        << disk << ": " << failure.description();
+        << disk.kind << ": " << failure.description();
 }
 
 TEST(CopyOfAFile, IsWholeUnderAFreeNameOrNotThereAtAll) {
     for (const Disk& disk : disks) {
         const TemporaryFolder folder;
         const std::string file = folder.write("a", "content"), taken = folder.write("a-0", "another's");
-        fs::permissions(file, fs::perms::owner_read);
-        const RuntimeError failure = failureOf([&] {
-            const Refusals refusals{disk.refused};
+        folder.permit("a", 0400);
+        expectFailure(disk, disk.copying, [&] {
             FileCopy copy{InputFile{file}, folder.path(), {}};
             EXPECT_FALSE(copy.takeName(taken)) << disk.kind;
             EXPECT_TRUE(copy.takeName(folder.file("a-1"))) << disk.kind;
         });
-        expectFailure(failure, disk.copying, disk.kind);
         EXPECT_EQ(row(folder.read("a-0"), folder.read("a-1"), folder.names().size()),
                   disk.copying == nullptr ? "another's, content, 3" : "another's, , 2")
             << disk.kind;
-        EXPECT_TRUE(disk.copying != nullptr || fileMode(InputFile{folder.file("a-1")}) == 0400U) << disk.kind;
+        EXPECT_TRUE(disk.copying != nullptr || folder.permitted("a-1") == 0400) << disk.kind;
     }
     const TemporaryFolder folder;
     const RuntimeError noFolder = failureOf([&] {
         const FileCopy copy{InputFile{folder.write("a", "x")}, folder.file("missing"), {}};
     });
-    EXPECT_EQ(noFolder.number(), static_cast<int>(ErrorNumber::FileNotFound));
+    EXPECT_EQ(noFolder.number(), 53);
 }
 
 TEST(ReplacedFiles, AreTheOldOnesOrTheNewOnes) {
@@ -87,19 +88,16 @@ TEST(ReplacedFiles, AreTheOldOnesOrTheNewOnes) {
     const std::array<Bytes, 1> pieces{std::as_bytes(std::span{text})};
     for (const Disk& disk : disks) {
         const TemporaryFolder folder;
-        const std::string path = folder.write("old", "old content");
-        fs::permissions(path, fs::perms{0640});
+        (void)folder.write("old", "old content");
+        folder.permit("old", 0640);
         for (const char* name : {"old", "none"}) {
-            const RuntimeError failure = failureOf([&] {
-                const Refusals refusals{disk.refused};
-                replaceFile(folder.file(name), pieces, Durability::Flushed);
-            });
-            expectFailure(failure, disk.replacing, disk.kind);
+            expectFailure(disk, disk.replacing,
+                          [&] { replaceFile(folder.file(name), pieces, Durability::Flushed); });
         }
         EXPECT_EQ(row(folder.read("old"), folder.read("none"), folder.names().size()),
                   disk.replacing == nullptr ? "new, new, 2" : "old content, , 1")
             << disk.kind;
-        EXPECT_EQ(fileMode(InputFile{path}), 0640U) << disk.kind;
+        EXPECT_EQ(folder.permitted("old"), 0640U) << disk.kind;
     }
 }
 
@@ -143,7 +141,7 @@ TEST(ReadOnlyFiles, AreToldFromThoseThatNobodyHereCanWrite) {
         {0604, {{Call::OpenToWrite, EACCES}, {Call::OpenAsOwner, EPERM}}, " belongs to another user"},
         {0600, {{Call::OpenToWrite, EACCES}}, " may not be written by rules"}};
     for (const auto& [mode, refused, why] : cases) {
-        fs::permissions(path, fs::perms{mode});
+        folder.permit("a", mode);
         const Refusals refusals{refused};
         const std::string said = whyNotWritable(InputFile{path});
         EXPECT_TRUE(*why == '\0' ? said.empty() : said.starts_with(path + why)) << said;
@@ -152,7 +150,7 @@ TEST(ReadOnlyFiles, AreToldFromThoseThatNobodyHereCanWrite) {
 
 TEST(FileForAWhile, IsGoneBeforeAndAfter) {
     const TemporaryFolder folder;
-    fs::create_directory(folder.file("in"));
+    folder.makeFolder("in");
     (void)folder.write("in/a", "old");
     {
         const ScratchFile scratch{folder.file("in/a")};
@@ -162,7 +160,7 @@ TEST(FileForAWhile, IsGoneBeforeAndAfter) {
     }
     EXPECT_TRUE(folder.names("moved").empty());
     ScratchFile told{folder.file("moved/b")};
-    fs::create_directory(folder.file("moved/b"));
+    folder.makeFolder("moved/b");
     EXPECT_NE(failureOf([&] { told.remove(); }).description().find("by hand: " + told.path()),
               std::string::npos);
 }

@@ -8,6 +8,7 @@
 #include <fstream>
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace pelrath::test {
 
@@ -40,6 +41,19 @@ public:
         std::ifstream in{file(name), std::ios::binary};
         return {std::istreambuf_iterator<char>{in}, {}};
     }
+    void makeFolder(const std::string& name) const { std::filesystem::create_directories(file(name)); }
+    /// What nobody can open without waiting.
+    void makePipe(const std::string& name) const { mkfifo(file(name).c_str(), 0600); }
+    /// A file, or a folder with all that is in it.
+    void remove(const std::string& name) const { std::filesystem::remove_all(file(name)); }
+    /// Not true for a link that leads nowhere.
+    [[nodiscard]] bool has(const std::string& name) const { return std::filesystem::exists(file(name)); }
+    void permit(const std::string& name, unsigned bits) const {
+        std::filesystem::permissions(file(name), std::filesystem::perms{bits});
+    }
+    [[nodiscard]] unsigned permitted(const std::string& name) const {
+        return static_cast<unsigned>(std::filesystem::status(file(name)).permissions());
+    }
     /// The names in it, or in a folder inside it, sorted.
     [[nodiscard]] std::vector<std::string> names(const std::string& inside = ".") const {
         std::vector<std::string> found;
@@ -48,6 +62,14 @@ public:
         }
         std::sort(found.begin(), found.end());
         return found;
+    }
+    /// The same as one text, with blanks between them.
+    [[nodiscard]] std::string list(const std::string& inside = ".") const {
+        std::string text;
+        for (const std::string& name : names(inside)) {
+            text += (text.empty() ? "" : " ") + name;
+        }
+        return text;
     }
 
 private:
