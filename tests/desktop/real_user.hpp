@@ -14,6 +14,7 @@ struct RealUser : testing::Test {
     /// Runs it with the user doing what was scripted.
     void runFor(
         const std::function<void()>& program, const std::function<void()>& end = [] {}) {
+        ASSERT_EQ(user.missed(), ""); // nobody would end it
         user.onGivingUp = [end] {
             if (QWidget* open = QApplication::activeModalWidget()) open->close();
             end();
