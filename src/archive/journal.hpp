@@ -16,10 +16,11 @@ namespace pelrath {
 class Journal {
 public:
     /// Of the archive that the record names; nothing is written yet.
-    Journal(const std::string& programFolder, const JournalRecord& record);
+    Journal(std::string programFolder, const JournalRecord& record);
 
     /// Puts the record in the place of the last one. The first one fails where an earlier insertion into the
-    /// archive has still not been completed; any fails where it cannot be on the disk.
+    /// archive, by this path or another, is still under way or has not been completed. Any fails where it
+    /// cannot be on the disk, and may be there all the same: remove() is to follow.
     void note(const JournalRecord& record);
     /// Takes it away, if there is one. Fails where it cannot be removed, or may come back.
     void remove();
@@ -28,12 +29,18 @@ public:
     [[nodiscard]] const std::string& path() const { return path_; }
 
 private:
+    void requireNoOther(const JournalRecord& record) const;
+
+    std::string folder_;
     std::string path_;
     std::optional<LockedFile> file_; // the last record
 };
 
 /// The paths of all journals in the folder, sorted.
 [[nodiscard]] std::vector<std::string> journalsIn(const std::string& programFolder);
+
+/// Nothing where its end is missing. Fails where it is damaged, or cannot be read.
+[[nodiscard]] std::optional<JournalRecord> readJournal(const std::string& path);
 
 /// Takes a journal away, flushed. Fails as removeFile() does, and where the disk refuses the flush.
 void removeJournal(const std::string& path);

@@ -1,5 +1,6 @@
 #include "archive/journal_record.hpp"
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 #include <type_traits>
@@ -13,6 +14,7 @@ namespace {
 
 constexpr std::string_view magic = "PELRATHJ";
 constexpr std::uint32_t format = 2;
+constexpr std::size_t startSize = 24;
 
 std::uint32_t checksum(Bytes bytes) {
     return static_cast<std::uint32_t>(
@@ -21,6 +23,8 @@ std::uint32_t checksum(Bytes bytes) {
 
 class Writing {
 public:
+    void expect(std::size_t size) { bytes_.reserve(size); }
+
     template <class Number>
     void number(Number value) {
         static_assert(std::is_integral_v<Number>);
@@ -34,6 +38,7 @@ public:
     void text(std::string_view text) { counted(std::as_bytes(std::span{text})); }
 
     [[nodiscard]] const std::vector<std::byte>& bytes() const { return bytes_; }
+    [[nodiscard]] std::vector<std::byte> take() { return std::move(bytes_); }
 
 private:
     std::vector<std::byte> bytes_;
@@ -96,11 +101,22 @@ FileIdentity readIdentity(Reading& in) {
     return identity;
 }
 
-/// False where it is no journal of this format, or fails.
-bool readStart(Reading& in) {
-    const Bytes letters = in.block(magic.size());
-    const bool ours = !letters.empty() && std::memcmp(letters.data(), magic.data(), magic.size()) == 0;
-    return ours && in.number<std::uint32_t>() == format;
+void writeStart(Writing& out, std::uint64_t size) {
+    out.block(std::as_bytes(std::span{magic}));
+    out.number(format);
+    out.number(size);
+    out.number(checksum(out.bytes()));
+}
+
+/// The length of the whole record; nothing where this is no start of one of this format.
+std::optional<std::uint64_t> readStart(Reading& in, Bytes bytes) {
+    (void)in.block(magic.size() + sizeof format);
+    const auto size = in.number<std::uint64_t>();
+    (void)in.number<std::uint32_t>();
+    if (in.failed()) return std::nullopt;
+    Writing start;
+    writeStart(start, size);
+    return std::ranges::equal(start.bytes(), bytes.first(startSize)) ? std::optional{size} : std::nullopt;
 }
 
 void readLevels(Reading& in, JournalRecord& record) {
@@ -125,6 +141,20 @@ JournalRecord readFields(Reading& in) {
     return record;
 }
 
+void writeFields(Writing& out, const JournalRecord& record) {
+    out.text(record.archivePath);
+    out.text(record.textureName);
+    write(out, record.archive);
+    out.number(record.tables);
+    out.number(std::uint32_t{record.mode});
+    out.number(static_cast<std::uint32_t>(record.levels.size()));
+    for (std::size_t i = 0; i < record.levels.size(); ++i) {
+        out.number(record.levels[i].dataOffset);
+        out.counted(record.levels[i].data);
+        out.block(record.old.at(i).data);
+    }
+}
+
 } // namespace
 
 std::uint32_t tablesChecksum(const CddsArchive& catalogue) {
@@ -146,27 +176,19 @@ std::uint32_t tablesChecksum(const CddsArchive& catalogue) {
 std::uint32_t pathChecksum(const std::string& path) { return checksum(std::as_bytes(std::span{path})); }
 
 std::vector<std::byte> encodeJournal(const JournalRecord& record) {
+    Writing fields;
+    writeFields(fields, record);
     Writing out;
-    out.block(std::as_bytes(std::span{magic}));
-    out.number(format);
-    out.text(record.archivePath);
-    out.text(record.textureName);
-    write(out, record.archive);
-    out.number(record.tables);
-    out.number(std::uint32_t{record.mode});
-    out.number(static_cast<std::uint32_t>(record.levels.size()));
-    for (std::size_t i = 0; i < record.levels.size(); ++i) {
-        out.number(record.levels[i].dataOffset);
-        out.counted(record.levels[i].data);
-        out.block(record.old.at(i).data);
-    }
+    const std::size_t size = startSize + fields.bytes().size() + sizeof(std::uint32_t);
+    out.expect(size);
+    writeStart(out, size);
+    out.block(fields.bytes());
     out.number(checksum(out.bytes()));
-    return out.bytes();
+    return out.take();
 }
-
 std::optional<JournalRecord> decodeJournal(Bytes bytes) {
     Reading in{bytes};
-    if (!readStart(in)) return std::nullopt;
+    if (readStart(in, bytes) != bytes.size()) return std::nullopt;
     JournalRecord record = readFields(in);
     const std::size_t summed = bytes.size() - in.left();
     const bool whole = in.number<std::uint32_t>() == checksum(bytes.first(summed)) && in.atEnd();
@@ -174,11 +196,14 @@ std::optional<JournalRecord> decodeJournal(Bytes bytes) {
 }
 
 bool isCutShort(Bytes bytes) {
+    if (bytes.size() < startSize) {
+        const auto letters = std::as_bytes(std::span{magic});
+        const std::size_t known = std::min(bytes.size(), letters.size());
+        return std::ranges::equal(bytes.first(known), letters.first(known));
+    }
     Reading in{bytes};
-    if (!readStart(in)) return in.failed();
-    (void)readFields(in);
-    (void)in.number<std::uint32_t>();
-    return in.failed();
+    const auto size = readStart(in, bytes);
+    return size && bytes.size() < *size;
 }
 
 } // namespace pelrath

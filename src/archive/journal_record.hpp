@@ -37,10 +37,11 @@ struct JournalRecord {
 
 [[nodiscard]] std::uint32_t pathChecksum(const std::string& path);
 
-/// The record as it stands in a file: the eight letters "PELRATHJ", the format's number, the fields in the
-/// order above, each number in 32 or 64 bits, little-endian, each text and block behind its length (old bytes
-/// behind the new ones of their level, whose place and length are theirs), and at the end the CRC-32 of all
-/// before it.
+/// The record as it stands in a file: the eight letters "PELRATHJ", the format's number, the length of it all
+/// and the CRC-32 of these three, which tell a record without its end from a damaged one; then the fields in
+/// the order above, each number in 32 or 64 bits, little-endian, each text and block behind its length (old
+/// bytes behind the new ones of their level, whose place and length are theirs), and at the end the CRC-32 of
+/// all before it.
 [[nodiscard]] std::vector<std::byte> encodeJournal(const JournalRecord& record);
 
 /// Nothing where the bytes are no whole record, or of another format.

@@ -19,20 +19,6 @@ using Outcome = RecoveredInsertion::Outcome;
 /// The archive is not, or no longer, the one that the journal is of.
 class OtherArchive : public std::exception {};
 
-/// Nothing where its end is missing.
-std::optional<JournalRecord> readJournal(const std::string& path) {
-    const InputFile file{path};
-    std::vector<std::byte> bytes(static_cast<std::size_t>(file.size()));
-    file.readAt(0, bytes);
-    std::optional<JournalRecord> record = decodeJournal(bytes);
-    // It was whole before anything was written, so that the archive may be torn.
-    if (!record && !isCutShort(bytes)) {
-        throw RuntimeError{static_cast<int>(ErrorNumber::PathFileAccess), "readJournal",
-                           "its journal is damaged, or was written by another version of the program"};
-    }
-    return record;
-}
-
 bool isOf(const CddsArchive& catalogue, const LevelBytes& level) {
     const auto same = [&](const MipmapRecord& record) {
         return record.dataOffset == level.dataOffset &&
@@ -65,9 +51,9 @@ void requireThatOne(const InputFile& archive, const JournalRecord& record) try {
 /// What stands in the places of the levels.
 class Remains {
 public:
-    Remains(const InputFile& archive, const JournalRecord& record) : record_(record), found_(record.old) {
-        for (LevelBytes& level : found_) {
-            archive.readAt(static_cast<std::uint64_t>(level.dataOffset), level.data);
+    Remains(const InputFile& archive, const JournalRecord& record) : record_(record) {
+        for (const LevelBytes& level : record.old) {
+            read(archive, level);
         }
     }
 
@@ -83,6 +69,13 @@ public:
     }
 
 private:
+    // What cannot be read was torn inside one of the disk's sectors: writing over it mends that.
+    void read(const InputFile& archive, LevelBytes level) try {
+        archive.readAt(static_cast<std::uint64_t>(level.dataOffset), level.data);
+        found_.push_back(std::move(level));
+    } catch (const RuntimeError& error) {
+        if (error.number() != static_cast<int>(ErrorNumber::DeviceIoError)) throw;
+    }
     [[nodiscard]] bool isKnown(std::int64_t at, std::byte value) const {
         return has(record_.levels, at, value) || has(record_.old, at, value);
     }
@@ -216,12 +209,17 @@ private:
         const Remains remains{archive, record_};
         if (!remains.areOfInsertion()) throw OtherArchive{};
         const bool touched = archive.identity().statusChanged != record_.archive.statusChanged;
-        return touched && remains.areAllOld();
+        return touched && remains.areAllOld() && record_.old != record_.levels;
     }
 
+    // One that comes back after a power cut is heeded again, which changes nothing any more.
     void finish(Outcome outcome) {
-        removeJournal(found_.journal);
         found_.outcome = outcome;
+        try {
+            removeJournal(found_.journal);
+        } catch (const RuntimeError& error) {
+            if (fileExists(found_.journal)) found_.reason = error.description();
+        }
     }
 
     RecoveredInsertion kept(const std::string& reason) {

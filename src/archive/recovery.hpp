@@ -23,7 +23,7 @@ struct RecoveredInsertion {
     std::string textureName; ///< both empty where the journal itself cannot be read
     std::size_t levels = 0;
     bool readOnlyAgain = false; ///< the archive has got the permissions back that it had before
-    std::string reason;         ///< of Kept, without a full stop
+    std::string reason;         ///< why the journal is still there, without a full stop
     FileIdentity archive;       ///< as it is now, and
     std::uint32_t tables = 0;   ///< its tablesChecksum(): both of Completed alone
 };

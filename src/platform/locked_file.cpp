@@ -48,11 +48,6 @@ LockedFile LockedFile::make(const std::string& path, Bytes content, Naming namin
     const std::string name{fileName(path)};
     const int error = naming == Naming::Free ? nameFreely(file, path) : file.replace(name);
     if (error != 0) fail(error, path);
-    if (!file.flushFolder()) {
-        // What was replaced is gone; the new one stays, whatever its name is after a power cut.
-        if (naming == Naming::Free) file.dropName(name);
-        fail(EIO, path);
-    }
     return {file.takeHandle(), LockAnswer::Held};
 }
 

@@ -14,9 +14,9 @@ class LockedFile {
 public:
     enum class Naming { Free, Replacing };
 
-    /// Makes it; it is whole and flushed, and so is its folder, once it has the name. Free: fails with
-    /// FileExists where anything has that name. Replacing: any file that has it goes. Nothing stays of one
-    /// that fails.
+    /// Makes it; it is whole and flushed once it has the name, which is the caller's to flush. Free: fails
+    /// with FileExists where anything has that name. Replacing: any file that has it goes. Nothing stays of
+    /// one that fails.
     [[nodiscard]] static LockedFile make(const std::string& path, Bytes content, Naming naming);
 
     /// Opens the file of that name and waits half a second for its lock. Nothing where there is none, or none

@@ -21,33 +21,37 @@ std::string beginning(const RecoveredInsertion& one) {
 }
 
 std::string kept(const RecoveredInsertion& one) {
+    const std::string rest =
+        "Please set that right and start the program again, or remove that file to give the insertion up.";
+    if (one.levels == 0 && !one.archivePath.empty()) {
+        return beginning(one) + " and cannot be ended: " + one.reason + "." + paragraph +
+               "Nothing is to be written any more, but the archive may have to be made read only again, as " +
+               one.journal + " says. " + rest;
+    }
     return beginning(one) + " and cannot be completed: " + one.reason + "." + paragraph +
-           "What was to be written is kept in " + one.journal +
-           ". Please set that right and start the program again, or remove that file to give the insertion "
-           "up.";
+           "What was to be written is kept in " + one.journal + ". " + rest;
+}
+
+std::string nothingWritten(const RecoveredInsertion& one) {
+    const std::string again = one.readOnlyAgain ? " The archive is read only again now." : "";
+    if (one.levels == 0) {
+        // It can also have come to its end, but for the permissions.
+        return beginning(one) + "." + again +
+               " Where no summary was shown, nothing was written: please insert the texture again.";
+    }
+    return beginning(one) + ", and the archive has the old data. Please insert the texture again." + again;
 }
 
 std::string textOf(const RecoveredInsertion& one) {
-    std::string text;
-    switch (one.outcome) {
-    case Outcome::Kept:
-        return kept(one);
-    case Outcome::Completed:
-        text = beginning(one) + ". It has been completed now: " + levelsOf(one) + " the new data.";
-        break;
-    case Outcome::NothingWritten:
-        // It can also have come to its end, but for the permissions.
-        if (one.readOnlyAgain && one.levels == 0) {
-            return beginning(one) +
-                   ". The archive is read only again now. Where no summary was shown, nothing "
-                   "was written: please insert the texture again.";
-        }
-        text = beginning(one) + (one.levels == 0 ? " before anything was written."
-                                                 : ", and the archive has the old data again.");
-        text += " Please insert the texture again.";
-        break;
+    if (one.outcome == Outcome::Kept) return kept(one);
+    std::string text = nothingWritten(one);
+    if (one.outcome == Outcome::Completed) {
+        text = beginning(one) + ". It has been completed now: " + levelsOf(one) + " the new data." +
+               (one.readOnlyAgain ? " The archive is read only again." : "");
     }
-    return one.readOnlyAgain ? text + " The archive is read only again." : text;
+    if (one.reason.empty()) return text;
+    return text + paragraph + "Its journal " + one.journal + " could not be removed: " + one.reason +
+           ". Please remove it.";
 }
 
 } // namespace
@@ -57,6 +61,7 @@ void InsertionRecovery::look() {
     for (const RecoveredInsertion& one : recoverInsertions(session_.programFolder.path())) {
         if (one.outcome == Outcome::Completed)
             session_.archiveFile.heedCompletion(one.archive, one.tables, session_.archive);
+        if (one.outcome != Outcome::Kept) told_.erase(one.journal);
         if (one.outcome == Outcome::Kept && !told_.insert(one.journal).second) continue;
         text += (text.empty() ? "" : paragraph) + textOf(one);
     }
