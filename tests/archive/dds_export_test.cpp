@@ -1,5 +1,6 @@
 #include "archive/dds_export.hpp"
 
+#include "archive/image_file_kind.hpp"
 #include "archive_builder.hpp"
 #include "support/temporary_folder.hpp"
 
@@ -39,6 +40,7 @@ TEST_F(DdsExportTest, LevelsAndChains) {
         bytesOf("44445320 d124 07100A00 d4 d8 d64 d0 d3 44*00 d32 d4 44585435 20*00 08104000 16*00");
     EXPECT_TRUE(folder.read("out.dds") == chain + top + below + below);
     EXPECT_EQ(folder.list(), "a.cdds out.dds");
+    EXPECT_EQ(nativeImageKind(archive.textures[0]), (NativeImageKind{"TGA", ImageFileKind::Tga}));
 }
 
 TEST_F(DdsExportTest, FailsWithoutTouchingWhatIsThere) {
