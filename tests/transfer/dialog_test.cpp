@@ -24,36 +24,34 @@ TEST_F(Dialog, ShowsTheTextureAndWhatTheModeNeeds) {
     open({CddsType::TypeCdds, {{"caf\xE9.tga", "DXT5", {{256, 128, "x"}, {12345678, 1, "x"}}}}});
     session.settings.bazarTempFolder = "/bazar";
     session.settings.cddsBackupFolder = "/safe";
-    const std::pair<DialogMode, const char*> cases[] = {
-        {in,
-         "Texture Insertion, Input file format, Mipmap insertion, Insert, false, false, true, true, true"},
-        {out,
-         "Texture Extraction, Output file format, Mipmap extraction, Extract, true, true, false, false, false"}};
-    for (const auto& [mode, expected] : cases) {
-        show(mode, [&, expected = expected] {
+    const std::tuple<DialogMode, const char*, bool> cases[] = {
+        {in, "Texture Insertion, Input file format, Mipmap insertion, Insert", true},
+        {out, "Texture Extraction, Output file format, Mipmap extraction, Extract", false}};
+    for (const auto& [mode, captions, insertion] : cases) {
+        show(mode, [&, captions = captions, insertion = insertion] {
             EXPECT_EQ(row(dialog.window.caption(), dialog.FileFormat.caption(), dialog.Mipmaps.caption(),
-                          dialog.cmdExtractInsert.caption(), dialog.extractOptionsFrame.visible(),
-                          dialog.chkLaunchEditor.visible(), dialog.destinationFrame.visible(),
-                          dialog.optMipmaps[Create].visible(), dialog.lblFilter.visible()),
-                      expected);
+                          dialog.cmdExtractInsert.caption()),
+                      captions);
+            for (const Control* part : std::initializer_list<const Control*>{
+                     &dialog.destinationFrame, &dialog.optMipmaps[Create], &dialog.lblFilter}) {
+                EXPECT_EQ(part->visible(), insertion);
+            }
+            EXPECT_EQ(row(dialog.extractOptionsFrame.visible(), dialog.chkLaunchEditor.visible()),
+                      row(!insertion, !insertion));
             EXPECT_EQ(row(dialog.Text1.text(), dialog.List1.line(0), dialog.List1.line(1)),
                       "caf\u00E9.tga,     256 x    128 , 12345678 x      1 ");
-            EXPECT_FALSE(dialog.chkOverwriteExistingFiles.checked() && mode == out);
-            act({overwriting});
+            EXPECT_FALSE(dialog.chkOverwriteExistingFiles.checked() && !insertion);
+            act({overwriting, launching});
             const Box& box = dialog.window.box();
             EXPECT_EQ(row(box.left + box.width / 2, box.top + box.height / 2), "11000, 9500");
         });
     }
     show(in, [&] {
         EXPECT_EQ(row(dialog.chkDestination[ToArchive].checked(), dialog.chkSaveCdds.checked(),
-                      dialog.txtCDDSBackupFolder.text(), dialog.chkDestination[ToBazarTemp].checked(),
+                      dialog.txtCDDSBackupFolder.text(), dialog.chkLaunchEditor.checked(),
                       dialog.txtbazarTempFolder.text(), dialog.lstScaleFilter.lines().at(2),
                       dialog.lstScaleFilter.lines().size(), dialog.lstScaleFilter.selectedRow()),
                   "true, true, /safe, false, /bazar, Bilinear filter, 9, 2");
-        act({notIntoArchive});
-        EXPECT_FALSE(dialog.chkSaveCdds.checked());
-        dialog.chkDestination[ToArchive].setChecked(true);
-        EXPECT_TRUE(dialog.chkSaveCdds.checked());
     });
 }
 
@@ -79,53 +77,49 @@ TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
     open({CddsType::TypeCdds, {chainOf("wall.bmp", "DXT1", 2, 2)}});
     std::string& target = session.settings.bazarTempFolder;
     const std::string here = folder.path(), none = "Invalid Bazar Temporary Folder";
+    const auto shown = [this] {
+        return row(dialog.chkDestination[ToBazarTemp].checked(), dialog.txtbazarTempFolder.text());
+    };
     // The folder before, the user's answer, how often it is asked for, whether it is wanted then, what is
     // shown.
     const std::tuple<std::string, std::string, int, bool, std::string> cases[] = {
         {"", "", 1, false, none}, {folder.file("gone"), here, 1, true, here}, {here, "", 0, true, here}};
-    for (const auto& [before, answer, times, wanted, shown] : cases) {
+    for (const auto& [before, answer, times, wanted, text] : cases) {
         target = before;
         int asked = 0;
         chooseBazarTempFolder = [&, &answer = answer] {
             ++asked;
             EXPECT_EQ(row(target, dialog.txtbazarTempFolder.text()), ", " + none);
             target = answer;
-            dialog.window.activated.emit(); // as the other dialog's close does
+            dialog.window.activated.emit(); // as the other dialog's close does: nothing is set up again
         };
-        show(in, [&, &wanted = wanted, &shown = shown] {
+        show(in, [&, &wanted = wanted, &text = text] {
             act({external, unmark(1), intoBazarTemp});
-            EXPECT_EQ(row(dialog.chkDestination[ToBazarTemp].checked(), dialog.txtbazarTempFolder.text()),
-                      row(wanted, shown));
+            EXPECT_EQ(shown(), row(wanted, text));
             EXPECT_TRUE(dialog.optMipmaps[External].selected() && !dialog.List1.isChecked(1));
         });
         EXPECT_EQ(asked, times);
     }
-    // The button beside it asks at once, and only while the folder counts.
-    chooseSafeCopyFolder = [&] { session.settings.cddsBackupFolder = "/safe"; };
-    chooseBazarTempFolder = [&] {
-        target = target.empty() ? "/new" : "";
+    // The buttons beside the folders ask at once.
+    chooseBazarTempFolder = [&] { target = target.empty() ? "/new" : ""; };
+    chooseSafeCopyFolder = [this] {
+        session.settings.cddsBackupFolder = "/safe";
         dialog.window.activated.emit();
     };
     show(in, [&] {
-        act({intoBazarTemp});
+        act({single, intoBazarTemp});
+        dialog.cmdGetCDDSBackupFolder.press();
+        EXPECT_EQ(row(dialog.txtCDDSBackupFolder.text(), dialog.optMipmaps.selectedIndex()), "/safe, 0");
         for (const char* expected : {"false, ", "false, /new"}) {
             dialog.cmdGetBazarTempFolder.press();
-            EXPECT_EQ(row(dialog.chkDestination[ToBazarTemp].checked(), dialog.txtbazarTempFolder.text()),
-                      expected);
+            EXPECT_EQ(shown(), expected);
         }
-        dialog.cmdGetCDDSBackupFolder.press();
-        act({images});
-        EXPECT_FALSE(dialog.cmdGetBazarTempFolder.enabled());
-        act({ddsFiles});
-        EXPECT_EQ(row(dialog.txtbazarTempFolder.text(), dialog.txtCDDSBackupFolder.text(),
-                      dialog.cmdGetBazarTempFolder.enabled()),
-                  "/new, /safe, true");
-        target = folder.path();
+        target = here;
         act({intoBazarTemp});
         target.clear();
     });
     chooseBazarTempFolder = [] { ADD_FAILURE() << "the reset asks nothing"; };
-    show(in, [&] { EXPECT_FALSE(dialog.chkDestination[ToBazarTemp].checked()); });
+    show(in, [&] { EXPECT_EQ(shown(), "false, "); });
 }
 
 TEST_F(Dialog, RefusesTypesThatItCannotHandle) {

@@ -10,8 +10,7 @@ struct Extraction : testing::Test, TransferHarness {
     static std::string extracted(int count) { return std::to_string(count) + " file(s) extracted."; }
     /// An archive of one texture of 8 x 8, and nothing extracted yet.
     void begin(const std::string& name, const std::string& type) {
-        fs::remove_all(folder.file("out"));
-        fs::create_directory(folder.file("out"));
+        folder.remove("out"), folder.makeFolder("out");
         open({CddsType::TypeCdds, {chainOf(name, type, 8, 8)}});
     }
 };
@@ -24,16 +23,12 @@ TEST_F(Extraction, WritesTheChosenFilesAndSaysSo) {
         "out/w-8x8.dds written|out/w-4x4.dds not overwritten.|out/w-2x2.dds written|";
     // Type, file in the folder before, steps, what is said of the files and their number, files afterwards.
     const std::tuple<const char*, std::string, Steps, std::string, int, const char*> cases[] = {
-        {"DXT1", "", {}, "out/w-8x8.dds written|", 1, "w-8x8.dds"},
-        {"DXT1", "", {mark(2)}, "out/w-2x2.dds written|", 1, "w-2x2.dds"},
         {"DXT1", "", {noLevel}, "", 0, ""},
         {"DXT1", "w-8x8.dds", {}, "out/w-8x8.dds not overwritten.|", 0, "w-8x8.dds"},
         {"DXT1", "w-8x8.dds", {overwriting}, "out/w-8x8.dds overwritten.|", 1, "w-8x8.dds"},
         {"DXT1", "w-8x8.dds", {inAThirdState}, "out/w-8x8.dds|", 1, "w-8x8.dds"},
-        {"DXT1", "", {embedded, overwriting}, "out/w-8x8.dds written|", 1, "w-8x8.dds"},
         {"DXT5", "w-4x4.dds", {external, unmark(3)}, allButOne, 2, "w-2x2.dds w-4x4.dds w-8x8.dds"},
         {"DXT5", "", {images, mark(3)}, "out/w-1x1.tga written|", 1, "w-1x1.tga"},
-        {"DXT5", "w-8x8.tga", {images}, "out/w-8x8.tga not overwritten.|", 0, "w-8x8.tga"},
         {"DXT1", "w-8x8.bmp", {images, overwriting}, "out/w-8x8.bmp overwritten.|", 1, "w-8x8.bmp"},
         {"DXT1", "", {images, noLevel}, "No mipmap selected.|", 0, ""},
         {"DXT1", "", {mark(3), run, images}, "out/w-8x8.bmp written|", 1, "w-1x1.dds w-8x8.bmp"},
@@ -98,11 +93,10 @@ TEST_F(Extraction, AFailureIsToldAndLeavesNothingHalfWritten) {
         }
         EXPECT_EQ(files(), "");
     }
-    const auto folderInPlaceOf = [this](const char* name) {
-        return [=, this] { fs::create_directory(folder.file(name)); };
-    };
+    const auto folderInPlaceOf = [this](const char* name) { return [=, this] { folder.makeFolder(name); }; };
     const auto readOnlyFile = [this] {
-        fs::permissions(folder.write("out/w-8x8.dds", "old"), fs::perms::owner_read);
+        (void)folder.write("out/w-8x8.dds", "old");
+        folder.permit("out/w-8x8.dds", 0400);
     };
     const auto noArchive = [this] { fs::remove(session.archivePath); };
     const std::string one = "out/w-8x8.dds written|" + extracted(1);

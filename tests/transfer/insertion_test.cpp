@@ -22,44 +22,35 @@ std::string bitmapOf(int side, const std::string& pixels) {
     return "BM" + bytesOf("d0 d0 d54 d40" + sides + " w1 w24 d0 d0 d0 d0 d0 d0 " + pixels);
 }
 
-/// Archives that differ in where the second texture's levels are: behind one another, with gaps and out of
-/// order, in front of the tables, and shared with another texture.
-std::vector<ArchiveBuilder> arrangements() {
-    std::vector<ArchiveBuilder> all;
-    for (const CddsType type : {cdds, CddsType::Type0C}) {
-        const ArchiveBuilder plain{
-            type, {chainOf("other.bmp", "DXT1", 8, 8, blue, yellow), chainOf("wall.tga", "DXT5", 12, 6)}};
-        ArchiveBuilder scattered = plain, dataFirst = plain, shared = plain;
-        std::int32_t at = 4000;
-        for (LevelPlan& level : scattered.textures[1].levels) {
+// What is put back of levels one by one is replayed in fuzz/dialog_fuzz.cpp.
+TEST(Insertion, PutsBackWhatWasExtractedByteForByteWhereverItLies) {
+    const auto scatter = [](ArchiveBuilder& builder) {
+        for (std::int32_t at = 4000; LevelPlan & level : builder.textures[1].levels) {
             level.at = at -= 300;
         }
-        dataFirst.order = ArchiveBuilder::Order::DataFirst;
-        shared.textures[1].levels[0].at = 2000;
-        shared.textures.push_back({"shared.tga", "DXT5", {shared.textures[1].levels[0]}});
-        all.insert(all.end(), {plain, scattered, dataFirst, shared});
-    }
-    return all;
-}
-
-TEST(Insertion, PutsBackWhatWasExtractedByteForByte) {
-    const std::tuple<Steps, std::optional<std::size_t>, const char*> cases[] = {
-        {{embedded}, {}, "out/wall-12x6.dds inserted.|4 Mipmap(s) inserted.|"},
-        {{single}, 0, "out/wall-12x6.dds inserted.|1 mipmap(s) inserted.|"},
-        {{external},
-         {},
-         "out/wall-12x6.dds inserted.|out/wall-6x3.dds inserted.|out/wall-3x1.dds inserted.|out/wall-1x1.dds inserted.|4 mipmap(s) inserted.|"}};
-    for (const ArchiveBuilder& builder : arrangements()) {
-        for (const auto& [steps, level, lines] : cases) {
-            TransferHarness h{builder};
-            h.choose(1);
-            const std::string before = h.archive();
-            h.extract(steps);
-            // Other data in the levels' places, so that what is put back can be seen.
-            const std::string blank = h.outside(before, level);
-            h.rewrite(blank);
-            EXPECT_EQ(h.insert(steps), copyLine(0) + lines);
-            EXPECT_TRUE(h.archive() == before && h.folder.read("copies/a-0.cdds") == blank) << lines;
+    };
+    const auto share = [](ArchiveBuilder& builder) {
+        builder.textures[1].levels[0].at = 2000;
+        builder.textures.push_back({"shared.tga", "DXT5", {builder.textures[1].levels[0]}});
+    };
+    const auto inFront = [](ArchiveBuilder& b) { b.order = ArchiveBuilder::Order::DataFirst; };
+    const std::function<void(ArchiveBuilder&)> arrangements[] = {scatter, share, inFront};
+    for (const CddsType type : {cdds, CddsType::Type0C}) {
+        for (const auto& arrange : arrangements) {
+            ArchiveBuilder builder{type, {chainOf("a", "DXT1", 8, 8), chainOf("wall", "DXT5", 12, 6)}};
+            arrange(builder);
+            for (const bool second : {false, true}) {
+                TransferHarness h{builder};
+                h.choose(second ? 1 : 0);
+                const std::string before = h.archive();
+                h.extract({embedded});
+                // Other data in the levels' places, so that what is put back can be seen.
+                const std::string blank = h.outside(before);
+                h.rewrite(blank);
+                EXPECT_EQ(h.insert({embedded}),
+                          copyLine(0) + "out/" + h.files() + " inserted.|4 Mipmap(s) inserted.|");
+                EXPECT_TRUE(h.archive() == before && h.folder.read("copies/a-0.cdds") == blank) << second;
+            }
         }
     }
 }
@@ -130,10 +121,7 @@ struct TroubledInsertion : testing::Test, TransferHarness {
         (void)folder.write("out/" + name, bytes);
     }
     void remove(const std::string& name) const { fs::remove(folder.file("out/" + name)); }
-    void permit(unsigned bits) const { fs::permissions(path, fs::perms{bits}); }
-    [[nodiscard]] unsigned permitted(const char* name = "a.cdds") const {
-        return static_cast<unsigned>(fs::status(folder.file(name)).permissions());
-    }
+    void permit(unsigned bits) const { folder.permit("a.cdds", bits); }
 
     const std::string chain = std::string(128, 'h') + "xxxxxxxxyyyyyyyyzzzzzzzz",
                       path = folder.file("a.cdds");
@@ -142,9 +130,7 @@ struct TroubledInsertion : testing::Test, TransferHarness {
 
 TEST_F(TroubledInsertion, WorksWhereItsWorkingFilesCannotBeInTheProgramFolder) {
     const TemporaryFilesIn own{folder.file("own")};
-    for (const char* name : {"program/tmp1.dds", "program/tmp2.dds"}) {
-        fs::create_directory(folder.file(name));
-    }
+    folder.makeFolder("program/tmp1.dds"), folder.makeFolder("program/tmp2.dds");
     EXPECT_EQ(extract({images, overwriting}), "out/wall-4x4.bmp overwritten.|1 file(s) extracted.");
     EXPECT_EQ(insert({images, withoutSafeCopy, filter(0)}),
               noCopy + "out/wall-4x4.bmp|3 mipmaps(s) inserted.");
@@ -157,16 +143,17 @@ TEST_F(TroubledInsertion, SaysWhatIsMissingOrTooShortAndWritesNoneOfIt) {
     const std::tuple<std::size_t, Steps, const char*> cases[] = {
         {0, {embedded}, "out/wall-4x4.dds not found.|"},
         {0, {external, noLevel}, "0 mipmap(s) inserted.|"},
+        {0, {single, noLevel}, "No mipmap selected.|0 mipmap(s) inserted.|"},
+        {0, {images, single, noLevel}, "No mipmap selected.|0 mipmaps(s) inserted."},
         {151, {embedded}, "out/wall-4x4.dds is too short.|0 Mipmap(s) inserted.|"},
         {135, {external, unmark(1)}, "out/wall-4x4.dds is too short.|0 mipmap(s) inserted.|"}};
     remove("wall-4x4.dds");
     put("wall-1x1.dds", chain);
     for (const auto& [size, steps, lines] : cases) {
         if (size > 0) put("wall-4x4.dds", chain.substr(0, size));
-        EXPECT_EQ(insert({all(steps), withoutSafeCopy}), noCopy + lines);
+        const std::string copied = std::string_view{lines}.starts_with("No") ? "" : noCopy;
+        EXPECT_EQ(insert({all(steps), withoutSafeCopy}), copied + lines);
     }
-    EXPECT_EQ(insert({images, single, noLevel}), "No mipmap selected.|0 mipmaps(s) inserted.");
-    EXPECT_EQ(insert({single, noLevel}), "No mipmap selected.|0 mipmap(s) inserted.|");
     EXPECT_TRUE(archive() == before && files("copies").empty());
     remove("wall-4x4.dds");
     EXPECT_EQ(insert({external, unmark(1)}),
@@ -222,7 +209,7 @@ TEST_F(TroubledInsertion, NeverTouchesWhatTakesTheArchivesPlaceMeanwhile) {
     EXPECT_EQ(insert({embedded}), copyLine(0) + writable + "0 Mipmap(s) inserted.|" + readOnly);
     EXPECT_EQ(boxes.take().at(1).title, "Pelrath - Insertion refused");
     EXPECT_TRUE(archive() == outside(before) && folder.read("own") == before);
-    EXPECT_EQ(row(permitted(), permitted("own")), row(0404, 0400));
+    EXPECT_EQ(row(folder.permitted("a.cdds"), folder.permitted("own")), row(0404, 0400));
 
     reopen();
     HeldArchive held{session};
@@ -266,9 +253,7 @@ TEST_F(TroubledInsertion, PutsAllLevelsBackWhereOneIsRefused) {
     const std::string question =
         path + " is Read Only.\r\n\r\n- Select Ok to make it writable and perform the insertion,\r\n"
                "- Select Cancel to abort the insertion.";
-    for (const char* name : {"wall-2x2.dds", "wall-1x1.dds"}) {
-        put(name, chain);
-    }
+    put("wall-2x2.dds", chain), put("wall-1x1.dds", chain);
     for (const auto& [taken, steps, end] : cases) {
         const FullDisk full{before.size() - 8 + taken};
         EXPECT_EQ(insert({all(steps), withoutSafeCopy}), noCopy + writable + end);
@@ -280,7 +265,7 @@ TEST_F(TroubledInsertion, PutsAllLevelsBackWhereOneIsRefused) {
                                           ": beyond the length that files may have here)",
                                       "Pelrath", BoxIcon::Critical, BoxButtons::Ok}));
         EXPECT_TRUE(archive() == before) << end;
-        EXPECT_EQ(row(permitted(), files("program")), row(0421, ""));
+        EXPECT_EQ(row(folder.permitted("a.cdds"), files("program")), row(0421, ""));
     }
     boxes.answer = BoxAnswer::Cancel;
     EXPECT_EQ(insert({withoutSafeCopy}), noCopy);
@@ -350,6 +335,7 @@ TEST_F(TroubledInsertion, MakesItsSafeCopyUnderTheNextNumberThatNothingHas) {
     EXPECT_TRUE(folder.read("copies/a-3.cdds") == before && folder.read("copies/a-0.cdds") == "earlier");
     const std::string size = std::to_string(before.size());
     EXPECT_EQ(sign.seen, "Copying a.cdds 0, " + size + "; Copying a.cdds " + size + ", " + size + "; clear");
+    EXPECT_TRUE(insert({run}).starts_with(copyLine(5))) << "a second insertion from one dialog";
 
     // A folder that has gone, and the user's answers when asked for another.
     std::string answer;
@@ -360,7 +346,7 @@ TEST_F(TroubledInsertion, MakesItsSafeCopyUnderTheNextNumberThatNothingHas) {
         row(dialog.txtCDDSBackupFolder.text(), dialog.chkSaveCdds.checked(), dialog.chkSaveCdds.enabled()),
         "Invalid CDDS Safe Copy Folder, false, true");
     answer = folder.file("copies");
-    EXPECT_TRUE(insert({}).starts_with(copyLine(4)));
+    EXPECT_TRUE(insert({}).starts_with(copyLine(6)));
     EXPECT_EQ(dialog.txtCDDSBackupFolder.text(), answer);
 }
 

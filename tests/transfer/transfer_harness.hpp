@@ -83,7 +83,7 @@ struct TransferHarness {
         : dialog(session, {boxes, windows, associations, [this] { chooseBazarTempFolder(); },
                            [this] { chooseSafeCopyFolder(); }, recovery, &sign, library}) {
         for (const char* name : {"out", "copies", "bazar", "program"}) {
-            std::filesystem::create_directory(folder.file(name));
+            folder.makeFolder(name);
         }
         session.programFolder = folder.file("program");
         session.exportImportFolder = folder.file("out");
@@ -143,13 +143,7 @@ struct TransferHarness {
     std::string extract(const Steps& steps) { return after(DialogMode::Extraction, steps); }
     std::string insert(const Steps& steps) { return after(DialogMode::Insertion, steps); }
 
-    [[nodiscard]] std::string files(const std::string& inside = "out") const {
-        std::string names;
-        for (const std::string& name : folder.names(inside)) {
-            names += (names.empty() ? "" : " ") + name;
-        }
-        return names;
-    }
+    [[nodiscard]] std::string files(const std::string& inside = "out") const { return folder.list(inside); }
     [[nodiscard]] std::string archive() const { return folder.read("a.cdds"); }
     [[nodiscard]] std::string levelOf(const std::string& bytes, std::size_t level) const {
         const MipmapRecord& record = chosen().mipmaps[level];
