@@ -18,10 +18,11 @@ struct Folders : testing::Test, MainHarness {
         return row(folderPicker.asked.title, folderPicker.asked.initialFolder, folderPicker.asked.owner,
                    folderPicker.asked.flags);
     }
-    void expectStored(FolderChoice& dialog, std::string& kept, const char* label, const char* title);
 };
 
-void Folders::expectStored(FolderChoice& dialog, std::string& kept, const char* label, const char* title) {
+TEST_F(Folders, EachDialogStoresItsOwn) {
+    FolderChoice& dialog = main.frmGetBazarTempFolder;
+    std::string& kept = session.settings.bazarTempFolder;
     EXPECT_EQ(row(dialog.window.caption(), dialog.Label1.caption()), "Form1, <selectFolder>");
     const auto type = [&](const std::string& text) { dialog.selectedFolder.setText(text); };
     const auto choose = [&](const char* path) { browse(dialog.cmdGetExtractInsertFolder, path); };
@@ -58,15 +59,15 @@ void Folders::expectStored(FolderChoice& dialog, std::string& kept, const char* 
     const Box& box = dialog.window.box();
     EXPECT_EQ(row(dialog.window.caption(), dialog.Label1.caption(), box.left + box.width / 2,
                   box.top + box.height / 2),
-              row("Folder Selection", label, 5500, 5000));
-    EXPECT_EQ(asked(), row(title, "/old", 42, 0x7D));
-}
-
-TEST_F(Folders, EachDialogStoresItsOwn) {
-    expectStored(main.frmGetBazarTempFolder, session.settings.bazarTempFolder,
-                 "Bazar Temp Folder : ", "Select Bazar Temp folder");
-    expectStored(main.frmGetCDDSBackupFolder, session.settings.cddsBackupFolder,
-                 "CDDS Safe Copy Folder : ", "Select CDDS Safe Copy folder");
+              "Folder Selection, Bazar Temp Folder : , 5500, 5000");
+    EXPECT_EQ(asked(), "Select Bazar Temp folder, /old, 42, 125");
+    windows.answer = [&] {
+        main.frmGetCDDSBackupFolder.show(); // open already
+        browse(main.frmGetCDDSBackupFolder.cmdGetExtractInsertFolder, "/safe");
+    };
+    main.frmGetCDDSBackupFolder.show();
+    EXPECT_EQ(row(asked(), session.settings.cddsBackupFolder, main.frmGetCDDSBackupFolder.Label1.caption()),
+              "Select CDDS Safe Copy folder, , 42, 125, /safe, CDDS Safe Copy Folder : ");
 }
 
 TEST_F(Folders, BrowsingSetsTheOneOfExportsAndImports) {
@@ -80,9 +81,54 @@ TEST_F(Folders, BrowsingSetsTheOneOfExportsAndImports) {
     for (const auto& [before, initial, chosen, after, shown] : cases) {
         session.exportImportFolder = before;
         browse(main.cmdGetExtractInsertFolder, chosen);
-        EXPECT_EQ(asked(), row("Select Texture Set Root Path", initial, 42, 0x7D));
+        EXPECT_EQ(asked(), row("Select Texture Set Root Path", initial, 42, 125));
         EXPECT_EQ(row(session.exportImportFolder, main.Text8.text()), row(after, shown));
     }
+}
+
+TEST_F(Folders, AreCheckedBeforeTheDialogOfATextureOpens) {
+    (void)folder.write("file", "");
+    folder.makeFolder("out");
+    const std::string wanted = folder.file("out");
+    std::string caption;
+    windows.answer = [&] { caption = main.transfer.window.caption(); };
+    // What opens, and the folder in use then.
+    const auto pressed = [&](const std::string& path, CommandButton& button) {
+        main.Text8.setText(path);
+        caption.clear();
+        button.press();
+        return row(caption, session.exportImportFolder);
+    };
+    session.exportImportFolder = "/before";
+    EXPECT_EQ(pressed("", main.cmdExtract), ", /before");
+    boxes.expect(
+        {"Texture Path not selected. Please select a valid folder", "Pelrath - Folder not selected"});
+    for (const char* name : {"gone", "file"}) {
+        EXPECT_EQ(pressed(folder.file(name), main.cmdInsert), ", /before");
+        boxes.expect({"Texture Path not found. Please select a valid folder", "Pelrath - Folder not found"});
+    }
+    EXPECT_EQ(session.mode, DialogMode::Insertion); // set before what was missed
+    const ShownBox noTexture{"No Texture File Name selected. Please select one and try again.",
+                             "Pelrath - Texture not selected"};
+    EXPECT_EQ(pressed(wanted, main.cmdExtract), ", " + wanted);
+    boxes.expect(noTexture);
+    open(archiveOf({"wall.bmp", ".bmp"}));
+    EXPECT_EQ(pressed(wanted, main.cmdInsert), "Texture Insertion, " + wanted);
+    EXPECT_EQ(main.transfer.Text1.text(), "wall.bmp");
+    const std::string before = std::filesystem::current_path();
+    for (const auto& [typed, meant] :
+         {std::pair{"./out/../out", wanted}, {"~", std::string{std::getenv("HOME")}}}) {
+        std::filesystem::current_path(folder.path());
+        EXPECT_EQ(pressed(typed, main.cmdExtract) + main.Text8.text(),
+                  "Texture Extraction, " + meant + meant);
+    }
+    std::filesystem::current_path(before);
+    choose(1);
+    EXPECT_EQ(pressed(wanted, main.cmdInsert), ", " + wanted);
+    boxes.expect("The texture \".bmp\" has no name in front of its extension");
+    main.Output[TexturePane].setSelected(1, false);
+    EXPECT_EQ(pressed(wanted, main.cmdExtract), ", " + wanted);
+    boxes.expect(noTexture);
 }
 
 } // namespace

@@ -2,8 +2,6 @@
 
 #include <thread>
 
-#include <sys/stat.h>
-
 namespace pelrath::test {
 namespace {
 
@@ -16,21 +14,19 @@ struct LifeCycleTest : testing::Test, MainHarness {
 };
 
 TEST_F(LifeCycleTest, AnAcceptedFirstRunStoresThatAtOnce) {
-    std::filesystem::remove(folder.file("Pelrath.ini"));
+    folder.remove("Pelrath.ini");
     windows.answer = [this] {
         Disclaimer& dialog = main.disclaimer;
         EXPECT_EQ(dialog.window.caption(), "Pelrath V1.0-1 - Disclaimer");
         EXPECT_EQ(dialog.window.box().left, (19200 - dialog.window.box().width) / 2);
         EXPECT_FALSE(has("Pelrath.ini"));
-        const auto words = [&] {
-            return row(dialog.Command1[0].caption(), dialog.Command1[1].caption(),
-                       dialog.Text2.text().substr(0, 7), dialog.Text1.text().substr(0, 9));
-        };
-        EXPECT_EQ(words(), "I accept, I refuse, Hi,\r\n\r\n, As a user");
-        dialog.Option1[0].select();
-        EXPECT_EQ(words(), "J'accepte, Je refuse, Bonjour, En tant q");
-        dialog.Option1[1].select();
-        EXPECT_EQ(words(), "I accept, I refuse, Hi,\r\n\r\n, As a user");
+        for (const char* words :
+             {"I accept, I refuse, Hi,\r\n\r\n, As a user", "J'accepte, Je refuse, Bonjour, En tant q"}) {
+            EXPECT_EQ(row(dialog.Command1[0].caption(), dialog.Command1[1].caption(),
+                          dialog.Text2.text().substr(0, 7), dialog.Text1.text().substr(0, 9)),
+                      words);
+            dialog.Option1[0].select();
+        }
         dialog.Command1[0].press();
     };
     start();
@@ -77,7 +73,11 @@ TEST_F(LifeCycleTest, StartTakesOverWhatIsStored) {
         "512, 1, true");
     EXPECT_EQ(row(main.backViewportColor.selectedIndex(), session.viewer.clearColor),
               "2, 4294901760"); // 0xFFFF0000
-    EXPECT_EQ(main.backViewportColor[1].backColor(), 0x7F7F7FU);
+    std::string swatches;
+    for (const OptionButton& swatch : main.backViewportColor) {
+        swatches += (std::ostringstream{} << std::hex << ' ' << swatch.backColor()).str();
+    }
+    EXPECT_EQ(swatches, " 0 7f7f7f ff ffff ff00 ffff00 ff0000 ff00ff ffffff"); // blue, green, red
     main.viewPortSize[0].select();
     session.exportImportFolder.clear(); // nothing in use: the stored one is kept
     main.queryUnload();
@@ -102,8 +102,7 @@ TEST_F(LifeCycleTest, AWornFileNeverKeepsItFromStartingNorIsItLost) {
     for (const auto& [ini, complaint, inTheWay, saved] : cases) {
         MainHarness fresh;
         (void)fresh.folder.write("Pelrath.ini", ini);
-        std::filesystem::remove(fresh.folder.file(inTheWay));
-        std::filesystem::create_directory(fresh.folder.file(inTheWay));
+        fresh.folder.remove(inTheWay), fresh.folder.makeFolder(inTheWay);
         fresh.windows.answer = [&] { fresh.main.disclaimer.Command1[0].press(); };
         fresh.start();
         fresh.boxes.expect(complaint);
@@ -128,7 +127,7 @@ TEST_F(LifeCycleTest, AReturnFromADialogShowsTheTextureAnew) {
     open(archiveOf({"a", "b", "c"}));
     choose(2);
     main.viewPortSize[0].select();
-    std::filesystem::remove(folder.file("tmp.dds"));
+    folder.remove("tmp.dds");
     Log log;
     log.watch(main.Output[TexturePane].click, "chosen");
     main.activate();
@@ -156,6 +155,10 @@ TEST_F(LifeCycleTest, DisplayAndSizesFollowTheirControls) {
 
     session.viewer.Running = true;
     main.chkGraphicDisplay.setChecked(false);
+    folder.remove("tmp.dds");
+    choose(2);
+    EXPECT_FALSE(has("tmp.dds")) << "nothing is staged that is not shown";
+    choose(1);
     EXPECT_TRUE(!session.viewer.Running && main.Label10.textColor() == TextColor::Greyed);
     for (const OptionButton& swatch : main.backViewportColor) {
         EXPECT_FALSE(swatch.enabled());
@@ -193,14 +196,11 @@ TEST_F(LifeCycleTest, TheTimerStartsOneLoop) {
 }
 
 TEST_F(LifeCycleTest, TheStartClearsUpBehindAProgramThatDied) {
-    const std::string stored[] = {"out", "copies", "bazar"};
-    for (const std::string& name : stored) {
-        std::filesystem::create_directory(folder.file(name));
-        (void)folder.write(name + "/wall-4x4_tmppelrath.dds", "x");
-    }
-    for (const char* left : {"tmp.dds", "tmp2.dds", ".pelrath-abcdef", "a-1x1_tmppelrath.dds",
-                             "out/.pelrath-abcdef", "copies/.pelrath-abcdef"}) {
-        (void)folder.write(left, "x");
+    for (const std::string name : {"out/", "copies/", "bazar/", ""}) {
+        folder.makeFolder(name);
+        for (const char* left : {".pelrath-abcdef", "wall-4x4_tmppelrath.dds", "tmp2.dds"}) {
+            if (name.empty() || std::string_view{left} != "tmp2.dds") (void)folder.write(name + left, "x");
+        }
     }
     (void)temporary.write("~pelrath-abcdef.bmp", "");
     (void)folder.write("Pelrath.ini",
@@ -208,15 +208,12 @@ TEST_F(LifeCycleTest, TheStartClearsUpBehindAProgramThatDied) {
                            "\ncddsbackupfolder=" + folder.file("copies") +
                            "\n[Setup]\nfirsttimedone=True\nextractionfolder=" + folder.file("out") + "\n");
     start();
-    EXPECT_EQ(row(has("tmp.dds"), has("tmp2.dds"), has(".pelrath-abcdef"), has("a-1x1_tmppelrath.dds"),
-                  temporary.names().size()),
-              "false, false, false, false, 0");
-    for (const std::string& name : stored) {
-        for (int i = 0; i < 1000 && !folder.names(name).empty(); ++i) { // done behind the start
-            std::this_thread::sleep_for(std::chrono::milliseconds{10});
-        }
-        EXPECT_TRUE(folder.names(name).empty()) << name;
+    EXPECT_EQ(folder.list() + temporary.list(), "Pelrath.ini bazar copies out");
+    const auto left = [this] { return folder.list("out") + folder.list("copies") + folder.list("bazar"); };
+    for (int i = 0; i < 1000 && !left().empty(); ++i) { // done behind the start
+        std::this_thread::sleep_for(std::chrono::milliseconds{10});
     }
+    EXPECT_EQ(left(), "");
 }
 
 TEST_F(LifeCycleTest, TheCloseCleansUp) {
@@ -224,15 +221,15 @@ TEST_F(LifeCycleTest, TheCloseCleansUp) {
     session.exportImportFolder = "/in/use";
     main.backViewportColor[4].select();
     for (const char* name : {"tmp.dds", "tmp1.dds"}) {
-        ASSERT_EQ(chmod(folder.write(name, "x").c_str(), 0400), 0);
+        (void)folder.write(name, "x");
+        folder.permit(name, 0400);
     }
-    std::filesystem::create_directories(
-        folder.file("tmp2.dds/full")); // cannot be deleted, which keeps nothing from ending
-    std::vector<std::string> atTheEnd;
-    const Connection end = main.window.unloaded.connect([&] { atTheEnd = folder.names(); });
+    folder.makeFolder("tmp2.dds/full"); // cannot be deleted, which keeps nothing from ending
+    std::string atTheEnd;
+    const Connection end = main.window.unloaded.connect([&] { atTheEnd = folder.list(); });
     main.queryUnload();
     boxes.expect("tmp2.dds");
-    EXPECT_EQ(atTheEnd, (std::vector<std::string>{"Pelrath.ini", "tmp2.dds"}));
+    EXPECT_EQ(atTheEnd, "Pelrath.ini tmp2.dds");
     main.queryUnload();
     main.activate();
     EXPECT_EQ(
@@ -249,8 +246,7 @@ TEST_F(LifeCycleTest, SettingsThatCannotBeSavedAreTold) {
     EXPECT_EQ(row(stored().mainTop, stored().extractionFolder, main.window.isUnloaded()), "5, , true");
     MainHarness other;
     other.start();
-    std::filesystem::remove(other.folder.file("Pelrath.ini"));
-    std::filesystem::create_directory(other.folder.file("Pelrath.ini")); // since the load
+    other.folder.remove("Pelrath.ini"), other.folder.makeFolder("Pelrath.ini"); // since the load
     other.main.queryUnload();
     other.boxes.expect("So they cannot be saved");
 }

@@ -55,9 +55,7 @@ struct MainHarness {
         main.Command1.press();
     }
     void choose(int texture) { main.Output[TexturePane].setSelected(texture, true); }
-    [[nodiscard]] bool has(const std::string& name) const {
-        return std::filesystem::exists(folder.file(name));
-    }
+    [[nodiscard]] bool has(const std::string& name) const { return folder.has(name); }
 
     // A key as the box's widget handles it: seen by the reactions first, then acting on the text.
     void type(std::u32string_view keys) {

@@ -1,7 +1,5 @@
 #include "main_harness.hpp"
 
-#include <sys/stat.h>
-
 namespace pelrath::test {
 namespace {
 
@@ -62,7 +60,7 @@ TEST_F(Reading, WhatCannotBeReadSaysSoAndKeepsWhatIsThere) {
 
     open(archiveOf({"a.bmp", "b.bmp"}));
     const CddsArchive before = session.archive;
-    std::filesystem::remove(folder.file("a.cdds"));
+    folder.remove("a.cdds");
     main.cmdReadCDDS.press();
     boxes.expect({"Selected file was not found. Please try again.", notFound});
     (void)folder.write("a.cdds", "CDDS and something else");
@@ -89,7 +87,7 @@ TEST_F(Reading, WhatCannotBeReadSaysSoAndKeepsWhatIsThere) {
     EXPECT_FALSE(has("b-4x4.dds"));
 
     fileOpen.answer = folder.file("pipe"); // there, and not to be read
-    ASSERT_EQ(mkfifo(fileOpen.answer->c_str(), 0600), 0);
+    folder.makePipe("pipe");
     main.Command1.press();
     EXPECT_EQ(boxes.take().at(0).title, "Pelrath - File not readable");
     EXPECT_EQ(counts(), "0, 0, 0, 0, 0");
@@ -196,34 +194,12 @@ TEST_F(Reading, TexturesThatCannotBeStagedAreReported) {
     }
     EXPECT_EQ(surface.record.loaded.size(), 2U);
 
-    std::filesystem::remove(folder.file("tmp.dds"));
-    std::filesystem::create_directory(folder.file("tmp.dds"));
+    folder.remove("tmp.dds"), folder.makeFolder("tmp.dds");
     choose(1);
     boxes.expect("has no data");
     const TemporaryFilesIn own{folder.file("own")};
     choose(0); // staged elsewhere
     EXPECT_EQ(row(main.Label11.visible(), surface.record.loaded.size()), "false, 3");
-}
-
-TEST_F(Reading, ChoosingMarksTheTexturesLevels) {
-    const LevelPlan level{2, 2, "12345678"};
-    open({CddsType::Type0C,
-          {{"a", "DXT1", {level, level}}, {"b", "DXT1", {}}, {"c", "ARGB", {level, level, level}}}});
-    using Runs = std::vector<ListBox::Run>;
-    const auto marked = [this](int texture) {
-        choose(texture);
-        return main.Output[MipmapPane].selectedRuns();
-    };
-    EXPECT_EQ(marked(0), (Runs{{0, 1}}));
-    EXPECT_EQ(marked(2), (Runs{{2, 4}}));
-    main.Output[MipmapPane].choose({{0, 0}});
-    main.Output[TexturePane].press(2);
-    EXPECT_EQ(main.Output[MipmapPane].selectedRuns(), (Runs{{2, 4}}));
-    main.chkGraphicDisplay.setChecked(false); // nothing is staged from here on
-    std::filesystem::remove(folder.file("tmp.dds"));
-    EXPECT_EQ(marked(1), Runs{});
-    EXPECT_EQ(marked(0), (Runs{{0, 1}}));
-    EXPECT_EQ(row(session.selectedBaseName, has("tmp.dds")), "a, false");
 }
 
 } // namespace
