@@ -10,7 +10,7 @@
 namespace pelrath::desktop {
 
 Application::Application()
-    : refresh([this](const std::string& text) { boxes.critical(text, programTitle); }), boxes(refresh),
+    : refresh([this](const std::string& text) { boxes.critical(text, programTitle); }), boxes(refresh, busy),
       fileOpen(refresh), folderPicker(refresh), pump(refresh), associations(refresh),
       main(session, {boxes, fileOpen, pump, screen, surface, windows, associations, busy, folderPicker}),
       binder(refresh, screen), window(main, binder, surface), disclaimer(main.disclaimer, binder),

@@ -31,6 +31,7 @@ public:
     QtScreen screen;
     Mnemonics mnemonics; // before the gate, which is asked first
     Refresh refresh;
+    QtBusySign busy;
     QtMessageBoxes boxes;
     QtFileOpenDialog fileOpen;
     QtFolderPicker folderPicker;
@@ -38,7 +39,6 @@ public:
     QtViewportSurface surface;
     QtModalWindows windows;
     QtFileAssociations associations;
-    QtBusySign busy;
     Main main;
     Binder binder;
     MainWindow window;

@@ -40,7 +40,8 @@ void QtBusySign::open() {
 
 void QtBusySign::show(const std::string& what, std::uint64_t done, std::uint64_t total) {
     if (!since_.isValid()) since_.start();
-    if (total != 0 && total < shownFrom && since_.elapsed() < patience) return;
+    const bool soonOver = total < shownFrom && since_.elapsed() < patience;
+    if (soonOver && !panel_) return QCoreApplication::processEvents();
     if (!panel_) open();
     if (!panel_) return;
     constexpr std::uint64_t steps = 1000; // a progress bar counts in 32 bits

@@ -30,6 +30,7 @@ QMessageBox::Icon iconOf(BoxIcon icon) {
 
 BoxAnswer QtMessageBoxes::show(const std::string& text, const std::string& title, BoxIcon icon,
                                BoxButtons buttons) {
+    busy_.clear();
     QMessageBox box{QApplication::activeWindow()};
     box.setTextFormat(Qt::PlainText); // paths and names are shown as they are
     box.setText(toQString(text).replace("\r\n", "\n"));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/refresh.hpp"
+#include "platform/busy_sign.hpp"
 #include "platform/event_pump.hpp"
 #include "platform/file_open_dialog.hpp"
 #include "platform/message_boxes.hpp"
@@ -9,15 +10,16 @@
 
 namespace pelrath::desktop {
 
-/// Message boxes over the active window.
+/// Message boxes over the active window, on which no sign of work stays.
 class QtMessageBoxes : public MessageBoxes {
 public:
-    explicit QtMessageBoxes(Refresh& refresh) : refresh_(refresh) {}
+    QtMessageBoxes(Refresh& refresh, BusySign& busy) : refresh_(refresh), busy_(busy) {}
     BoxAnswer show(const std::string& text, const std::string& title, BoxIcon icon,
                    BoxButtons buttons) override;
 
 private:
     Refresh& refresh_;
+    BusySign& busy_;
 };
 
 class QtFileOpenDialog : public FileOpenDialog {

@@ -28,10 +28,13 @@ public:
 class RecordingSign : public BusySign {
 public:
     void show(const std::string& what, std::uint64_t done, std::uint64_t total) override {
+        if (total == 0) return; // comes when the machine is slow
         seen += what + " " + row(done, total) + "; ";
         if (done == total) atTheEnd();
     }
-    void clear() override { seen += "clear"; }
+    void clear() override {
+        if (seen.ends_with("; ")) seen += "clear";
+    }
 
     std::string seen;
     std::function<void()> atTheEnd = [] {};
