@@ -130,13 +130,16 @@ void load(benchmark::State& state) {
 }
 BENCHMARK(load)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-/// Every level below the first from the whole image.
+/// Every level below the first.
 void scale(benchmark::State& state) {
     Workplace place;
     const LoadedImage image{place.facade, place.images, place.source()};
     for (auto _ : state) {
+        place.images.bind(image.id());
+        LevelSource source{place.imaging, image.id()};
         for (std::size_t i = 1; i < place.levels().size(); ++i) {
-            ImageCopy copy{place.images, image.id()};
+            ImageCopy copy{place.facade, place.images,
+                           source.imageFor(place.levels()[i].width, place.levels()[i].height)};
             place.facade.scaleImage(place.levels()[i].width, place.levels()[i].height,
                                     static_cast<std::int16_t>(state.range(0)));
             copy.remove();

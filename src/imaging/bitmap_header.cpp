@@ -112,9 +112,7 @@ std::uint8_t ChannelMask::valueIn(std::uint32_t pixel, std::uint8_t absent) cons
 }
 
 BitmapHeader readBitmapHeader(const CheckedBytes& file) {
-    if (file.size() < fileHeaderBytes + coreHeader || file.byteAt(0) != 'B' || file.byteAt(1) != 'M') {
-        refuse(Refusal::NotThisKind);
-    }
+    if (file.size() < fileHeaderBytes + coreHeader) refuse(Refusal::NotThisKind);
     BitmapHeader header;
     header.headerBytes = file.longAt(14);
     requireOneOf({coreHeader, plainHeader, 52, alphaMaskHeader, os2Header, 108, 124}, header.headerBytes,

@@ -73,40 +73,44 @@ std::optional<FileKind> kindOf(const std::string& fileName) {
     return std::nullopt;
 }
 
-/// A file's bytes; a failure leaves as the library's code for it.
-std::vector<std::byte> bytesOf(const std::string& fileName) {
-    // The largest picture, with room for what editors store beside the pixels.
-    constexpr std::uint64_t mostBytes = mostPixels * 4 + (std::uint64_t{1} << 24);
-    std::optional<InputFile> file;
-    try {
-        file.emplace(fileName);
-    } catch (const RuntimeError& error) {
-        const bool missing = error.number() == static_cast<int>(ErrorNumber::FileNotFound);
-        throw ImageLibraryError{
-            IL_COULD_NOT_OPEN_FILE, "loadImage",
-            error.description() +
-                (missing ? ". Please extract it first, or choose the folder that holds it" : "")};
-    }
-    if (file->size() > mostBytes) refuse(Refusal::ImpossibleSides);
-    std::vector<std::byte> bytes(static_cast<std::size_t>(file->size()));
-    try {
-        file->readAt(0, bytes);
-    } catch (const RuntimeError& error) {
-        throw ImageLibraryError{IL_FILE_READ_ERROR, "loadImage", error.description()};
-    }
-    return bytes;
+/// A failure leaves as the library's code for it.
+InputFile openPicture(const std::string& fileName) try {
+    return InputFile{fileName};
+} catch (const RuntimeError& error) {
+    const bool missing = error.number() == static_cast<int>(ErrorNumber::FileNotFound);
+    throw ImageLibraryError{
+        IL_COULD_NOT_OPEN_FILE, "loadImage",
+        error.description() +
+            (missing ? ". Please extract it first, or choose the folder that holds it" : "")};
 }
 
-LoadableFile loadableFile(FileKind kind, const std::string& fileName) try {
-    return makeLoadable(kind, bytesOf(fileName));
+std::vector<std::byte> bytesOf(const InputFile& file, std::uint64_t most) try {
+    std::vector<std::byte> bytes(static_cast<std::size_t>(std::min(file.size(), most)));
+    file.readAt(0, bytes);
+    return bytes;
+} catch (const RuntimeError& error) {
+    throw ImageLibraryError{IL_FILE_READ_ERROR, "loadImage", error.description()};
+}
+
+LoadableFile loadableFile(FileKind kind, const InputFile& file) try {
+    // The largest picture, with room for what editors store beside the pixels.
+    constexpr std::uint64_t mostBytes = mostPixels * 4 + (std::uint64_t{1} << 24);
+    constexpr std::uint64_t startBytes = 4;
+    requireStartOf(kind, bytesOf(file, startBytes));
+    if (file.size() > mostBytes) refuse(Refusal::ImpossibleSides);
+    return makeLoadable(kind, bytesOf(file, mostBytes));
 } catch (const std::bad_alloc&) {
     refuse(Refusal::OutOfMemory);
 }
 
-/// Leaves pixels alone that the library keeps in another form than those they come from.
-void replacePixels(const Pixels& source, ScaleFilter filter, const Pixels& target) {
+/// False for pixels that the library keeps in another form than those they come from.
+bool canReplace(const Pixels& target, const Pixels& source) {
     const bool alike = source.format == target.format && source.fromTop == target.fromTop;
-    if (alike && !source.values.empty() && !target.values.empty()) resample(source, filter, target);
+    return alike && !source.values.empty() && !target.values.empty();
+}
+
+bool isQuarter(const Sides& of, const Sides& whole) {
+    return of.width * 4 == whole.width && of.height * 4 == whole.height;
 }
 
 void requireFree(const std::string& fileName, bool overwrite) {
@@ -156,7 +160,8 @@ bool ImageLibraryFacade::loadImage(const std::string& fileName, std::uint32_t& i
         throw ImageLibraryError{images_.readErrorCode(), "loadImage",
                                 fileName + " must end in .dds, .bmp, .tga or .jpg to be read"};
     }
-    loadChecked(loadableFile(*kind, fileName), fileName);
+    const InputFile file = openPicture(fileName);
+    longWork_.run(file.size() / bytesPerTexel, [&] { loadChecked(loadableFile(*kind, file), fileName); });
     return true;
 } catch (const ImageLibraryError& error) {
     const std::string& name = words.name.empty() ? fileName : words.name;
@@ -231,7 +236,9 @@ void ImageLibraryFacade::prepareBoundImage(bool overwrite) {
     }
     if (!convertImage(options_.convertFormat, options_.convertType)) check();
     if (options_.imageType == IL_DDS && options_.buildMipmaps) {
-        if (buildChain()) {
+        bool built = false;
+        longWork_.run(boundSides().pixels(), [&] { built = buildChain(); });
+        if (built) {
             trace_.traceMessage("iluBuildMipmaps done.");
         } else {
             check();
@@ -244,9 +251,13 @@ void ImageLibraryFacade::prepareBoundImage(bool overwrite) {
 bool ImageLibraryFacade::buildChain() {
     if (library_.iluBuildMipmaps() == 0) return false;
     const Pixels whole = boundPixels(library_);
+    Pixels source = whole;
     const auto below = static_cast<std::uint32_t>(library_.ilGetInteger(IL_NUM_MIPMAPS));
     forEachLevel(below + 1, [&](const Pixels& level) {
-        if (level.values.data() != whole.values.data()) replacePixels(whole, ScaleFilter::Box, level);
+        if (level.values.data() == whole.values.data() || !canReplace(level, source)) return;
+        resample(source, ScaleFilter::Box, level, coloursInForce());
+        // The levels below come from this one, rounded once, within a step of what the whole picture gives.
+        if (isQuarter(level.sides, whole.sides)) source = level;
     });
     return true;
 }
@@ -364,35 +375,43 @@ void ImageLibraryFacade::scaleBoundImage(std::int32_t width, std::int32_t height
                                     std::to_string(height) +
                                     " pixels; possible are sides of 1 to 16384, and 134217728 pixels in all"};
     }
-    const Pixels before = boundPixels(library_);
     const Sides sides{static_cast<std::uint32_t>(std::max(width, 1)),
                       static_cast<std::uint32_t>(std::max(height, 1))};
-    const std::vector<std::uint8_t> filtered = shrunken(before, sides);
-    const bool scaled = library_.iluScale(static_cast<ILuint>(width), static_cast<ILuint>(height),
-                                          static_cast<ILuint>(depth)) != 0;
-    if (!scaled) return check();
-    if (filtered.empty()) return;
-    const Pixels after = boundPixels(library_);
-    const bool alike = after.format == before.format && after.fromTop == before.fromTop;
-    if (alike && after.values.size() == filtered.size()) {
-        std::copy(filtered.begin(), filtered.end(), after.values.begin());
-    }
+    bool scaled = false;
+    longWork_.run(boundSides().pixels() + sides.pixels(),
+                  [&] { scaled = filterBoundImage(sides, static_cast<ILuint>(depth)); });
+    if (!scaled) check();
 }
 
-/// The picture in smaller sides, with the filter in force: the library's own scaling drops pixels where it
-/// shrinks. Nothing where it does not, or keeps what cannot be filtered.
-std::vector<std::uint8_t> ImageLibraryFacade::shrunken(const Pixels& picture, Sides to) const {
-    const bool smaller = to.width < picture.sides.width || to.height < picture.sides.height;
-    if (picture.values.empty() || !smaller) return {};
+/// The library's own scaling drops pixels where it shrinks, and is a pixel off or reads what is not the
+/// picture's where it enlarges; so it takes the nearest pixels, in whose place the filtered ones come.
+bool ImageLibraryFacade::filterBoundImage(Sides sides, std::uint32_t depth) {
     const auto inForce = static_cast<ILenum>(library_.iluGetInteger(ILU_FILTER));
     const auto* const filter = std::find(scaleFilters.begin(), scaleFilters.end(), inForce);
-    if (filter == scaleFilters.end()) return {};
-    std::vector<std::uint8_t> values(static_cast<std::size_t>(to.pixels()) * picture.channels);
-    Pixels target = picture;
-    target.sides = to;
-    target.values = values;
-    resample(picture, static_cast<ScaleFilter>(filter - scaleFilters.begin()), target);
-    return values;
+    const Pixels before = boundPixels(library_);
+    if (before.values.empty() || filter == scaleFilters.end()) {
+        return library_.iluScale(sides.width, sides.height, depth) != 0;
+    }
+    std::vector<std::uint8_t> values(static_cast<std::size_t>(sides.pixels()) * before.channels);
+    Pixels filtered = before;
+    filtered.sides = sides;
+    filtered.values = values;
+    resample(before, static_cast<ScaleFilter>(filter - scaleFilters.begin()), filtered, coloursInForce());
+    library_.iluImageParameter(ILU_FILTER, ILU_NEAREST);
+    const bool scaled = library_.iluScale(sides.width, sides.height, depth) != 0;
+    library_.iluImageParameter(ILU_FILTER, inForce);
+    const Pixels after = boundPixels(library_);
+    const bool alike = after.format == before.format && after.fromTop == before.fromTop;
+    if (scaled && alike && after.values.size() == values.size()) {
+        std::copy(values.begin(), values.end(), after.values.begin());
+    }
+    return scaled;
+}
+
+/// A clear texel of a DXT1 block has no colour.
+ColourUnderAlpha ImageLibraryFacade::coloursInForce() const {
+    const bool dxt1 = options_.imageType == IL_DDS && library_.ilGetInteger(IL_DXTC_FORMAT) == IL_DXT1;
+    return dxt1 ? ColourUnderAlpha::AsSeen : ColourUnderAlpha::Counts;
 }
 
 /// Runs an operation and reports what it raises.

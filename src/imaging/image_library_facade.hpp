@@ -2,6 +2,7 @@
 
 #include "imaging/library_functions.hpp"
 #include "imaging/library_images.hpp"
+#include "imaging/long_work.hpp"
 #include "imaging/refusal.hpp"
 #include "imaging/save_image_options.hpp"
 #include "imaging/trace.hpp"
@@ -17,6 +18,7 @@ namespace pelrath {
 
 struct LoadableFile;
 struct Pixels;
+enum class ColourUnderAlpha : std::uint8_t;
 
 /// How messages speak of a picture that is to be loaded.
 struct PictureWords {
@@ -65,14 +67,19 @@ public:
 
     /// Sides in pixels, to 16384, and no more than 2^27 pixels in all; 0 counts as 1. Filter index 0..8:
     /// nearest, linear, bilinear, box, triangle, bell, B spline, Lanczos, Mitchell; any other leaves the
-    /// filter of an earlier call. Where a side shrinks, the pixels are those of resample(). True also when
-    /// the library fails without a code.
+    /// filter of an earlier call. The pixels are those of resample(); where the options are DXT1's, colours
+    /// count as they are seen. True also when the library fails without a code.
     bool scaleImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);
+
+    /// Of the bound image.
+    [[nodiscard]] Sides boundSides() const;
 
     /// The code of the last library failure, for those who report what initImageLibrary() raised.
     [[nodiscard]] std::int32_t lastErrorCode() const { return lastErrorCode_; }
 
     [[nodiscard]] Trace& trace() { return trace_; }
+    /// What shows that a large picture is at work.
+    [[nodiscard]] LongWork& longWork() { return longWork_; }
 
 private:
     struct FailureWords;
@@ -82,7 +89,6 @@ private:
     void check() { images_.check("ImageLibraryFacade"); }
     std::string report(const char* prefix, std::int32_t code, const std::string& reason = {});
     void discardErrors();
-    [[nodiscard]] Sides boundSides() const;
 
     void loadChecked(const LoadableFile& file, const std::string& fileName);
     void putExactPixels(const LoadableFile& file);
@@ -94,7 +100,8 @@ private:
     void forEachLevel(std::uint32_t levels, Work work);
     void refineLevels(std::span<std::byte> file);
     [[nodiscard]] bool librarySaves(const std::string& fileName);
-    [[nodiscard]] std::vector<std::uint8_t> shrunken(const Pixels& picture, Sides to) const;
+    [[nodiscard]] bool filterBoundImage(Sides sides, std::uint32_t depth);
+    [[nodiscard]] ColourUnderAlpha coloursInForce() const;
     void scaleBoundImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);
 
     MessageBoxes& boxes_;
@@ -102,6 +109,7 @@ private:
     const LibraryFunctions library_;
     LibraryImages images_;
     Trace trace_;
+    LongWork longWork_;
     std::int32_t lastErrorCode_ = 0;
 };
 

@@ -13,7 +13,6 @@ constexpr std::uint32_t cubeMapOrVolume = 0x200 | 0x200000;
 constexpr std::uint32_t mostLevels = 15; // 16384 down to 1
 
 void checkHeader(const CheckedBytes& file) {
-    if (file.size() < 4 || file.longAt(0) != ddsMagic) refuse(Refusal::NotThisKind);
     if (file.longAt(4) != 124 || file.longAt(76) != 32) refuse(Refusal::NotThisKind);
     const bool volume = (file.longAt(8) & volumeFlag) != 0 && file.longAt(24) > 1;
     if (volume || (file.longAt(capabilitiesAt + 4) & cubeMapOrVolume) != 0) refuse(Refusal::KindNotSupported);

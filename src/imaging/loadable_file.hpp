@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/block_decoder.hpp"
+#include "imaging/checked_bytes.hpp"
 #include "imaging/refusal.hpp"
 
 #include <cstddef>
@@ -39,6 +40,8 @@ struct LoadableFile {
 /// - JPG: baseline, extended or progressive, at most 100 scans, grey or three channels; what follows its end
 ///   mark is left alone.
 /// A side is 1 to 16384 pixels long, and there are no more than 2^27 pixels in all (see mostPixels).
+/// What cannot start as `start` does, the first four bytes or all, is refused by requireStartOf() as well.
+void requireStartOf(FileKind kind, Bytes start);
 [[nodiscard]] LoadableFile makeLoadable(FileKind kind, std::vector<std::byte> file);
 
 /// The checks of one kind each, in files of their own.

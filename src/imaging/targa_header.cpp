@@ -17,7 +17,6 @@ constexpr unsigned interleaved = 0xC0;
 
 void readKind(TargaHeader& header, const CheckedBytes& file) {
     const unsigned type = file.byteAt(2);
-    requireOneOf({1, 2, 3, 9, 10, 11}, type, Refusal::KindNotSupported);
     header.runs = type >= 9;
     header.kind = static_cast<PixelKind>(header.runs ? type - 8 : type);
 }

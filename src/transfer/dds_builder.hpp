@@ -2,6 +2,7 @@
 
 #include "archive/catalogue.hpp"
 #include "platform/working_folder.hpp"
+#include "transfer/level_source.hpp"
 #include "transfer/texture_extraction.hpp"
 
 #include <cstdint>
@@ -27,7 +28,7 @@ public:
 
 private:
     bool save(const std::string& path, bool buildMipmaps);
-    bool saveScaled(const std::string& path, std::uint32_t image, const MipmapRecord& level,
+    bool saveScaled(const std::string& path, LevelSource& source, const MipmapRecord& level,
                     std::int16_t filter);
 
     TransferImaging imaging_;

@@ -6,13 +6,17 @@
 
 namespace pelrath {
 
-ImageCopy::ImageCopy(const LibraryImages& images, std::uint32_t source) : images_(images) {
+ImageCopy::ImageCopy(ImageLibraryFacade& facade, const LibraryImages& images, std::uint32_t source)
+    : images_(images) {
+    images_.bind(source);
+    const std::uint64_t pixels = facade.boundSides().pixels();
     id_ = images_.generate();
     try {
         images_.check("ilGenImages");
         images_.bind(id_);
         images_.check("ilBindImage");
-        const bool copied = images_.copyFrom(source);
+        bool copied = false;
+        facade.longWork().run(pixels, [&] { copied = images_.copyFrom(source); });
         images_.check("ilCopyImage");
         if (!copied) throw ImageLibraryError{0, "ilCopyImage"};
     } catch (...) {

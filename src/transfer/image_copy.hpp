@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imaging/library_images.hpp"
+#include "imaging/image_library_facade.hpp"
 
 #include <cstdint>
 
@@ -10,11 +10,12 @@ namespace pelrath {
 /// as ImageLibraryError.
 class ImageCopy {
 public:
-    ImageCopy(const LibraryImages& images, std::uint32_t source);
+    ImageCopy(ImageLibraryFacade& facade, const LibraryImages& images, std::uint32_t source);
     ~ImageCopy();
     ImageCopy(const ImageCopy&) = delete;
     ImageCopy& operator=(const ImageCopy&) = delete;
 
+    [[nodiscard]] std::uint32_t id() const { return id_; }
     void remove();
 
 private:

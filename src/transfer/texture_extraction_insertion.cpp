@@ -6,7 +6,7 @@
 namespace pelrath {
 
 TextureExtractionInsertion::TextureExtractionInsertion(Session& session, const TransferServices& services)
-    : session_(session), boxes_(services.boxes), windows_(services.windows),
+    : session_(session), boxes_(services.boxes), windows_(services.windows), busy_(services.busy),
       facade_(boxes_, saveOptions_, services.library), images_(services.library),
       libraryUse_(facade_, images_),
       resolutions_({List1, cmdSelAllResolution, cmdSelNoneResolution}, session, state_),
@@ -56,11 +56,10 @@ void TextureExtractionInsertion::Form_QueryUnload() {
 void TextureExtractionInsertion::cmdExtractInsert_Click() {
     state_.safeCopyDone = false;
     if (!typeIsKnown()) return;
-    if (session_.mode == DialogMode::Insertion) {
-        insert();
-    } else {
-        extract();
-    }
+    const bool insertion = session_.mode == DialogMode::Insertion;
+    facade_.longWork().showBy(busy_, (insertion ? "Inserting " : "Extracting ") + session_.selectedBaseName);
+    insertion ? insert() : extract();
+    facade_.longWork().showBy(nullptr);
 }
 
 void TextureExtractionInsertion::insert() {

@@ -59,6 +59,7 @@ private:
     Session& session_;
     MessageBoxes& boxes_;
     ModalWindows& windows_;
+    BusySign* busy_;
     TransferState state_;
     SaveImageOptions saveOptions_;
     ImageLibraryFacade facade_;
