@@ -1,7 +1,6 @@
 #include "imaging/bitmap_header.hpp"
 
 #include <algorithm>
-#include <bit>
 
 namespace pelrath {
 
@@ -59,15 +58,6 @@ void readCoding(BitmapHeader& header, Compression compression) {
     if (header.sides.pixels() > mostRunPixels) refuse(Refusal::ImpossibleSides);
 }
 
-ChannelMask channelMask(std::uint32_t mask, unsigned bits) {
-    if (mask == 0) return {};
-    const auto shift = static_cast<unsigned>(std::countr_zero(mask));
-    const std::uint32_t run = mask >> shift;
-    const bool contiguous = (run & (run + 1)) == 0;
-    if (!contiguous || (bits < 32 && mask >> bits != 0)) refuse(Refusal::ImpossibleValue);
-    return {mask, shift};
-}
-
 /// Answers how many bytes of masks stand behind the header.
 std::uint64_t readMasks(BitmapHeader& header, const CheckedBytes& file, Compression compression) {
     std::array<std::uint32_t, 4> masks{0xFF0000, 0xFF00, 0xFF, 0};
@@ -105,11 +95,6 @@ void readPalette(BitmapHeader& header, const CheckedBytes& file, std::uint64_t p
 }
 
 } // namespace
-
-std::uint8_t ChannelMask::valueIn(std::uint32_t pixel, std::uint8_t absent) const {
-    if (mask == 0) return absent;
-    return scaledToByte((pixel & mask) >> shift, mask >> shift);
-}
 
 BitmapHeader readBitmapHeader(const CheckedBytes& file) {
     if (file.size() < fileHeaderBytes + coreHeader) refuse(Refusal::NotThisKind);

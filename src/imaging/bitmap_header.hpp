@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/channel_mask.hpp"
 #include "imaging/checked_bytes.hpp"
 #include "imaging/plain_targa.hpp"
 #include "imaging/refusal.hpp"
@@ -11,15 +12,6 @@
 namespace pelrath {
 
 enum class BitmapCoding { Plain, Rle8, Rle4 };
-
-/// A channel's place inside a 16- or 32-bit pixel: contiguous bits, or none.
-struct ChannelMask {
-    std::uint32_t mask = 0;
-    unsigned shift = 0;
-
-    /// The channel's value on the scale 0 to 255, rounded; `absent` where the mask has no bit.
-    [[nodiscard]] std::uint8_t valueIn(std::uint32_t pixel, std::uint8_t absent) const;
-};
 
 /// What a BMP file's header says, once it has been found possible. Sizes and codes are those of the Windows
 /// bitmap headers (12, 40, 52, 56, 108 and 124 bytes) and of the OS/2 2.x one (64 bytes).

@@ -18,6 +18,7 @@ inline constexpr std::uint32_t fourCCFlag = 4;
 }
 inline constexpr std::uint32_t ddsMagic = fourCC('D', 'D', 'S', ' ');
 inline constexpr std::uint32_t dxt1Code = fourCC('D', 'X', 'T', '1');
+inline constexpr std::uint32_t dxt3Code = fourCC('D', 'X', 'T', '3');
 inline constexpr std::uint32_t dxt5Code = fourCC('D', 'X', 'T', '5');
 
 /// What the header's FourCC names. Raises ImageLibraryError for a header without one, and for any other

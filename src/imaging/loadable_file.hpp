@@ -31,11 +31,13 @@ struct LoadableFile {
 /// - BMP: header of 12, 40, 52, 56, 64, 108 or 124 bytes; 1, 4, 8, 16, 24 or 32 bits; palette, bit fields,
 ///   RLE4, RLE8; either row order. Alpha is kept where a mask names it, and where a 32-bit file without masks
 ///   has any in its fourth byte.
-/// - TGA: palette, true colour and grey, run-length or not, 8, 15, 16, 24 or 32 bits, any origin. Alpha is
+/// - TGA: palette, true colour and grey, run-length or not, 8, 15, 16, 24 or 32 bits, or one bit of grey, any
+/// origin. Alpha is
 /// kept
 ///   where the extension area says that it is useful, or else where the header claims it, or else where a
 ///   pixel's alpha byte is not 0; colours that were multiplied by it are divided again.
-/// - DDS: DXT1 or DXT5. Only level 0 is handed on, so that no later save or scaling drags along a chain that
+/// - DDS: DXT1, DXT3, DXT5, or plain pixels of 24 or 32 bits. Only level 0 is handed on, so that no later
+/// save or scaling drags along a chain that
 ///   belongs to another picture; the bytes of every declared level must be there all the same.
 /// - JPG: baseline, extended or progressive, at most 100 scans, grey or three channels; what follows its end
 ///   mark is left alone.

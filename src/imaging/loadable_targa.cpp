@@ -149,11 +149,28 @@ LoadableFile repaint(const CheckedBytes& file, const TargaHeader& header, const 
     return {FileKind::Tga, picture.take(), header.sides, std::nullopt};
 }
 
+/// Black and white: each row starts with a byte of its own, whose highest bit is the first pixel.
+LoadableFile repaintBits(const CheckedBytes& file, const TargaHeader& header) {
+    const std::uint64_t rowBytes = (header.sides.width + 7) / 8;
+    const Bytes bits = file.slice(header.dataAt, rowBytes * header.sides.height);
+    PlainTarga picture{header.sides, false};
+    Painter painter{picture, header};
+    for (std::size_t y = 0; y < header.sides.height; ++y) {
+        for (std::size_t x = 0; x < header.sides.width; ++x) {
+            const auto byte = std::to_integer<unsigned>(bits[y * rowBytes + x / 8]);
+            const auto grey = static_cast<std::uint8_t>((byte >> (7 - x % 8) & 1U) * 255);
+            painter.put({grey, grey, grey});
+        }
+    }
+    return {FileKind::Tga, picture.take(), header.sides, std::nullopt};
+}
+
 } // namespace
 
 LoadableFile makeLoadableTarga(std::vector<std::byte> file) {
     const CheckedBytes bytes{file};
     const TargaHeader header = readTargaHeader(bytes);
+    if (header.stored.bits == 1) return repaintBits(bytes, header);
     const PixelReader reader{header, hasAlpha(bytes, header)};
     if (!libraryReadsRightly(bytes, header, reader)) return repaint(bytes, header, reader);
     forEachRun(bytes, header, [](const Run&) {}); // all of them must be there, and none too many

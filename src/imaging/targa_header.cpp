@@ -50,7 +50,8 @@ void readForm(TargaHeader& header, unsigned bits) {
         header.stored = {.bits = bits};
         break;
     case PixelKind::Grey:
-        requireOneOf({8, 16}, bits, Refusal::ImpossibleValue);
+        requireOneOf({1, 8, 16}, bits, Refusal::ImpossibleValue);
+        if (bits == 1 && header.runs) refuse(Refusal::KindNotSupported);
         header.stored = {.bits = bits, .grey = true};
         break;
     }

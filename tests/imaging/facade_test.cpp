@@ -1,6 +1,9 @@
 #include "imaging/error_names.hpp"
 #include "imaging/library_error.hpp"
+#include "imaging/long_work.hpp"
 #include "library_fixture.hpp"
+
+#include <future>
 
 namespace pelrath::test {
 namespace {
@@ -134,6 +137,37 @@ TEST_F(Facade, ScalesOnWhenTheLibraryGivesNoReason) {
     };
     EXPECT_FALSE((ImageLibraryFacade{boxes, options, library}.scaleImage(2, 2, 0)));
     expectBox("ilScaleImage Error Number: 1286 -> IL_ILLEGAL_OPERATION ");
+}
+
+struct OneSign : BusySign {
+    void show(const std::string& what, std::uint64_t /*done*/, std::uint64_t /*total*/) override {
+        if (seen.empty()) shown.set_value();
+        seen = what;
+    }
+    void clear() override { seen += " cleared"; }
+    std::promise<void> shown;
+    std::string seen;
+};
+
+TEST(LongWork, ShowsItsSignWhileItGoesOnAndHandsOutWhatItRaises) {
+    OneSign sign;
+    LongWork work;
+    work.showBy(&sign, "Reading");
+    const auto waiting = [&] {
+        const bool seen =
+            sign.shown.get_future().wait_for(std::chrono::seconds{60}) == std::future_status::ready;
+        throw makeError(seen ? ErrorNumber::DiskFull : ErrorNumber::InvalidCall, "work");
+    };
+    EXPECT_EQ(failureOf([&] { work.run(1U << 20, waiting); }).number(), 61);
+    work.showBy(nullptr);
+    EXPECT_EQ(sign.seen, "Reading cleared");
+    for (const std::size_t count : {0U, 1U, 7U, 1000U}) {
+        std::vector<int> done(count);
+        onAllCores(count, 3, [&](std::size_t first, std::size_t end) {
+            std::for_each(done.data() + first, done.data() + end, [](int& each) { ++each; });
+        });
+        EXPECT_EQ(done, std::vector<int>(count, 1));
+    }
 }
 
 } // namespace

@@ -50,6 +50,10 @@ TEST_F(Loading, NeedsAFileWithAKnownExtension) {
     expectRefused(folder.file("missing.tga"), "1290", "File not found (");
     expectRefused(folder.write("picture.jpeg", "anything"), "0");
     expectRefused(folder.write("noextension", "anything"), "0");
+    // Longer than any picture: known by its start before it is read.
+    const std::string zeros = folder.write("zeros.bmp", "");
+    std::filesystem::resize_file(zeros, 600'000'000);
+    expectRefused(zeros, "1288");
 }
 
 TEST_F(Loading, DoesNotBelieveACallThatLeavesACode) {

@@ -1,5 +1,9 @@
+#include "imaging/bound_pixels.hpp"
 #include "support/refusals.hpp"
+#include "transfer/level_source.hpp"
 #include "transfer_harness.hpp"
+
+#include <random>
 
 namespace pelrath::test {
 namespace {
@@ -102,6 +106,34 @@ TEST(Insertion, CreatesTheChainWithEachFilter) {
                 EXPECT_EQ(row(h.files(), h.files("program")), files);
             }
         }
+    }
+}
+
+TEST(Insertion, ScalesSmallLevelsAsFromTheWholePicture) {
+    const TemporaryFolder folder;
+    RecordingBoxes boxes;
+    SaveImageOptions options;
+    ImageLibraryFacade facade{boxes, options};
+    const LibraryImages images;
+    ImageLibraryUse use{facade, images};
+    ASSERT_TRUE(use.start());
+    std::minstd_rand random;
+    std::string noise(std::size_t{512} * 512 * 4, '\0');
+    std::generate(noise.begin(), noise.end(), [&] { return static_cast<char>(random()); });
+    LoadedImage image{facade, images, folder.write("a.tga", bytesOf("000002 9*00 w512 w512 2028") + noise)};
+    const auto scaled = [&](std::uint32_t from, std::int16_t filter) {
+        ImageCopy copy{facade, images, from};
+        EXPECT_TRUE(facade.scaleImage(8, 8, filter));
+        const Pixels pixels = boundPixels(imageLibrary());
+        return std::string(pixels.values.begin(), pixels.values.end());
+    };
+    images.bind(image.id());
+    LevelSource source{{facade, images, options, use}, image.id()};
+    EXPECT_EQ(source.imageFor(16, 8), image.id());
+    const std::uint32_t small = source.imageFor(8, 8);
+    EXPECT_NE(small, image.id());
+    for (std::int16_t filter = 1; filter < 9; ++filter) {
+        EXPECT_LE(difference(scaled(small, filter), scaled(image.id(), filter)), 1) << filter;
     }
 }
 
