@@ -13,6 +13,7 @@ namespace pelrath::test {
 struct DeviceRecord {
     std::vector<FramePicture> frames;
     std::vector<std::string> loaded;
+    std::vector<ImageKey> images;
     int created = 0, alive = 0;
     bool creationFails = false, ready = true;
     double scale = 1;
@@ -29,6 +30,9 @@ public:
         fail(record_.nextLoadFails);
         format_ = readDdsPicture(path, 16384).format;
         record_.loaded.push_back(path);
+    }
+    void putImage(const ImageKey& key, const LevelImage& /*image*/) override {
+        record_.images.push_back(key);
     }
     [[nodiscard]] PixelFormat textureFormat() const override { return format_; }
     [[nodiscard]] bool readyForFrame() const override { return record_.ready; }

@@ -1,10 +1,15 @@
 #pragma once
 
+#include "mainwindow/viewer/look.hpp"
 #include "mainwindow/viewer/quad.hpp"
 #include "platform/runtime_error.hpp"
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
+#include <vector>
 
 namespace pelrath {
 
@@ -36,20 +41,38 @@ struct FramePicture {
     std::uint64_t texture = 0; ///< counts the textures loaded; 0: none yet
     Quad quad;
     double scale = 1; ///< pixels of the back buffer to one of those that the quad is given in
+    /// Drawn in place of the quad where there are any; pixels of the back buffer.
+    std::vector<Sheet> sheets{};
+    Picks picks{};                 ///< of which the version is the sheets' own
+    std::optional<Sheet> marker{}; ///< a place with a frame around it
     bool operator==(const FramePicture&) const = default;
 };
 
-enum class PixelFormat { Dxt1, Dxt5 };
+enum class PixelFormat {
+    Dxt1,
+    Dxt5,
+    Rgba ///< bytes of red, green, blue and alpha, rows from the top; no texture file's
+};
 
-/// What the viewer needs of a graphics device: one texture, a back buffer, one quad a frame. Every failure
-/// leaves as a RuntimeError with a DeviceFailure for its number.
+/// One picture beside a texture's own.
+struct LevelImage {
+    PixelFormat format = PixelFormat::Dxt1;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::span<const std::byte> bytes; ///< exactly what format and sides need
+};
+
+/// What the viewer needs of a graphics device: one texture and its pictures, a back buffer, a few quads a
+/// frame. Every failure leaves as a RuntimeError with a DeviceFailure for its number.
 class Device {
 public:
     virtual ~Device() = default;
 
     /// Loads the top level of a DDS file as the current texture, in the file's own format. The one before
-    /// stays current when that fails.
+    /// stays current when that fails. It is the image of level 0, and for now the only one.
     virtual void loadTexture(const std::string& path) = 0;
+    /// Adds a picture of the current texture, or replaces it.
+    virtual void putImage(const ImageKey& key, const LevelImage& image) = 0;
     /// Of the current texture.
     [[nodiscard]] virtual PixelFormat textureFormat() const = 0;
 
@@ -58,8 +81,8 @@ public:
     /// Pixels of the screen, along each side, to one of those that quads are given in. Changes when the
     /// viewport comes to another screen.
     [[nodiscard]] virtual double scale() const = 0;
-    /// Clears the back buffer, draws the quad with the current texture (nearest texel of its top level) and
-    /// puts the whole back buffer on the whole viewport.
+    /// Clears the back buffer, draws the quad with the current texture (nearest texel of its top level), or
+    /// the sheets with the images that are there, and puts the whole back buffer on the whole viewport.
     virtual void drawFrame(const FramePicture& picture) = 0;
 };
 

@@ -23,18 +23,56 @@ void main() {
 }
 )";
 
-// The texel under the pixel's centre. The small shift keeps a centre that lies exactly between two texels
-// on the same side whatever the rounding of the division; centres otherwise lie at least 1/1024 texel away.
+// nearest(): the texel under the pixel's centre. The small shift keeps a centre that lies exactly between two
+// texels on the same side whatever the rounding of the division; centres otherwise lie at least 1/1024 texel
+// away. average(): all texels under the pixel, each by its share; the clear ones of DXT1 have no colour.
 constexpr const char* fragmentShader = R"(#version 330 core
 uniform sampler2D picture;
 uniform vec2 backSize;
-uniform vec2 quadSize;
+uniform vec2 origin;
+uniform vec2 extent;
+uniform int shown; // Channel, or the side of the ground's squares when negative
+uniform bool averaged;
+uniform bool cutOut;
 out vec4 color;
+
+vec4 nearest(vec2 pixel, ivec2 size) {
+    ivec2 texel = ivec2(floor((pixel - origin) * vec2(size) / extent + 1.0 / 4096.0));
+    return texelFetch(picture, clamp(texel, ivec2(0), size - 1), 0);
+}
+
+vec4 average(vec2 pixel, ivec2 size) {
+    vec2 ratio = vec2(size) / extent;
+    vec2 from = clamp((pixel - 0.5 - origin) * ratio, vec2(0.0), vec2(size));
+    vec2 to = clamp((pixel + 0.5 - origin) * ratio, vec2(0.0), vec2(size));
+    vec4 sum = vec4(0.0);
+    float coloured = 0.0;
+    float whole = 0.0;
+    for (int y = int(from.y); y < to.y; ++y) {
+        float down = min(to.y, y + 1.0) - max(from.y, y);
+        for (int x = int(from.x); x < to.x; ++x) {
+            float share = down * (min(to.x, x + 1.0) - max(from.x, x));
+            vec4 texel = texelFetch(picture, ivec2(x, y), 0);
+            float seen = cutOut && texel.a == 0.0 ? 0.0 : share;
+            sum += vec4(texel.rgb * seen, texel.a * share);
+            coloured += seen;
+            whole += share;
+        }
+    }
+    return vec4(sum.rgb / max(coloured, 1e-9), sum.a / max(whole, 1e-9));
+}
+
 void main() {
     vec2 pixel = vec2(gl_FragCoord.x, backSize.y - gl_FragCoord.y);
+    if (shown < 0) {
+        ivec2 field = ivec2(pixel) / -shown;
+        color = vec4(vec3((field.x + field.y) % 2 == 0 ? 0.6 : 0.4), 1.0);
+        return;
+    }
     ivec2 size = textureSize(picture, 0);
-    ivec2 texel = ivec2(floor(pixel * vec2(size) / quadSize + 1.0 / 4096.0));
-    color = texelFetch(picture, clamp(texel, ivec2(0), size - 1), 0);
+    color = averaged ? average(pixel, size) : nearest(pixel, size);
+    if (shown == 5) color.rgb *= color.a;
+    else if (shown > 0) color = vec4(vec3(color[shown - 1]), 1.0);
 }
 )";
 
@@ -80,6 +118,41 @@ float channel(std::uint32_t argb, unsigned shift) {
     return static_cast<float>((argb >> shift) & 0xFFU) / 255.0F;
 }
 
+std::uint32_t largestSide() {
+    GLint largest = 0;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
+    return static_cast<std::uint32_t>(std::max(largest, 1));
+}
+
+void fillTexture(const LevelImage& image) {
+    if (image.format == PixelFormat::Rgba) {
+        glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, image.width, image.height, 0, GL_RGBA, GL_UNSIGNED_BYTE,
+                     image.bytes.data());
+        return;
+    }
+    const bool dxt1 = image.format == PixelFormat::Dxt1;
+    glCompressedTexImage2D(
+        GL_TEXTURE_2D, 0, dxt1 ? GL_COMPRESSED_RGBA_S3TC_DXT1_EXT : GL_COMPRESSED_RGBA_S3TC_DXT5_EXT,
+        image.width, image.height, 0, static_cast<GLsizei>(image.bytes.size()), image.bytes.data());
+}
+
+GLuint makeTexture(const LevelImage& image) {
+    GLuint made = 0;
+    glGenTextures(1, &made);
+    glBindTexture(GL_TEXTURE_2D, made);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 0);
+    fillTexture(image);
+    try {
+        check("load the texture");
+    } catch (const RuntimeError&) {
+        glDeleteTextures(1, &made);
+        throw;
+    }
+    return made;
+}
+
 void setBlend(Blend blend) {
     switch (blend) {
     case Blend::None:
@@ -120,7 +193,7 @@ GlRenderer::~GlRenderer() {
     } catch (const RuntimeError&) {
         return; // the objects went with their context
     }
-    glDeleteTextures(1, &texture_);
+    forgetImages();
     glDeleteProgram(program_);
     glDeleteVertexArrays(1, &vertexArray_);
     glDeleteFramebuffers(1, &backBuffer_);
@@ -165,9 +238,9 @@ void GlRenderer::makeProgram() {
     GLint linked = GL_FALSE;
     glGetProgramiv(program_, GL_LINK_STATUS, &linked);
     if (linked != GL_TRUE) throw deviceError(DeviceFailure::NotAvailable, "The shaders do not link.");
-    cornersPlace_ = glGetUniformLocation(program_, "corners");
-    backSizePlace_ = glGetUniformLocation(program_, "backSize");
-    quadSizePlace_ = glGetUniformLocation(program_, "quadSize");
+    const auto place = [this](const char* name) { return glGetUniformLocation(program_, name); };
+    places_ = {place("corners"), place("backSize"), place("origin"), place("extent"),
+               place("shown"),   place("averaged"), place("cutOut")};
 }
 
 void GlRenderer::loadTexture(const std::string& path) {
@@ -177,29 +250,31 @@ void GlRenderer::loadTexture(const std::string& path) {
         throw deviceError(DeviceFailure::NotAvailable,
                           "The graphics driver knows no DXT textures; another is needed to see them.");
     }
-    GLint largest = 0;
-    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
-    const DdsPicture picture = readDdsPicture(path, static_cast<std::uint32_t>(std::max(largest, 1)));
-    GLuint loaded = 0;
-    glGenTextures(1, &loaded);
-    glBindTexture(GL_TEXTURE_2D, loaded);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 0);
-    const bool dxt1 = picture.format == PixelFormat::Dxt1;
-    glCompressedTexImage2D(GL_TEXTURE_2D, 0,
-                           dxt1 ? GL_COMPRESSED_RGBA_S3TC_DXT1_EXT : GL_COMPRESSED_RGBA_S3TC_DXT5_EXT,
-                           static_cast<GLsizei>(picture.width), static_cast<GLsizei>(picture.height), 0,
-                           static_cast<GLsizei>(picture.blocks.size()), picture.blocks.data());
-    try {
-        check("load the texture");
-    } catch (const RuntimeError&) {
-        glDeleteTextures(1, &loaded);
-        throw;
-    }
-    glDeleteTextures(1, &texture_);
-    texture_ = loaded;
+    const DdsPicture picture = readDdsPicture(path, largestSide());
+    const GLuint loaded = makeTexture({picture.format, static_cast<std::int32_t>(picture.width),
+                                       static_cast<std::int32_t>(picture.height), std::span{picture.blocks}});
+    forgetImages();
+    keep({}, loaded, picture.format);
     format_ = picture.format;
+}
+
+void GlRenderer::putImage(const ImageKey& key, const LevelImage& image) {
+    context_->makeCurrent();
+    forgetErrors();
+    keep(key, makeTexture(image), image.format);
+}
+
+void GlRenderer::forgetImages() {
+    for (const auto& [key, image] : images_) {
+        glDeleteTextures(1, &image.texture);
+    }
+    images_.clear();
+}
+
+void GlRenderer::keep(const ImageKey& key, std::uint32_t texture, PixelFormat format) {
+    Image& image = images_[key];
+    glDeleteTextures(1, &image.texture);
+    image = {texture, format};
 }
 
 void GlRenderer::drawFrame(const FramePicture& picture) {
@@ -211,29 +286,86 @@ void GlRenderer::drawFrame(const FramePicture& picture) {
     const std::uint32_t clear = picture.clearColor;
     glClearColor(channel(clear, 16), channel(clear, 8), channel(clear, 0), 1.0F); // never see-through
     glClear(GL_COLOR_BUFFER_BIT);
-    if (texture_ != 0 && picture.quad[3].x > 0 && picture.quad[3].y > 0) {
-        // What the rounding of the sides leaves of the scale.
-        const float across = static_cast<float>(backWidth_) / static_cast<float>(width_);
-        const float down = static_cast<float>(backHeight_) / static_cast<float>(height_);
-        std::array<float, 8> corners{};
-        for (std::size_t i = 0; i < picture.quad.size(); ++i) {
-            corners[2 * i] = picture.quad[i].x * across;
-            corners[2 * i + 1] = picture.quad[i].y * down;
-        }
-        glUseProgram(program_);
-        glUniform2fv(cornersPlace_, 4, corners.data());
-        glUniform2f(backSizePlace_, static_cast<float>(backWidth_), static_cast<float>(backHeight_));
-        glUniform2f(quadSizePlace_, corners[6], corners[7]);
-        glBindTexture(GL_TEXTURE_2D, texture_);
-        glBindVertexArray(vertexArray_);
-        setBlend(picture.blend);
-        glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE); // the viewport itself is never see-through
-        glDrawArrays(GL_TRIANGLE_STRIP, 0, 4);
-        glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-        glDisable(GL_BLEND);
+    glUseProgram(program_);
+    glUniform2f(places_.backSize, static_cast<float>(backWidth_), static_cast<float>(backHeight_));
+    glBindVertexArray(vertexArray_);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE); // the viewport itself is never see-through
+    if (picture.picks.chequered) drawGround(picture.scale);
+    setBlend(picture.blend);
+    for (const Sheet& sheet : sheetsOf(picture)) {
+        drawSheet(sheet, picture.picks);
     }
+    glDisable(GL_BLEND);
+    if (picture.marker) drawMarker(*picture.marker);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     check("draw a frame");
     context_->present(readBackBuffer(), backWidth_, backHeight_);
+}
+
+std::vector<Sheet> GlRenderer::sheetsOf(const FramePicture& picture) const {
+    if (!picture.sheets.empty()) return picture.sheets;
+    // What the rounding of the sides leaves of the scale.
+    const float across = static_cast<float>(backWidth_) / static_cast<float>(width_);
+    const float down = static_cast<float>(backHeight_) / static_cast<float>(height_);
+    return {{{}, 0, 0, picture.quad[3].x * across, picture.quad[3].y * down}};
+}
+
+void GlRenderer::drawGround(double scale) {
+    constexpr double square = 8;
+    glUniform1i(places_.shown, -static_cast<GLint>(std::lround(std::max(square * scale, 1.0))));
+    fill(0, 0, backWidth_, backHeight_);
+}
+
+void GlRenderer::drawSheet(const Sheet& sheet, const Picks& picks) {
+    const auto found = images_.find(sheet.image);
+    if (found == images_.end() || sheet.width <= 0 || sheet.height <= 0) return;
+    const Image& image = found->second;
+    glBindTexture(GL_TEXTURE_2D, image.texture);
+    glUniform2f(places_.origin, static_cast<float>(sheet.left), static_cast<float>(sheet.top));
+    glUniform2f(places_.extent, static_cast<float>(sheet.width), static_cast<float>(sheet.height));
+    glUniform1i(places_.shown, static_cast<GLint>(picks.channel));
+    glUniform1i(places_.averaged, picks.averaged ? 1 : 0);
+    glUniform1i(places_.cutOut, image.format == PixelFormat::Dxt1 ? 1 : 0);
+    fill(sheet.left, sheet.top, sheet.left + sheet.width, sheet.top + sheet.height);
+}
+
+void GlRenderer::fill(double left, double top, double right, double bottom) const {
+    const auto inside = [](double place, std::int32_t side) {
+        return static_cast<float>(std::clamp(place, 0.0, static_cast<double>(side)));
+    };
+    const float x0 = inside(left, backWidth_);
+    const float x1 = inside(right, backWidth_);
+    const float y0 = inside(top, backHeight_);
+    const float y1 = inside(bottom, backHeight_);
+    const std::array<float, 8> corners{x0, y0, x1, y0, x0, y1, x1, y1};
+    glUniform2fv(places_.corners, 4, corners.data());
+    glDrawArrays(GL_TRIANGLE_STRIP, 0, 4);
+}
+
+// White in black, to be seen on any picture.
+void GlRenderer::drawMarker(const Sheet& place) const {
+    const auto left = static_cast<GLint>(std::floor(place.left));
+    const auto top = static_cast<GLint>(std::floor(place.top));
+    const auto right = static_cast<GLint>(std::ceil(place.left + place.width));
+    const auto bottom = static_cast<GLint>(std::ceil(place.top + place.height));
+    glEnable(GL_SCISSOR_TEST);
+    for (const GLint around : {1, 2}) {
+        const float shade = around == 1 ? 1.0F : 0.0F;
+        glClearColor(shade, shade, shade, 1);
+        const GLint width = right - left + 2 * around;
+        const GLint height = bottom - top + 2 * around;
+        const GLint x = left - around;
+        const GLint y = backHeight_ - bottom - around; // from below
+        const std::array<std::array<GLint, 4>, 4> edges{{{x, y, width, 1},
+                                                         {x, y + height - 1, width, 1},
+                                                         {x, y, 1, height},
+                                                         {x + width - 1, y, 1, height}}};
+        for (const auto& edge : edges) {
+            glScissor(edge[0], edge[1], edge[2], edge[3]);
+            glClear(GL_COLOR_BUFFER_BIT);
+        }
+    }
+    glDisable(GL_SCISSOR_TEST);
 }
 
 std::vector<std::byte> GlRenderer::readBackBuffer() {

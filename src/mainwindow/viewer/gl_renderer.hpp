@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <span>
 #include <vector>
@@ -36,6 +37,7 @@ public:
     GlRenderer& operator=(const GlRenderer&) = delete;
 
     void loadTexture(const std::string& path) override;
+    void putImage(const ImageKey& key, const LevelImage& image) override;
     [[nodiscard]] PixelFormat textureFormat() const override { return format_; }
     [[nodiscard]] bool readyForFrame() const override { return context_->ready(); }
     [[nodiscard]] double scale() const override { return context_->scale(); }
@@ -54,6 +56,29 @@ private:
     void makeBackBuffer();
     void sizeBackBuffer(double scale);
     void makeProgram();
+    void forgetImages();
+    void keep(const ImageKey& key, std::uint32_t texture, PixelFormat format);
+    [[nodiscard]] std::vector<Sheet> sheetsOf(const FramePicture& picture) const;
+    void drawGround(double scale);
+    void drawSheet(const Sheet& sheet, const Picks& picks);
+    void drawMarker(const Sheet& place) const;
+    /// Runs the shader over a rectangle of the back buffer, as far as that reaches.
+    void fill(double left, double top, double right, double bottom) const;
+
+    struct Image {
+        std::uint32_t texture = 0;
+        PixelFormat format = PixelFormat::Dxt1;
+    };
+    /// Of the shader's uniform values.
+    struct Places {
+        std::int32_t corners = -1;
+        std::int32_t backSize = -1;
+        std::int32_t origin = -1;
+        std::int32_t extent = -1;
+        std::int32_t shown = -1;
+        std::int32_t averaged = -1;
+        std::int32_t cutOut = -1;
+    };
 
     std::unique_ptr<GlContext> context_;
     const std::int32_t width_;
@@ -65,10 +90,8 @@ private:
     std::uint32_t backBuffer_ = 0;
     std::uint32_t vertexArray_ = 0;
     std::uint32_t program_ = 0;
-    std::int32_t cornersPlace_ = -1;
-    std::int32_t backSizePlace_ = -1;
-    std::int32_t quadSizePlace_ = -1;
-    std::uint32_t texture_ = 0;
+    Places places_;
+    std::map<ImageKey, Image> images_;
 };
 
 } // namespace pelrath

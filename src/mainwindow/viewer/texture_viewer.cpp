@@ -4,7 +4,9 @@
 #include "platform/files.hpp"
 #include "platform/scoped_flag.hpp"
 
+#include <algorithm>
 #include <cerrno>
+#include <cmath>
 
 namespace pelrath {
 
@@ -80,20 +82,45 @@ void TextureViewer::showStatus(const std::string& caption) {
     world_.Label11.setVisible(true);
 }
 
-void TextureViewer::showTexture(const std::string& path, const std::string& origin) {
+bool TextureViewer::showTexture(const std::string& path, const std::string& origin) {
     ImageInfo info;
     getImageInfo(path, info, world_.boxes);
     if (info.width == 0 || info.height == 0) {
         showStatus("Invalid DXT Format");
-        return;
+        return false;
     }
     const Quad quad = fitQuad(info.width, info.height, world_.state);
     if (!loadTextureFile(path, origin)) {
         showStatus("File not found !");
-        return;
+        return false;
     }
     offerModesOf(device_->textureFormat());
     quad_ = quad;
+    textureWidth_ = info.width;
+    images_ = {ImageKey{}};
+    return true;
+}
+
+void TextureViewer::showNothing() {
+    quad_ = {};
+    look_.begin({});
+    emptied.emit();
+}
+
+Look& TextureViewer::look() {
+    const ViewerState& state = world_.state;
+    const double unit = device_ ? device_->scale() : 1;
+    const double shrunk = static_cast<double>(state.viewPortWidth) / std::max<int>(state.referenceWidth, 1);
+    look_.setRoom({static_cast<std::int32_t>(std::lround(state.viewPortWidth * unit)),
+                   static_cast<std::int32_t>(std::lround(state.viewPortHeight * unit)), unit,
+                   quad_[3].x > 0 ? quad_[3].x * shrunk * unit / textureWidth_ : unit});
+    return look_;
+}
+
+void TextureViewer::putImage(const ImageKey& key, const LevelImage& image) {
+    if (!device_) return;
+    device_->putImage(key, image);
+    images_.insert(key);
 }
 
 bool TextureViewer::loadTextureFile(const std::string& path, const std::string& origin) {
@@ -137,8 +164,20 @@ FramePicture TextureViewer::pictureNow() {
         world_.state.alphaBlendOn = true;
         break;
     }
-    return {world_.state.clearColor, world_.state.alphaBlendOn ? blend_ : Blend::None, texturesLoaded_, quad_,
-            device_->scale()};
+    FramePicture picture{world_.state.clearColor, world_.state.alphaBlendOn ? blend_ : Blend::None,
+                         texturesLoaded_, quad_, device_->scale()};
+    if (look().hasTexture() && !look_.isGiven()) lookCloser(picture);
+    return picture;
+}
+
+void TextureViewer::lookCloser(FramePicture& picture) const {
+    const ViewerState& state = world_.state;
+    picture.scale *= static_cast<double>(state.viewPortWidth) / std::max<int>(state.referenceWidth, 1);
+    picture.sheets = look_.sheets();
+    picture.picks = look_.picks;
+    picture.marker = look_.marker();
+    if (picture.picks.channel == Channel::All) return;
+    picture.blend = picture.picks.channel == Channel::ClearTexels ? Blend::Mask : Blend::None;
 }
 
 void TextureViewer::drawFrame() {

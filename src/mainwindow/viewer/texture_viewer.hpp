@@ -2,6 +2,7 @@
 
 #include "controls/control.hpp"
 #include "controls/option_group.hpp"
+#include "controls/signal.hpp"
 #include "mainwindow/viewer/device.hpp"
 #include "mainwindow/viewer/viewer_state.hpp"
 #include "mainwindow/viewer/viewport_surface.hpp"
@@ -10,6 +11,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 
 namespace pelrath {
@@ -28,6 +30,8 @@ struct ViewerSurroundings {
 /// stop. Reports its own failures.
 class TextureViewer {
 public:
+    Signal<> emptied; ///< by showNothing()
+
     explicit TextureViewer(const ViewerSurroundings& surroundings) : world_(surroundings) {}
 
     /// True when there is a device afterwards. The back buffer is as large as the quads are computed for.
@@ -39,10 +43,16 @@ public:
     void release();
 
     /// The staged file at `path` is what the next frame shows. A failure leaves the picture as it was, and
-    /// its message ends with `origin`, a sentence.
-    void showTexture(const std::string& path, const std::string& origin = {});
+    /// its message ends with `origin`, a sentence. True when it is shown; its other images are gone then.
+    bool showTexture(const std::string& path, const std::string& origin = {});
     /// The next frame shows the background alone.
-    void showNothing() { quad_ = {}; }
+    void showNothing();
+
+    /// How the texture is looked at, in the viewport as it is.
+    [[nodiscard]] Look& look();
+    [[nodiscard]] bool hasImage(const ImageKey& key) const { return images_.contains(key); }
+    /// An image of the texture beside level 0, which is there. Nothing without a device; fails as Device.
+    void putImage(const ImageKey& key, const LevelImage& image);
 
 private:
     bool loadTextureFile(const std::string& path, const std::string& origin);
@@ -54,6 +64,8 @@ private:
     /// Nothing when the viewport shows the picture already, or cannot take another yet.
     void drawFrame();
     [[nodiscard]] FramePicture pictureNow();
+    /// The same picture, looked at otherwise than given.
+    void lookCloser(FramePicture& picture) const;
 
     ViewerSurroundings world_;
     std::unique_ptr<Device> device_;
@@ -61,6 +73,9 @@ private:
     std::uint64_t texturesLoaded_ = 0;
     Blend blend_ = Blend::None;
     Quad quad_{};
+    std::uint32_t textureWidth_ = 1; ///< of level 0
+    Look look_;
+    std::set<ImageKey> images_;
     bool looping_ = false;
     std::optional<FramePicture> shown_; ///< what the viewport shows already
 };
