@@ -6,9 +6,9 @@
 
 namespace pelrath {
 
-HandOff::HandOff(const Controls& controls, MessageBoxes& boxes, Session& session,
+HandOff::HandOff(const Controls& controls, MessageBoxes& boxes, Session& session, TextureLook& look,
                  TextureExtractionInsertion& dialog)
-    : c_(controls), boxes_(boxes), session_(session), dialog_(dialog) {
+    : c_(controls), boxes_(boxes), session_(session), look_(look), dialog_(dialog) {
     connections_.push_back(c_.cmdExtract.click.connect([this] { start(DialogMode::Extraction); }));
     connections_.push_back(c_.cmdInsert.click.connect([this] { start(DialogMode::Insertion); }));
 }
@@ -33,7 +33,9 @@ void HandOff::checkAndOpenDialog() {
     }
     session_.exportImportFolder = folder;
     c_.Text8.setText(folder);
-    if (textureIsChosen()) dialog_.show(c_.window);
+    if (!textureIsChosen()) return;
+    if (session_.mode == DialogMode::Insertion) look_.keepBefore();
+    dialog_.show(c_.window);
 }
 
 bool HandOff::textureIsChosen() {

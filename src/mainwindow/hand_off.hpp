@@ -3,6 +3,7 @@
 #include "controls/control.hpp"
 #include "controls/text_box.hpp"
 #include "controls/window.hpp"
+#include "mainwindow/texture_look.hpp"
 #include "platform/message_boxes.hpp"
 #include "session/session.hpp"
 #include "transfer/texture_extraction_insertion.hpp"
@@ -19,7 +20,7 @@ public:
         CommandButton& cmdInsert;
     };
 
-    HandOff(const Controls& controls, MessageBoxes& boxes, Session& session,
+    HandOff(const Controls& controls, MessageBoxes& boxes, Session& session, TextureLook& look,
             TextureExtractionInsertion& dialog);
 
 private:
@@ -31,6 +32,7 @@ private:
     Controls c_;
     MessageBoxes& boxes_;
     Session& session_;
+    TextureLook& look_;
     TextureExtractionInsertion& dialog_;
     Connections connections_;
 };

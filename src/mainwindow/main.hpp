@@ -12,6 +12,7 @@
 #include "mainwindow/main_controls.hpp"
 #include "mainwindow/splash.hpp"
 #include "mainwindow/texture_choice.hpp"
+#include "mainwindow/texture_look.hpp"
 #include "mainwindow/viewer/texture_viewer.hpp"
 #include "mainwindow/viewport_controls.hpp"
 #include "mainwindow/window_layout.hpp"
@@ -49,6 +50,8 @@ public:
     /// The layout pass as it runs before the window is first shown.
     void layOut() { layout_.Form_Resize(); }
 
+    [[nodiscard]] TextureLook& look() { return look_; }
+
     InsertionRecovery recovery;
     Disclaimer disclaimer;
     FolderSelection folders;
@@ -58,6 +61,7 @@ public:
 
 private:
     TextureViewer viewer_;
+    TextureLook look_;
     Splash splash_;
     WindowLayout layout_;
     ViewportControls viewport_;

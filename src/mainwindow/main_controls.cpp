@@ -83,6 +83,7 @@ void designViewport(MainControls& c) {
     design(c.Label12, {105, 105, 1350, 300}, "Viewport Size :");
     design(c.viewPortSize[0], {{1470, 105, 1170, 300}, "256 x 256"});
     design(c.viewPortSize[1], {{2655, 105, 1170, 300}, "512 x 512"});
+    designShown(c.texelStrip, {3930, 9075, 3870, 480}, "Texel and view");
     c.SplashFrame.setBox({105, 1515, 7680, 7680});
     for (TextBox& text : c.SplashText) {
         text.setLocked(true);

@@ -57,6 +57,7 @@ struct MainControls {
     std::array<TextBox, 2> SplashText; // credits and disclaimer
     PictureBox SplashPicture;          // the picture below them
     Timer Timer1;                      // starts the render loop
+    TextBox texelStrip;                // what is seen of the texture, and of the texel under the pointer
 
     // The archive's structure.
     Label Label2;  // "CDDS Type :"

@@ -11,8 +11,8 @@
 namespace pelrath {
 
 TextureChoice::TextureChoice(const Controls& controls, Session& session, TextureViewer& viewer,
-                             MessageBoxes& boxes)
-    : c_(controls), session_(session), viewer_(viewer), boxes_(boxes),
+                             TextureLook& look, MessageBoxes& boxes)
+    : c_(controls), session_(session), viewer_(viewer), look_(look), boxes_(boxes),
       dds_(session.archive, session.archivePath, session.archiveFile),
       connection_(c_.Output[TexturePane].click.connect([this] { showSelectedTexture(); })) {}
 
@@ -56,7 +56,8 @@ void TextureChoice::stageAndShow(std::int16_t texture) {
                            "Pelrath - Texture not available");
         return;
     }
-    viewer_.showTexture(path, "This is the texture " + dds_.describe(texture) + ".");
+    if (viewer_.showTexture(path, "This is the texture " + dds_.describe(texture) + "."))
+        look_.begin(texture);
 }
 
 } // namespace pelrath

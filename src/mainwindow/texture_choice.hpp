@@ -3,6 +3,7 @@
 #include "archive/dds_export.hpp"
 #include "controls/control.hpp"
 #include "controls/list_box.hpp"
+#include "mainwindow/texture_look.hpp"
 #include "mainwindow/viewer/texture_viewer.hpp"
 #include "platform/message_boxes.hpp"
 #include "session/session.hpp"
@@ -21,7 +22,8 @@ public:
         Label& Label11;
     };
 
-    TextureChoice(const Controls& controls, Session& session, TextureViewer& viewer, MessageBoxes& boxes);
+    TextureChoice(const Controls& controls, Session& session, TextureViewer& viewer, TextureLook& look,
+                  MessageBoxes& boxes);
 
 private:
     void showSelectedTexture();
@@ -31,6 +33,7 @@ private:
     Controls c_;
     Session& session_;
     TextureViewer& viewer_;
+    TextureLook& look_;
     MessageBoxes& boxes_;
     DdsExport dds_;
     Connection connection_;

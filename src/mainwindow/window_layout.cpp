@@ -12,6 +12,8 @@ constexpr double scrollBarInset = 300; // the bar ends this far before the pane 
 constexpr double outside = 30;         // borders of a pane's title and list lie just outside it
 constexpr double twipsPerStep = 10;    // of a scroll bar
 constexpr double counterGap = 50;
+constexpr double sizesWidth = 3840; // of the viewport's sizes and their caption
+constexpr double stripInset = 15;
 constexpr double captionGap = 75; // between two captions side by side
 
 std::int16_t rounded(double twips) { return static_cast<std::int16_t>(std::nearbyint(twips)); }
@@ -71,10 +73,23 @@ void WindowLayout::placeViewport() {
     c_.frameViewportSize.setVisible(true);
     c_.frameViewportSize.setBox(
         {viewport.left, viewport.top + viewport.height, viewport.width, c_.frameViewportSize.box().height});
+    placeStrip();
     for (PictureBox& pane : c_.Picture1) {
         pane.setLeft(viewport.width + 2 * margin_);
     }
     splash_.layoutSplash(state_.viewPortWidth >= 512);
+}
+
+// Beside the sizes where there is room, below them elsewhere.
+void WindowLayout::placeStrip() {
+    const Box sizes = c_.frameViewportSize.box();
+    if (sizes.width >= 2 * sizesWidth) {
+        c_.texelStrip.setBox({sizes.left + sizesWidth, sizes.top + 4 * stripInset,
+                              sizes.width - sizesWidth - stripInset, sizes.height - 5 * stripInset});
+    } else {
+        c_.texelStrip.setBox({sizes.left, sizes.top + sizes.height, sizes.width, sizes.height});
+    }
+    c_.texelStrip.setVisible(true);
 }
 
 void WindowLayout::hideViewport() {
@@ -82,6 +97,7 @@ void WindowLayout::hideViewport() {
     c_.dynImage.setBox({c_.dynImage.box().left, c_.dynImage.box().top, 0, 0});
     c_.dynImage.setVisible(false);
     c_.frameViewportSize.setVisible(false);
+    c_.texelStrip.setVisible(false);
     for (PictureBox& pane : c_.Picture1) {
         pane.setLeft(margin_);
     }

@@ -24,6 +24,7 @@ public:
         const Frame& Frame1;
         PictureBox& dynImage;
         Frame& frameViewportSize;
+        TextBox& texelStrip;
         Frame& SplashFrame;
         Label& Label4;
         Label& Label5;
@@ -53,6 +54,7 @@ private:
     bool enforceSmallestSize();
     void placeViewport();
     void hideViewport();
+    void placeStrip();
     void placeCaptions();
     void HScroll_Change(std::size_t index);
     [[nodiscard]] double twipsOfPixels(int pixels) const { return pixels * screen_.twipsPerPixel(); }

@@ -2,6 +2,7 @@
 
 #include "platform/file_lock.hpp"
 #include "platform/folder_handle.hpp"
+#include "platform/folder_names.hpp"
 #include "platform/new_file.hpp"
 #include "platform/private_folder.hpp"
 #include "platform/temporary_file.hpp"
@@ -17,17 +18,6 @@ namespace pelrath {
 namespace {
 
 using IsOurs = bool (*)(std::string_view name);
-
-std::vector<std::string> namesIn(int folder, IsOurs isOurs) {
-    std::vector<std::string> found;
-    const int twin = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); // closed with the reading
-    const FolderReading reading{twin < 0 ? nullptr : ::fdopendir(twin)};
-    if (!reading) return found;
-    while (const dirent* entry = ::readdir(reading.get())) {
-        if (isOurs(entry->d_name)) found.emplace_back(entry->d_name);
-    }
-    return found;
-}
 
 bool isFileOfUser(int folder, const std::string& name) {
     struct stat info {};

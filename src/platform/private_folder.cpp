@@ -3,6 +3,7 @@
 #include "platform/file_lock.hpp"
 #include "platform/files.hpp"
 #include "platform/folder_handle.hpp"
+#include "platform/folder_names.hpp"
 #include "platform/unique_name.hpp"
 
 #include <cerrno>
@@ -16,6 +17,8 @@ namespace {
 constexpr std::string_view prefix = "pelrath-";
 constexpr int attempts = 100;
 
+bool isPicture(std::string_view name) { return name.ends_with(".png"); }
+
 } // namespace
 
 bool isPrivateFolderName(std::string_view name) { return isUniqueName(name, prefix); }
@@ -23,6 +26,9 @@ bool isPrivateFolderName(std::string_view name) { return isUniqueName(name, pref
 int emptyPrivateFolder(int folder) {
     for (const char* name : temporaryNames) {
         if (::unlinkat(folder, name, 0) != 0 && errno != ENOENT) return errno;
+    }
+    for (const std::string& picture : namesIn(folder, isPicture)) {
+        if (::unlinkat(folder, picture.c_str(), 0) != 0 && errno != ENOENT) return errno;
     }
     return 0;
 }

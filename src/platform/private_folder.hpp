@@ -25,7 +25,8 @@ public:
     /// room for such a folder.
     [[nodiscard]] const std::string& path();
 
-    /// Removes it with the temporary files in it. 0, or what the system says (errno); then it stays.
+    /// Removes it with the temporary files and pictures in it. 0, or what the system says (errno); then it
+    /// stays.
     [[nodiscard]] int remove();
 
 private:
@@ -39,7 +40,8 @@ private:
 /// `pelrath-` and six letters or digits.
 [[nodiscard]] bool isPrivateFolderName(std::string_view name);
 
-/// Takes the temporary files out of such a folder, which has been opened. 0, or what the system says.
+/// Takes the temporary files, and pictures (.png), out of such a folder, which has been opened. 0, or what
+/// the system says.
 [[nodiscard]] int emptyPrivateFolder(int folder);
 
 } // namespace pelrath

@@ -1,0 +1,191 @@
+#include "mainwindow/texture_levels.hpp"
+
+#include "platform/runtime_error.hpp"
+
+#include <algorithm>
+#include <cstdlib>
+#include <span>
+
+namespace pelrath {
+
+namespace {
+
+constexpr std::int32_t largestSide = 16384;
+
+PixelFormat pixelFormat(BlockFormat format) {
+    return format == BlockFormat::Dxt1 ? PixelFormat::Dxt1 : PixelFormat::Dxt5;
+}
+
+// The block that holds a texel, decoded.
+std::array<std::uint8_t, 4> texelOf(BlockFormat format, std::span<const std::byte> blocks,
+                                    const LevelSides& sides, const Texel& texel) {
+    const auto across = static_cast<std::size_t>((sides.width + 3) / 4);
+    const std::size_t block =
+        static_cast<std::size_t>(texel.y / 4) * across + static_cast<std::size_t>(texel.x / 4);
+    std::array<std::byte, 16 * bytesPerTexel> decoded{};
+    decodeLevel(format, blocks.subspan(block * bytesPerBlock(format), bytesPerBlock(format)), 4, 4, decoded);
+    const std::size_t at = static_cast<std::size_t>(texel.y % 4 * 4 + texel.x % 4) * bytesPerTexel;
+    std::array<std::uint8_t, 4> values{};
+    std::transform(&decoded[at], &decoded[at] + bytesPerTexel, values.begin(),
+                   [](std::byte value) { return std::to_integer<std::uint8_t>(value); });
+    return values;
+}
+
+LevelDifference differenceOf(const LevelPicture& now, const LevelPicture& before) {
+    constexpr int stronger = 8; // what compression does is otherwise too dark to be seen
+    LevelDifference result;
+    result.picture = {now.width, now.height, std::vector<std::byte>(now.texels.size())};
+    std::uint64_t sum = 0;
+    for (std::size_t at = 0; at < now.texels.size(); at += bytesPerTexel) {
+        std::array<int, bytesPerTexel> by{};
+        for (std::size_t i = 0; i < by.size(); ++i) {
+            by[i] = std::abs(std::to_integer<int>(now.texels[at + i]) -
+                             std::to_integer<int>(before.texels[at + i]));
+            sum += static_cast<std::uint64_t>(by[i]);
+            result.largest = std::max(result.largest, by[i]);
+        }
+        for (std::size_t i = 0; i < by.size(); ++i) {
+            result.picture.texels[at + i] =
+                static_cast<std::byte>(std::min(std::max(by[i], by[3]) * stronger, 255));
+        }
+    }
+    result.mean = static_cast<double>(sum) / static_cast<double>(std::max<std::size_t>(now.texels.size(), 1));
+    return result;
+}
+
+} // namespace
+
+TextureLevels::TextureLevels(const Session& session)
+    : session_(session), dds_(session.archive, session.archivePath, session.archiveFile) {}
+
+void TextureLevels::begin(std::int16_t texture) {
+    texture_ = texture;
+    now_.clear();
+    differences_.clear();
+    settleBefore();
+}
+
+void TextureLevels::keepBefore(std::int16_t texture) {
+    candidate_.reset();
+    Kept kept{session_.archivePath, texture, {}};
+    try {
+        for (const LevelSides& sides : showable(texture)) {
+            kept.levels[sides.level] = dds_.readLevelData(texture, sides.level);
+        }
+        candidate_ = std::move(kept);
+    } catch (const RuntimeError&) {
+        return; // the insertion itself tells what is the matter
+    }
+}
+
+// Where nothing was inserted, what the insertion before it changed is still the last.
+void TextureLevels::settleBefore() {
+    if (!isOf(candidate_)) return;
+    const Kept kept = *std::exchange(candidate_, std::nullopt);
+    try {
+        for (const auto& [level, old] : kept.levels) {
+            if (blocks({level, Version::Now}) == old) continue;
+            before_ = kept;
+            return;
+        }
+    } catch (const RuntimeError&) {
+        return; // shows when the level is
+    }
+}
+
+bool TextureLevels::isOf(const std::optional<Kept>& kept) const {
+    return kept && kept->texture == texture_ && kept->archive == session_.archivePath;
+}
+
+bool TextureLevels::hasBefore() const {
+    const std::vector<LevelSides> levels = showable();
+    return isOf(before_) && std::all_of(levels.begin(), levels.end(), [this](const LevelSides& sides) {
+               const auto kept = before_->levels.find(sides.level);
+               return kept != before_->levels.end() &&
+                      kept->second.size() ==
+                          static_cast<std::size_t>(dds_.level(texture_, sides.level).dataSize);
+           });
+}
+
+std::vector<LevelSides> TextureLevels::showable() const { return showable(texture_); }
+
+std::vector<LevelSides> TextureLevels::showable(std::int16_t texture) const {
+    std::vector<LevelSides> levels;
+    const auto& textures = session_.archive.textures;
+    if (texture < 0 || static_cast<std::size_t>(texture) >= textures.size()) return levels;
+    std::int16_t number = 0;
+    for (const MipmapRecord& record : textures[static_cast<std::size_t>(texture)].mipmaps) {
+        const bool possible = std::min(record.width, record.height) >= 1 &&
+                              std::max(record.width, record.height) <= largestSide;
+        if (possible && static_cast<std::uint64_t>(record.dataSize) >=
+                            bytesPerLevel(formatOf(texture), static_cast<std::uint32_t>(record.width),
+                                          static_cast<std::uint32_t>(record.height)))
+            levels.push_back({number, record.width, record.height});
+        ++number;
+    }
+    return levels;
+}
+
+BlockFormat TextureLevels::format() const { return formatOf(texture_); }
+
+BlockFormat TextureLevels::formatOf(std::int16_t texture) const {
+    const auto kind = dds_.nativeImageKind(texture);
+    return kind && kind->kind == ImageFileKind::Tga ? BlockFormat::Dxt5 : BlockFormat::Dxt1;
+}
+
+LevelSides TextureLevels::sides(std::int16_t level) const {
+    const MipmapRecord& record = dds_.level(texture_, level);
+    return {level, record.width, record.height};
+}
+
+const TextureLevels::Blocks& TextureLevels::blocks(const ImageKey& key) {
+    if (key.version == Version::Before) return before_->levels.at(key.level);
+    const auto read = now_.find(key.level);
+    if (read != now_.end()) return read->second;
+    return now_[key.level] = dds_.readLevelData(texture_, key.level);
+}
+
+LevelImage TextureLevels::image(const ImageKey& key) {
+    const LevelSides level = sides(key.level);
+    if (key.version == Version::Difference) {
+        return {PixelFormat::Rgba, level.width, level.height, difference(key.level).picture.texels};
+    }
+    const std::uint64_t needed = bytesPerLevel(format(), static_cast<std::uint32_t>(level.width),
+                                               static_cast<std::uint32_t>(level.height));
+    return {pixelFormat(format()), level.width, level.height,
+            std::span{blocks(key)}.first(static_cast<std::size_t>(needed))};
+}
+
+LevelPicture TextureLevels::decoded(const ImageKey& key) {
+    if (key.version == Version::Difference) return difference(key.level).picture;
+    const LevelImage level = image(key);
+    const auto width = static_cast<std::uint32_t>(level.width);
+    const auto height = static_cast<std::uint32_t>(level.height);
+    LevelPicture picture{level.width, level.height,
+                         std::vector<std::byte>(std::size_t{width} * height * bytesPerTexel)};
+    decodeLevel(format(), level.bytes, width, height, picture.texels);
+    return picture;
+}
+
+const LevelDifference& TextureLevels::difference(std::int16_t level) {
+    const auto known = differences_.find(level);
+    if (known != differences_.end()) return known->second;
+    return differences_[level] =
+               differenceOf(decoded({level, Version::Now}), decoded({level, Version::Before}));
+}
+
+std::array<std::uint8_t, 4> TextureLevels::texel(const Texel& texel, Version version) {
+    const LevelSides level = sides(texel.level);
+    const auto valuesOf = [&](Version wanted) {
+        return texelOf(format(), blocks({texel.level, wanted}), level, texel);
+    };
+    if (version != Version::Difference) return valuesOf(version);
+    std::array<std::uint8_t, 4> values = valuesOf(Version::Now);
+    const std::array<std::uint8_t, 4> old = valuesOf(Version::Before);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values[i] = static_cast<std::uint8_t>(std::abs(values[i] - old[i]));
+    }
+    return values;
+}
+
+} // namespace pelrath

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "archive/dds_export.hpp"
+#include "imaging/block_decoder.hpp"
+#include "mainwindow/viewer/device.hpp"
+#include "session/session.hpp"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pelrath {
+
+/// Texels of four bytes, red, green, blue and alpha, rows from the top.
+struct LevelPicture {
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::vector<std::byte> texels;
+};
+
+/// Where a level changed.
+struct LevelDifference {
+    LevelPicture picture; ///< each value's difference eight times; that of alpha lightens all of a texel
+    double mean = 0;      ///< of all values of all texels, 0 to 255
+    int largest = 0;
+};
+
+/// The levels of the texture that is shown, as the archive has them and as it had them before the last
+/// insertion. They are read when they are first asked for. Fails as DdsExport does.
+class TextureLevels {
+public:
+    explicit TextureLevels(const Session& session);
+
+    /// Of this texture, as it is from now on.
+    void begin(std::int16_t texture);
+    /// An insertion into this texture may follow. What cannot be read is not kept.
+    void keepBefore(std::int16_t texture);
+
+    /// Those with possible sides and enough data.
+    [[nodiscard]] std::vector<LevelSides> showable() const;
+    [[nodiscard]] BlockFormat format() const;
+    /// An insertion has changed it.
+    [[nodiscard]] bool hasBefore() const;
+
+    /// What the viewer needs to show it; valid until another texture begins.
+    [[nodiscard]] LevelImage image(const ImageKey& key);
+    [[nodiscard]] LevelPicture decoded(const ImageKey& key);
+    [[nodiscard]] const LevelDifference& difference(std::int16_t level);
+    /// Red, green, blue and alpha, or their differences.
+    [[nodiscard]] std::array<std::uint8_t, 4> texel(const Texel& texel, Version version);
+
+private:
+    using Blocks = std::vector<std::byte>;
+    /// A texture as it was.
+    struct Kept {
+        std::string archive;
+        std::int16_t texture = -1;
+        std::map<std::int16_t, Blocks> levels;
+    };
+
+    [[nodiscard]] std::vector<LevelSides> showable(std::int16_t texture) const;
+    [[nodiscard]] BlockFormat formatOf(std::int16_t texture) const;
+    [[nodiscard]] bool isOf(const std::optional<Kept>& kept) const;
+    void settleBefore();
+    [[nodiscard]] const Blocks& blocks(const ImageKey& key);
+    [[nodiscard]] LevelSides sides(std::int16_t level) const;
+
+    const Session& session_;
+    DdsExport dds_;
+    std::int16_t texture_ = -1;
+    std::map<std::int16_t, Blocks> now_;
+    std::map<std::int16_t, LevelDifference> differences_;
+    std::optional<Kept> candidate_; ///< nobody knows yet whether it was changed
+    std::optional<Kept> before_;
+};
+
+} // namespace pelrath
