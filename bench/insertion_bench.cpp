@@ -12,6 +12,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -24,14 +25,35 @@ namespace pelrath::bench {
 
 namespace {
 
-constexpr int side = 2048;
+constexpr int usualSide = 2048;
 constexpr int levelCount = 12;
 constexpr const char* filterNames[] = {"nearest", "linear", "bilinear", "box",     "triangle",
                                        "bell",    "spline", "lanczos",  "mitchell"};
 
+/// How long the window is left alone at most while it is busy.
+class LongestPause : public BusySign {
+public:
+    void show(const std::string& /*what*/, std::uint64_t /*done*/, std::uint64_t /*total*/) override {
+        const Clock::time_point now = Clock::now();
+        longest_ = std::max(longest_, now - last_);
+        last_ = now;
+    }
+    void clear() override { show("", 0, 0); }
+
+    void begin() { last_ = Clock::now(); }
+    [[nodiscard]] double milliseconds() const {
+        return std::chrono::duration<double, std::milli>{longest_}.count();
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+    Clock::time_point last_;
+    Clock::duration longest_{};
+};
+
 /// An archive with one texture, the dialog over it, and images of it in three kinds.
 struct Workplace {
-    Workplace() {
+    explicit Workplace(int theSide = usualSide) : side(theSide) {
         std::filesystem::create_directories(folder);
         session.programFolder = session.exportImportFolder = folder;
         session.archivePath = folder + "/a.cdds";
@@ -51,7 +73,10 @@ struct Workplace {
     Workplace(const Workplace&) = delete;
     Workplace& operator=(const Workplace&) = delete;
 
-    [[nodiscard]] std::string source() const { return folder + "/photo-2048x2048.bmp"; }
+    [[nodiscard]] std::string source() const {
+        const std::string number = std::to_string(side);
+        return folder + "/photo-" + number + "x" + number + ".bmp";
+    }
     [[nodiscard]] const std::vector<MipmapRecord>& levels() const {
         return session.archive.textures[0].mipmaps;
     }
@@ -60,6 +85,7 @@ struct Workplace {
                                    options.extension);
     }
 
+    int side;
     std::string folder = (std::filesystem::temp_directory_path() / "pelrath-insertion-bench").string();
     Session session;
     AbortingBoxes boxes;
@@ -70,14 +96,16 @@ struct Workplace {
     LibraryImages images;
     ImageLibraryUse use{facade, images};
     TransferImaging imaging{facade, images, options, use};
+    LongestPause pause;
     InsertionRecovery recovery{boxes, session};
-    TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}, recovery}};
+    TextureExtractionInsertion dialog{session, {boxes, user, associations, [] {}, [] {}, recovery, &pause}};
     Window owner;
 
 private:
     // Soft slopes with a little grain, as in a photograph.
     void writeSource() const {
-        std::vector<char> bytes(54 + std::size_t{3} * side * side);
+        const auto width = static_cast<std::size_t>(side);
+        std::vector<char> bytes(54 + 3 * width * width);
         const auto put = [&bytes](std::size_t at, std::uint32_t value) {
             std::memcpy(&bytes[at], &value, sizeof value);
         };
@@ -85,13 +113,13 @@ private:
         put(2, static_cast<std::uint32_t>(bytes.size()));
         put(10, 54);
         put(14, 40);
-        put(18, side);
-        put(22, side);
+        put(18, static_cast<std::uint32_t>(side));
+        put(22, static_cast<std::uint32_t>(side));
         put(26, 1 | 24U << 16);
         std::uint32_t grain = 1;
         for (std::size_t i = 54; i < bytes.size(); ++i) {
             grain = grain * 1664525U + 1013904223U;
-            bytes[i] = static_cast<char>(((i / (3 * side)) + (i % (3 * side)) / 5) / 16 + (grain >> 28));
+            bytes[i] = static_cast<char>(((i / (3 * width)) + (i % (3 * width)) / 5) / 16 + (grain >> 28));
         }
         std::ofstream{source(), std::ios::binary}.write(bytes.data(),
                                                         static_cast<std::streamsize>(bytes.size()));
@@ -99,8 +127,8 @@ private:
 };
 
 void countMegapixels(benchmark::State& state) {
-    state.counters["Mpx/s"] = benchmark::Counter(static_cast<double>(state.iterations()) * side * side / 1e6,
-                                                 benchmark::Counter::kIsRate);
+    state.counters["Mpx/s"] = benchmark::Counter(
+        static_cast<double>(state.iterations()) * usualSide * usualSide / 1e6, benchmark::Counter::kIsRate);
 }
 
 void insertWhole(benchmark::State& state) {
@@ -118,6 +146,33 @@ void insertWhole(benchmark::State& state) {
     countMegapixels(state);
 }
 BENCHMARK(insertWhole)->DenseRange(0, 8)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// The dialog's whole work on a huge texture, and the longest time in it without a sign of work.
+void pauses(benchmark::State& state) {
+    Workplace place{static_cast<int>(state.range(0))};
+    const bool insertion = state.range(1) >= 0;
+    place.session.mode = insertion ? DialogMode::Insertion : DialogMode::Extraction;
+    place.user.work = [&] {
+        place.dialog.optOutFileType[NativeFileType].select();
+        if (insertion) place.dialog.lstScaleFilter.select(static_cast<int>(state.range(1)));
+        place.dialog.chkOverwriteExistingFiles.setChecked(true);
+        place.dialog.chkSaveCdds.setChecked(false);
+        place.dialog.chkLaunchEditor.setChecked(false);
+        for (auto _ : state) {
+            place.pause.begin();
+            place.dialog.cmdExtractInsert.press();
+            place.pause.clear();
+        }
+    };
+    place.dialog.show(place.owner);
+    state.SetLabel(insertion ? filterNames[state.range(1)] : "extraction");
+    state.counters["longest pause, ms"] = place.pause.milliseconds();
+}
+BENCHMARK(pauses)
+    ->ArgsProduct({{8192}, {-1, 2, 7}})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1);
 
 void load(benchmark::State& state) {
     Workplace place;
@@ -197,6 +252,7 @@ public:
     BigFile(const BigFile&) = delete;
     BigFile& operator=(const BigFile&) = delete;
 
+    int side;
     std::string folder = (std::filesystem::temp_directory_path() / "pelrath-copy-bench").string();
     std::string path = folder + "/big.cdds";
 };

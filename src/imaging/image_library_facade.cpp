@@ -343,7 +343,11 @@ bool ImageLibraryFacade::setLibraryFlag(std::uint32_t mode, bool enable) {
 }
 
 bool ImageLibraryFacade::convertImage(std::uint16_t format, std::int32_t dataType) {
-    if (library_.ilConvertImage(format, static_cast<ILenum>(dataType)) != 0) {
+    bool converted = false;
+    longWork_.run(boundSides().pixels(), [&] {
+        converted = library_.ilConvertImage(format, static_cast<ILenum>(dataType)) != 0;
+    });
+    if (converted) {
         trace_.traceMessage("ilConvertImage done sucessfully.");
         return true;
     }

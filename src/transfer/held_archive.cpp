@@ -47,7 +47,20 @@ void HeldArchive::note() {
     journal_->note(record_);
 }
 
+void HeldArchive::run(std::uint64_t bytes, const std::function<void()>& work) {
+    if (longWork_ == nullptr) return work();
+    longWork_->run(bytes, work);
+}
+
 void HeldArchive::overwriteLevels(const std::vector<LevelBytes>& levels) {
+    std::uint64_t bytes = 0;
+    for (const LevelBytes& level : levels) {
+        bytes += level.data.size();
+    }
+    run(bytes, [&] { overwriteAll(levels); });
+}
+
+void HeldArchive::overwriteAll(const std::vector<LevelBytes>& levels) {
     record_.levels = record_.old = levels;
     for (LevelBytes& level : record_.old) {
         file()->readAt(static_cast<std::uint64_t>(level.dataOffset), level.data);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "archive/journal.hpp"
+#include "imaging/long_work.hpp"
 #include "session/session.hpp"
 
 #include <memory>
@@ -16,7 +17,9 @@ namespace pelrath {
 /// outlives it, and the insertion is completed or given up when it is found.
 class HeldArchive {
 public:
-    explicit HeldArchive(Session& session) : session_(session) {}
+    /// `longWork` shows that many bytes are read or written; null: nothing does.
+    explicit HeldArchive(Session& session, LongWork* longWork = nullptr)
+        : session_(session), longWork_(longWork) {}
     ~HeldArchive();
     HeldArchive(const HeldArchive&) = delete;
     HeldArchive& operator=(const HeldArchive&) = delete;
@@ -39,10 +42,13 @@ public:
     /// that fails, the failure says so, and the journal stays. ArchiveRefused as above, as far as it shows
     /// without reading.
     void overwriteLevels(const std::vector<LevelBytes>& levels);
+    /// Runs work on so many bytes of the levels.
+    void run(std::uint64_t bytes, const std::function<void()>& work);
     /// Ends the journal: nothing is left to be done, or only the permissions are still to be given back.
     void finish(bool modeIsOwed);
 
 private:
+    void overwriteAll(const std::vector<LevelBytes>& levels);
     void note();
     void overwriteOne(const LevelBytes& level);
     void putBack(std::span<const LevelBytes> old);
@@ -51,6 +57,7 @@ private:
     void forgetLevels();
 
     Session& session_;
+    LongWork* longWork_;
     std::shared_ptr<const InputFile> file_;
     std::optional<Journal> journal_;
     JournalRecord record_;

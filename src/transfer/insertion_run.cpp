@@ -5,7 +5,8 @@
 
 namespace pelrath {
 
-InsertionRun::InsertionRun(const Parts& parts, Session& session) : parts_(parts), archive_(session) {
+InsertionRun::InsertionRun(const Parts& parts, Session& session)
+    : parts_(parts), archive_(session, &parts.longWork) {
     parts_.ExtractSummary.setText("");
 }
 

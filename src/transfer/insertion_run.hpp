@@ -20,6 +20,7 @@ public:
         SafeCopy& safeCopy;
         ReadOnlyArchive& readOnly;
         TextBox& ExtractSummary;
+        LongWork& longWork;
     };
 
     /// Empties the summary box.

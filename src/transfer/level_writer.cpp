@@ -17,8 +17,10 @@ void LevelWriter::readMipmapLevels(const std::string& sourcePath, std::int16_t t
                                    archive_.session().archivePath + ". Please choose another"};
         }
         if (level.dataSize > 0 && (selectedLevel == everyLevel || selectedLevel == i)) {
-            held_.push_back(
-                {level.dataOffset, readFileBytes(sourcePath, firstLevelPosition + skip, level.dataSize)});
+            archive_.run(static_cast<std::uint64_t>(level.dataSize), [&] {
+                held_.push_back(
+                    {level.dataOffset, readFileBytes(sourcePath, firstLevelPosition + skip, level.dataSize)});
+            });
         }
         if (chained) skip += level.dataSize;
         ++i;

@@ -79,7 +79,7 @@ void TextureExtraction::extractToDdsFiles() {
 void TextureExtraction::writeChain() {
     editorPath_ = buildImageFileName(session_, 0, ImageFileKind::Dds);
     extractFile(editorPath_, [this] {
-        dds_.writeDdsChainFile(editorPath_, session_.selectedTexture);
+        writeLong(0, [this] { dds_.writeDdsChainFile(editorPath_, session_.selectedTexture); });
         return true;
     });
 }
@@ -90,13 +90,18 @@ void TextureExtraction::writeLevels() {
         if (!c_.List1.isChecked(level)) continue;
         editorPath_ = buildImageFileName(session_, level, ImageFileKind::Dds);
         extractFile(editorPath_, [this, level] {
-            dds_.writeDdsLevelFile(editorPath_, session_.selectedTexture, level);
+            writeLong(level, [&] { dds_.writeDdsLevelFile(editorPath_, session_.selectedTexture, level); });
             return true;
         });
     }
     if (state_.mipmapOperation != External) return;
     const std::string largest = buildImageFileName(session_, 0, ImageFileKind::Dds);
     if (fileExists(largest)) editorPath_ = largest;
+}
+
+void TextureExtraction::writeLong(std::int16_t level, const std::function<void()>& write) {
+    const std::int64_t bytes = dds_.level(session_.selectedTexture, level).dataSize;
+    imaging_.facade.longWork().run(static_cast<std::uint64_t>(bytes), write);
 }
 
 void TextureExtraction::extractToImages(ImageFileKind kind) {
@@ -117,8 +122,10 @@ void TextureExtraction::writeImage(ImageFileKind kind) {
         return;
     }
     const std::string staged = session_.programFolder.pathFor("tmp1.dds");
-    dds_.writeDdsLevelFile(staged, session_.selectedTexture, static_cast<std::int16_t>(level),
-                           Durability::Scratch);
+    writeLong(static_cast<std::int16_t>(level), [&] {
+        dds_.writeDdsLevelFile(staged, session_.selectedTexture, static_cast<std::int16_t>(level),
+                               Durability::Scratch);
+    });
     LoadedImage image{
         imaging_.facade,
         imaging_.images,

@@ -53,6 +53,8 @@ private:
     void extractFile(const std::string& path, const std::function<bool()>& write);
     void begin();
     void finishSummary();
+    /// Writes the level, or the chain that begins with it, while the sign of work is shown.
+    void writeLong(std::int16_t level, const std::function<void()>& write);
     /// For what was extracted, if that is wanted and there is such a file.
     void launchEditor();
 

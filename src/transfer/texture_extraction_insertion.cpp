@@ -64,7 +64,7 @@ void TextureExtractionInsertion::cmdExtractInsert_Click() {
 
 void TextureExtractionInsertion::insert() {
     recovery_.look();
-    InsertionRun run{{boxes_, safeCopy_, readOnly_, ExtractSummary}, session_};
+    InsertionRun run{{boxes_, safeCopy_, readOnly_, ExtractSummary, facade_.longWork()}, session_};
     if (state_.imageFileKind == ImageFileKind::Dds) {
         ddsInsertion_.insertFromDdsFiles(run);
     } else {
