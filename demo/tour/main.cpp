@@ -5,12 +5,14 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QProcess>
 #include <QPushButton>
@@ -67,6 +69,7 @@ private:
         look("archive-opened");
         search();
         modes();
+        lookCloser();
         chooseFolders();
         extraction();
         insertion();
@@ -175,6 +178,48 @@ private:
         look("alpha-channel");
         press("backViewportColor0");
     }
+    // Keys where the viewport has the focus.
+    void keys(std::initializer_list<QKeyCombination> pressed, const char* name) {
+        user_.then([this, keys = std::vector<QKeyCombination>{pressed}] {
+            auto& viewport = widget<desktop::ViewportWidget>("viewport");
+            viewport.setFocus(Qt::TabFocusReason);
+            for (const QKeyCombination& key : keys) {
+                const bool typed = key.key() < Qt::Key_Escape && key.keyboardModifiers() == Qt::NoModifier;
+                typed ? QTest::keyClick(&viewport, static_cast<char>(key.key()))
+                      : QTest::keyClick(&viewport, key.key(), key.keyboardModifiers());
+            }
+        });
+        look(name);
+    }
+    void lookCloser() {
+        type("fighter_skin_te");
+        user_.then([this] {
+            auto& viewport = widget<desktop::ViewportWidget>("viewport");
+            const QPointF place{180, 140};
+            QMouseEvent pointing{QEvent::MouseMove, place, viewport.mapToGlobal(place), {}, {}, {}};
+            QApplication::sendEvent(&viewport, &pointing);
+        });
+        look("texel-under-the-pointer");
+        keys({Qt::Key_1}, "one-to-one");
+        keys({Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus},
+             "zoomed-to-eight");
+        keys({Qt::Key_Right, Qt::Key_Down}, "moved-by-the-arrows");
+        keys({Qt::ShiftModifier | Qt::Key_Right, Qt::ShiftModifier | Qt::Key_Down}, "pointed-at-by-keyboard");
+        keys({Qt::Key_Home, Qt::Key_V}, "averaged");
+        keys({Qt::Key_N, Qt::Key_PageDown, Qt::Key_PageDown}, "level-2");
+        keys({Qt::Key_L}, "all-levels");
+        keys({Qt::Key_L, Qt::Key_T}, "tiled");
+        keys({Qt::Key_T, Qt::Key_G}, "green-alone");
+        keys({Qt::Key_C, Qt::Key_Q}, "chequered-ground");
+        user_.then([this] {
+            auto& viewport = widget<desktop::ViewportWidget>("viewport");
+            QContextMenuEvent wish{QContextMenuEvent::Keyboard, {}, {}};
+            QApplication::sendEvent(&viewport, &wish);
+        });
+        look("menu-of-the-viewport");
+        user_.then([] { QApplication::activePopupWidget()->close(); });
+        type("fx_smoke");
+    }
     void extraction() {
         user_.then([this] {
             QDir{folder_}.mkdir("textures");
@@ -205,6 +250,11 @@ private:
         look("image-inserted");
         closeDialog();
         look("inserted-image-in-the-viewport");
+        user_.then([this] { QTest::keyPress(&widget<desktop::ViewportWidget>("viewport"), Qt::Key_Space); });
+        look("before-the-insertion");
+        user_.then(
+            [this] { QTest::keyRelease(&widget<desktop::ViewportWidget>("viewport"), Qt::Key_Space); });
+        keys({Qt::Key_D}, "difference");
     }
     void choosing(std::initializer_list<const char*> clicks, const char* name) {
         for (const char* button : clicks) {

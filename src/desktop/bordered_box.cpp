@@ -2,6 +2,7 @@
 
 #include "desktop/whole_frames.hpp"
 
+#include <QEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -16,10 +17,21 @@ BorderedBox::BorderedBox(QWidget* parent) : QWidget(parent), inside_(new QWidget
 
 void BorderedBox::setBorder(int pixels) { layout()->setContentsMargins(pixels, pixels, pixels, pixels); }
 
+void BorderedBox::showFocusOf(QWidget& view) {
+    focused_ = &view;
+    view.installEventFilter(this);
+}
+
+bool BorderedBox::eventFilter(QObject* /*watched*/, QEvent* event) {
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
+    return false;
+}
+
 void BorderedBox::paintEvent(QPaintEvent* /*event*/) {
     if (layout()->contentsMargins().isNull()) return;
     QPainter painter{this};
-    painter.setPen(palette().color(QPalette::Mid));
+    const bool focus = focused_ != nullptr && focused_->hasFocus();
+    painter.setPen(palette().color(focus ? QPalette::Highlight : QPalette::Mid));
     drawFrame(painter, rect());
 }
 

@@ -12,12 +12,16 @@ public:
     [[nodiscard]] QWidget& inside() { return *inside_; }
     /// Pixels on each side.
     void setBorder(int pixels);
+    /// The line says when this has the focus, which nothing on it could.
+    void showFocusOf(QWidget& view);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* inside_;
+    QWidget* focused_ = nullptr; ///< whose focus is shown
 };
 
 } // namespace pelrath::desktop

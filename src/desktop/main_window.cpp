@@ -7,6 +7,7 @@
 #include "desktop/list_box_view.hpp"
 #include "desktop/placing.hpp"
 #include "desktop/swatch_button.hpp"
+#include "desktop/viewport_look.hpp"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -145,6 +146,9 @@ void MainWindow::buildViewport(QtViewportSurface& surface) {
     ViewportWidget& picture = make<ViewportWidget>("viewport", viewport.inside());
     filling->addWidget(&picture);
     surface.showOn(picture);
+    picture.setAccessibleName("Texture viewport");
+    viewport.showFocusOf(picture);
+    look_ = new ViewportLook{picture, model_.look(), binder_.refresh()};
     binder_.bind(model_.dynImage, viewport);
     binder_.bind(model_.Timer1, *this);
 
@@ -157,6 +161,8 @@ void MainWindow::buildViewport(QtViewportSurface& surface) {
         binder_.bind(model_.viewPortSize[i], make<QRadioButton>(numbered("viewPortSize", i), sizes), *group,
                      mnemonics.at(i));
     }
+
+    buildStrip();
 
     QFrame& splash = make<QFrame>("SplashFrame", *this);
     splash.setAutoFillBackground(true);
@@ -178,6 +184,32 @@ void MainWindow::buildViewport(QtViewportSurface& surface) {
     };
     binder_.attach(model_.dynImage, viewport, uncover);
     binder_.attach(model_.SplashFrame, splash, uncover);
+}
+
+// Two lines, as wide as they ever get: nothing moves.
+void MainWindow::buildStrip() {
+    constexpr int lines = 2;
+    constexpr int columns = 43;
+    QPlainTextEdit& strip = make<QPlainTextEdit>("texelStrip", *this);
+    strip.setFrameShape(QFrame::NoFrame);
+    strip.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    strip.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    strip.setLineWrapMode(QPlainTextEdit::NoWrap);
+    strip.setTabChangesFocus(true);
+    strip.viewport()->setAutoFillBackground(false);
+    strip.document()->setDocumentMargin(1);
+    binder_.bind(model_.texelStrip, strip);
+    QFont font = binder_.screen().fixedFont();
+    const QSize room = strip.size() - QSize{2, 2};
+    const auto fits = [&] {
+        const QFontMetrics metrics{font};
+        return metrics.horizontalAdvance('0') * columns <= room.width() &&
+               metrics.lineSpacing() * lines <= room.height();
+    };
+    while (font.pointSizeF() > 5 && !fits()) {
+        font.setPointSizeF(font.pointSizeF() - 0.5);
+    }
+    strip.setFont(font);
 }
 
 void MainWindow::buildStructure() {
@@ -236,7 +268,7 @@ void MainWindow::orderTabs() {
             "backViewportColor3 backViewportColor4 backViewportColor5 backViewportColor6 backViewportColor7 "
             "backViewportColor8 SplashText0 SplashText1 viewPortSize0 viewPortSize1 Text3 Text4 Output2 "
             "Text7 "
-            "Output0 Text5 Output1"}
+            "Output0 Text5 Output1 viewport texelStrip"}
             .split(' ');
     QWidget* before = nullptr;
     for (const QString& name : order) {

@@ -9,6 +9,7 @@
 namespace pelrath::desktop {
 
 class ListBoxView;
+class ViewportLook;
 
 /// The real window of Main: a widget for each of its controls, at the place its model gives it. Object names
 /// are the controls' names, an index appended where there are several.
@@ -33,6 +34,7 @@ private:
     void buildArchiveFrame();
     void buildViewFrame();
     void buildViewport(QtViewportSurface& surface);
+    void buildStrip();
     void buildStructure();
     ListBoxView& buildPane(std::size_t pane);
     void orderTabs();
@@ -56,6 +58,7 @@ private:
     Main& model_;
     Binder& binder_;
     Connections connections_;
+    ViewportLook* look_ = nullptr;
     bool placed_ = false;
     bool activated_ = false;
     bool moved_ = false;
