@@ -16,6 +16,7 @@
 #include <iomanip>
 #include <iostream>
 #include <optional>
+#include <vector>
 
 #include <sys/resource.h>
 
@@ -51,7 +52,8 @@ public:
     }
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         // What is painted is on the screen when the next event comes.
-        if (event->type() == QEvent::Paint && !viewport_.ready())
+        if (event->type() == QEvent::Paint &&
+            viewport_.pictures() != std::exchange(seen_, viewport_.pictures()))
             QMetaObject::invokeMethod(this, shown_, Qt::QueuedConnection);
         return false;
     }
@@ -59,6 +61,7 @@ public:
 private:
     desktop::ViewportWidget& viewport_;
     std::function<void()> shown_;
+    std::uint64_t seen_ = 0;
 };
 
 class Measurement {
@@ -89,6 +92,43 @@ public:
                 .then([this] { report(); });
         }
     }
+    // A drag that never rests, back and forth; how it is looked at is what the commands before it say.
+    void addPanning(const char* how, std::vector<LookCommand> commands) {
+        user_
+            .then([this, commands = std::move(commands)] {
+                program_->main.Output[TexturePane].setSelected(0, true);
+                program_->main.Output[TexturePane].setSelected(1, true);
+                for (const LookCommand command : commands) {
+                    program_->main.look().perform(command);
+                }
+                frames_ = 0;
+                panning_ = true;
+                restStart_ = processorSeconds();
+                rest_.start();
+                pan();
+            })
+            .until("the end of the drag", [this] { return rest_.elapsed() > 3000; })
+            .then([this, how] {
+                panning_ = false;
+                const double seconds = static_cast<double>(rest_.elapsed()) / 1e3;
+                std::cout << "panning 2048 x 2048 " << how << ": " << std::fixed << std::setprecision(1)
+                          << frames_ / seconds << " frames a second, "
+                          << (processorSeconds() - restStart_) * 1e3 / std::max(frames_, 1)
+                          << " ms of processor time each\n";
+            });
+    }
+    void addLevels(int count) {
+        user_.then([this] { program_->main.Output[TexturePane].setSelected(2, true); });
+        for (int i = 0; i < count; ++i) {
+            user_
+                .then([this] {
+                    wait("next level of 2048 x 2048",
+                         [this] { program_->main.look().perform(LookCommand::SmallerLevel); });
+                })
+                .until("the picture", [this] { return painted_; })
+                .then([this] { report(); });
+        }
+    }
     void addRest() {
         user_
             .then([this] {
@@ -107,11 +147,15 @@ public:
             std::cout << "peak memory: " << peakMegabytes() << " MB\n";
             program_->window.close();
         });
-        user_.onGivingUp = [this] { program_->window.close(); };
+        user_.onGivingUp = [this] {
+            std::cout << "waited in vain for " << user_.missed().toStdString() << '\n';
+            program_->window.close();
+        };
         program_.emplace();
         program_->session.programFolder = folder_;
         std::ofstream{folder_ + "/Pelrath.ini"} << "[Setup]\nfirsttimedone=True\n"; // not the first run
-        const PaintWatch watch{*program_->window.findChild<desktop::ViewportWidget*>(), [this] {
+        const PaintWatch watch{*program_->window.findChild<desktop::ViewportWidget*>("viewport"), [this] {
+                                   if (panning_) pan();
                                    if (!std::exchange(waiting_, false)) return;
                                    painted_ = true;
                                    taken_ = clock_.nsecsElapsed();
@@ -127,10 +171,15 @@ private:
     void wait(const std::string& what, const std::function<void()>& act) {
         what_ = what;
         painted_ = false;
-        waiting_ = true;
         clock_.start();
         program_->refresh.deliver(act);
         reaction_ = clock_.nsecsElapsed();
+        waiting_ = true; // what is shown while archives are read is none of the new picture
+    }
+    void pan() {
+        ++frames_;
+        const double by = frames_ / 200 % 2 == 0 ? -5 : 5;
+        program_->refresh.deliver([this, by] { program_->main.look().panBy(by, by); });
     }
     void report() {
         std::cout << what_ << ": " << std::fixed << std::setprecision(1) << static_cast<double>(taken_) / 1e6
@@ -147,6 +196,8 @@ private:
     std::string what_;
     bool waiting_ = false;
     bool painted_ = false;
+    bool panning_ = false;
+    int frames_ = 0;
     qint64 reaction_ = 0;
     qint64 taken_ = 0;
 };
@@ -165,8 +216,14 @@ int main(int argc, char* argv[]) {
         measurement.add("cdds-32767x1", {true, 32767, 1, 4});
         measurement.add("0C-3640x9", {false, 3640, 9});
         measurement.add("cdds-3640x9", {true, 3640, 9});
-        measurement.add("large", {true, 3, 1, 2048, 3});
-        measurement.addChoices(6);
+        measurement.add("large", {true, 3, 12, 2048, 3});
+        measurement.addChoices(12);
+        measurement.addLevels(4);
+        using enum pelrath::LookCommand;
+        measurement.addPanning("at 1:1", {ActualSize});
+        measurement.addPanning("at 8:1", {ActualSize, ZoomIn, ZoomIn, ZoomIn, ZoomIn, ZoomIn, ZoomIn});
+        measurement.addPanning("at 3:8, averaged", {Averaged, ZoomIn});
+        measurement.addPanning("at 1:1, two by two", {Tiled, ActualSize});
         measurement.addRest();
         measurement.run();
     }

@@ -24,6 +24,7 @@ ViewportWidget::ViewportWidget(QWidget* parent) : QWidget(parent) {
 
 void ViewportWidget::show(QImage picture) {
     picture_ = std::move(picture);
+    ++pictures_;
     waiting_ = isVisible();
     painted_ = false;
     sinceShown_.start();

@@ -4,6 +4,8 @@
 #include <QImage>
 #include <QWidget>
 
+#include <cstdint>
+
 namespace pelrath::desktop {
 
 /// Shows the last picture that was drawn. A widget like any other: one that OpenGL paints would have it put
@@ -19,6 +21,8 @@ public:
     /// True when the last picture was painted and another may follow, at most as often as the screen
     /// refreshes. An invisible viewport is always ready.
     [[nodiscard]] bool ready() const { return !waiting_; }
+    /// How many there were.
+    [[nodiscard]] std::uint64_t pictures() const { return pictures_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -28,6 +32,7 @@ private:
     void becomeReady();
 
     QImage picture_;
+    std::uint64_t pictures_ = 0;
     bool waiting_ = false;
     bool painted_ = true;
     QElapsedTimer sinceShown_;
