@@ -13,35 +13,42 @@ namespace pelrath {
 
 namespace {
 
-// corners: x, y in back-buffer pixels from the top left.
-constexpr const char* vertexShader = R"(#version 330 core
+// corners: x, y in back-buffer pixels from the top left. stored: the first row comes first, as in textures.
+constexpr const char* vertexShader = R"(
 uniform vec2 corners[4];
 uniform vec2 backSize;
+uniform bool stored;
 void main() {
     vec2 place = corners[gl_VertexID] / backSize;
-    gl_Position = vec4(place.x * 2.0 - 1.0, 1.0 - place.y * 2.0, 0.0, 1.0);
+    float down = place.y * 2.0 - 1.0;
+    gl_Position = vec4(place.x * 2.0 - 1.0, stored ? down : -down, 0.0, 1.0);
 }
 )";
 
-// nearest(): the texel under the pixel's centre. The small shift keeps a centre that lies exactly between two
+// One for each kind, as software renderers compute what is behind a condition whether it holds or not.
+// NEAREST: the texel under the pixel's centre. The small shift keeps a centre that lies exactly between two
 // texels on the same side whatever the rounding of the division; centres otherwise lie at least 1/1024 texel
-// away. average(): all texels under the pixel, each by its share; the clear ones of DXT1 have no colour.
-constexpr const char* fragmentShader = R"(#version 330 core
+// away. AVERAGED: all texels under the pixel, each by its share; the clear ones of DXT1 have no colour.
+constexpr const char* fragmentShader = R"(
 uniform sampler2D picture;
 uniform vec2 backSize;
 uniform vec2 origin;
 uniform vec2 extent;
-uniform int shown; // Channel, or the side of the ground's squares when negative
-uniform bool averaged;
+uniform int shown; // Channel
 uniform bool cutOut;
+uniform int square;
+uniform bool stored;
 out vec4 color;
 
-vec4 nearest(vec2 pixel, ivec2 size) {
+#ifdef NEAREST
+vec4 seen(vec2 pixel, ivec2 size) {
     ivec2 texel = ivec2(floor((pixel - origin) * vec2(size) / extent + 1.0 / 4096.0));
     return texelFetch(picture, clamp(texel, ivec2(0), size - 1), 0);
 }
+#endif
 
-vec4 average(vec2 pixel, ivec2 size) {
+#ifdef AVERAGED
+vec4 seen(vec2 pixel, ivec2 size) {
     vec2 ratio = vec2(size) / extent;
     vec2 from = clamp((pixel - 0.5 - origin) * ratio, vec2(0.0), vec2(size));
     vec2 to = clamp((pixel + 0.5 - origin) * ratio, vec2(0.0), vec2(size));
@@ -53,26 +60,26 @@ vec4 average(vec2 pixel, ivec2 size) {
         for (int x = int(from.x); x < to.x; ++x) {
             float share = down * (min(to.x, x + 1.0) - max(from.x, x));
             vec4 texel = texelFetch(picture, ivec2(x, y), 0);
-            float seen = cutOut && texel.a == 0.0 ? 0.0 : share;
-            sum += vec4(texel.rgb * seen, texel.a * share);
-            coloured += seen;
+            float visible = cutOut && texel.a == 0.0 ? 0.0 : share;
+            sum += vec4(texel.rgb * visible, texel.a * share);
+            coloured += visible;
             whole += share;
         }
     }
     return vec4(sum.rgb / max(coloured, 1e-9), sum.a / max(whole, 1e-9));
 }
+#endif
 
 void main() {
-    vec2 pixel = vec2(gl_FragCoord.x, backSize.y - gl_FragCoord.y);
-    if (shown < 0) {
-        ivec2 field = ivec2(pixel) / -shown;
-        color = vec4(vec3((field.x + field.y) % 2 == 0 ? 0.6 : 0.4), 1.0);
-        return;
-    }
-    ivec2 size = textureSize(picture, 0);
-    color = averaged ? average(pixel, size) : nearest(pixel, size);
+    vec2 pixel = vec2(gl_FragCoord.x, stored ? gl_FragCoord.y : backSize.y - gl_FragCoord.y);
+#ifdef GROUND
+    ivec2 field = ivec2(pixel) / square;
+    color = vec4(vec3((field.x + field.y) % 2 == 0 ? 0.6 : 0.4), 1.0);
+#else
+    color = seen(pixel, textureSize(picture, 0));
     if (shown == 5) color.rgb *= color.a;
     else if (shown > 0) color = vec4(vec3(color[shown - 1]), 1.0);
+#endif
 }
 )";
 
@@ -100,9 +107,10 @@ void check(const char* what) {
                       std::string{"OpenGL refused to "} + what + " (code " + std::to_string(error) + ").");
 }
 
-GLuint compile(GLenum kind, const char* source) {
-    const GLuint shader = glCreateShader(kind);
-    glShaderSource(shader, 1, &source, nullptr);
+GLuint compile(GLenum stage, const char* kind, const char* source) {
+    const GLuint shader = glCreateShader(stage);
+    const std::array<const char*, 4> parts{"#version 330 core\n#define ", kind, "\n", source};
+    glShaderSource(shader, parts.size(), parts.data(), nullptr);
     glCompileShader(shader);
     GLint compiled = GL_FALSE;
     glGetShaderiv(shader, GL_COMPILE_STATUS, &compiled);
@@ -182,8 +190,11 @@ GlRenderer::GlRenderer(std::unique_ptr<GlContext> context, std::int32_t width, s
     : GlRenderer(std::move(context), Sides{width, height}) {
     forgetErrors();
     makeBackBuffer();
-    makeProgram();
+    nearest_ = makeProgram("NEAREST");
+    averaged_ = makeProgram("AVERAGED");
+    ground_ = makeProgram("GROUND");
     glGenVertexArrays(1, &vertexArray_);
+    glGenFramebuffers(1, &reduceBuffer_);
     check("make the renderer's objects");
 }
 
@@ -194,9 +205,12 @@ GlRenderer::~GlRenderer() {
         return; // the objects went with their context
     }
     forgetImages();
-    glDeleteProgram(program_);
+    for (const Program* program : {&nearest_, &averaged_, &ground_}) {
+        glDeleteProgram(program->id);
+    }
     glDeleteVertexArrays(1, &vertexArray_);
     glDeleteFramebuffers(1, &backBuffer_);
+    glDeleteFramebuffers(1, &reduceBuffer_);
     glDeleteTextures(1, &backTexture_);
 }
 
@@ -226,21 +240,29 @@ void GlRenderer::sizeBackBuffer(double scale) {
     backHeight_ = height;
 }
 
-void GlRenderer::makeProgram() {
-    program_ = glCreateProgram();
-    for (const auto& [kind, source] :
+GlRenderer::Program GlRenderer::makeProgram(const char* kind) {
+    Program program;
+    program.id = glCreateProgram();
+    for (const auto& [stage, source] :
          {std::pair{GL_VERTEX_SHADER, vertexShader}, {GL_FRAGMENT_SHADER, fragmentShader}}) {
-        const GLuint shader = compile(static_cast<GLenum>(kind), source);
-        glAttachShader(program_, shader);
+        const GLuint shader = compile(static_cast<GLenum>(stage), kind, source);
+        glAttachShader(program.id, shader);
         glDeleteShader(shader); // goes with the program
     }
-    glLinkProgram(program_);
+    glLinkProgram(program.id);
     GLint linked = GL_FALSE;
-    glGetProgramiv(program_, GL_LINK_STATUS, &linked);
+    glGetProgramiv(program.id, GL_LINK_STATUS, &linked);
     if (linked != GL_TRUE) throw deviceError(DeviceFailure::NotAvailable, "The shaders do not link.");
-    const auto place = [this](const char* name) { return glGetUniformLocation(program_, name); };
-    places_ = {place("corners"), place("backSize"), place("origin"), place("extent"),
-               place("shown"),   place("averaged"), place("cutOut")};
+    const auto place = [&program](const char* name) { return glGetUniformLocation(program.id, name); };
+    program.corners = place("corners");
+    program.backSize = place("backSize");
+    program.origin = place("origin");
+    program.extent = place("extent");
+    program.shown = place("shown");
+    program.cutOut = place("cutOut");
+    program.square = place("square");
+    program.stored = place("stored");
+    return program;
 }
 
 void GlRenderer::loadTexture(const std::string& path) {
@@ -254,45 +276,49 @@ void GlRenderer::loadTexture(const std::string& path) {
     const GLuint loaded = makeTexture({picture.format, static_cast<std::int32_t>(picture.width),
                                        static_cast<std::int32_t>(picture.height), std::span{picture.blocks}});
     forgetImages();
-    keep({}, loaded, picture.format);
+    keep({}, {loaded, picture.format, static_cast<std::int32_t>(picture.width),
+              static_cast<std::int32_t>(picture.height)});
     format_ = picture.format;
 }
 
 void GlRenderer::putImage(const ImageKey& key, const LevelImage& image) {
     context_->makeCurrent();
     forgetErrors();
-    keep(key, makeTexture(image), image.format);
+    forgetReduced();
+    keep(key, {makeTexture(image), image.format, image.width, image.height});
 }
 
 void GlRenderer::forgetImages() {
+    forgetReduced();
     for (const auto& [key, image] : images_) {
         glDeleteTextures(1, &image.texture);
     }
     images_.clear();
 }
 
-void GlRenderer::keep(const ImageKey& key, std::uint32_t texture, PixelFormat format) {
-    Image& image = images_[key];
-    glDeleteTextures(1, &image.texture);
-    image = {texture, format};
+void GlRenderer::keep(const ImageKey& key, const Image& image) {
+    Image& kept = images_[key];
+    glDeleteTextures(1, &kept.texture);
+    kept = image;
 }
 
 void GlRenderer::drawFrame(const FramePicture& picture) {
     context_->makeCurrent();
     forgetErrors();
     sizeBackBuffer(picture.scale);
-    glBindFramebuffer(GL_FRAMEBUFFER, backBuffer_);
-    glViewport(0, 0, backWidth_, backHeight_);
+    const std::vector<Sheet> sheets = sheetsOf(picture);
+    if (!picture.picks.averaged) forgetReduced();
+    for (const Sheet& sheet : sheets) {
+        if (picture.picks.averaged) reduce(sheet);
+    }
+    drawInto(backBuffer_, backWidth_, backHeight_);
     const std::uint32_t clear = picture.clearColor;
     glClearColor(channel(clear, 16), channel(clear, 8), channel(clear, 0), 1.0F); // never see-through
     glClear(GL_COLOR_BUFFER_BIT);
-    glUseProgram(program_);
-    glUniform2f(places_.backSize, static_cast<float>(backWidth_), static_cast<float>(backHeight_));
-    glBindVertexArray(vertexArray_);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE); // the viewport itself is never see-through
     if (picture.picks.chequered) drawGround(picture.scale);
     setBlend(picture.blend);
-    for (const Sheet& sheet : sheetsOf(picture)) {
+    for (const Sheet& sheet : sheets) {
         drawSheet(sheet, picture.picks);
     }
     glDisable(GL_BLEND);
@@ -310,35 +336,93 @@ std::vector<Sheet> GlRenderer::sheetsOf(const FramePicture& picture) const {
     return {{{}, 0, 0, picture.quad[3].x * across, picture.quad[3].y * down}};
 }
 
+void GlRenderer::use(const Program& program) const {
+    glUseProgram(program.id);
+    glUniform2f(program.backSize, static_cast<float>(targetWidth_), static_cast<float>(targetHeight_));
+    glUniform1i(program.stored, target_ == backBuffer_ ? 0 : 1);
+}
+
+void GlRenderer::drawInto(std::uint32_t target, std::int32_t width, std::int32_t height) {
+    target_ = target;
+    targetWidth_ = width;
+    targetHeight_ = height;
+    glBindFramebuffer(GL_FRAMEBUFFER, target);
+    glViewport(0, 0, width, height);
+    glBindVertexArray(vertexArray_);
+}
+
+// Averaged once for its scale, so that moving it costs no more than moving any other; but not where far more
+// of it than is seen would be.
+void GlRenderer::reduce(const Sheet& sheet) {
+    constexpr double screens = 4;
+    const auto found = images_.find(sheet.image);
+    if (found == images_.end() || sheet.width >= found->second.width ||
+        sheet.width * sheet.height > screens * backWidth_ * backHeight_)
+        return;
+    Reduced& reduced = reduced_[sheet.image];
+    if (reduced.width == sheet.width && reduced.height == sheet.height) return;
+    glDeleteTextures(1, &reduced.image.texture);
+    const auto width = static_cast<std::int32_t>(std::ceil(sheet.width));
+    const auto height = static_cast<std::int32_t>(std::ceil(sheet.height));
+    reduced = {{makeTexture({PixelFormat::Rgba, width, height, {}}), PixelFormat::Rgba, width, height},
+               sheet.width,
+               sheet.height};
+    drawInto(reduceBuffer_, width, height);
+    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, reduced.image.texture, 0);
+    draw(averaged_, found->second, {{}, 0, 0, sheet.width, sheet.height}, sheet.width, sheet.height,
+         Channel::All);
+}
+
+void GlRenderer::forgetReduced() {
+    for (const auto& [key, reduced] : reduced_) {
+        glDeleteTextures(1, &reduced.image.texture);
+    }
+    reduced_.clear();
+}
+
 void GlRenderer::drawGround(double scale) {
     constexpr double square = 8;
-    glUniform1i(places_.shown, -static_cast<GLint>(std::lround(std::max(square * scale, 1.0))));
-    fill(0, 0, backWidth_, backHeight_);
+    use(ground_);
+    glUniform1i(ground_.square, static_cast<GLint>(std::lround(std::max(square * scale, 1.0))));
+    fill(ground_, 0, 0, backWidth_, backHeight_);
 }
 
 void GlRenderer::drawSheet(const Sheet& sheet, const Picks& picks) {
     const auto found = images_.find(sheet.image);
     if (found == images_.end() || sheet.width <= 0 || sheet.height <= 0) return;
     const Image& image = found->second;
-    glBindTexture(GL_TEXTURE_2D, image.texture);
-    glUniform2f(places_.origin, static_cast<float>(sheet.left), static_cast<float>(sheet.top));
-    glUniform2f(places_.extent, static_cast<float>(sheet.width), static_cast<float>(sheet.height));
-    glUniform1i(places_.shown, static_cast<GLint>(picks.channel));
-    glUniform1i(places_.averaged, picks.averaged ? 1 : 0);
-    glUniform1i(places_.cutOut, image.format == PixelFormat::Dxt1 ? 1 : 0);
-    fill(sheet.left, sheet.top, sheet.left + sheet.width, sheet.top + sheet.height);
+    const auto reduced = reduced_.find(sheet.image);
+    if (reduced != reduced_.end() && reduced->second.width == sheet.width) {
+        const Image& small = reduced->second.image;
+        draw(nearest_, small, sheet, small.width, small.height, picks.channel);
+    } else {
+        // Above 1:1 there is one texel under a pixel.
+        const Program& program = picks.averaged && sheet.width < image.width ? averaged_ : nearest_;
+        draw(program, image, sheet, sheet.width, sheet.height, picks.channel);
+    }
 }
 
-void GlRenderer::fill(double left, double top, double right, double bottom) const {
+void GlRenderer::draw(const Program& program, const Image& image, const Sheet& sheet, double width,
+                      double height, Channel channel) {
+    use(program);
+    glBindTexture(GL_TEXTURE_2D, image.texture);
+    glUniform2f(program.origin, static_cast<float>(sheet.left), static_cast<float>(sheet.top));
+    glUniform2f(program.extent, static_cast<float>(width), static_cast<float>(height));
+    glUniform1i(program.shown, static_cast<GLint>(channel));
+    glUniform1i(program.cutOut, image.format == PixelFormat::Dxt1 ? 1 : 0);
+    fill(program, sheet.left, sheet.top, sheet.left + sheet.width, sheet.top + sheet.height);
+}
+
+void GlRenderer::fill(const Program& program, double left, double top, double right, double bottom) const {
     const auto inside = [](double place, std::int32_t side) {
         return static_cast<float>(std::clamp(place, 0.0, static_cast<double>(side)));
     };
-    const float x0 = inside(left, backWidth_);
-    const float x1 = inside(right, backWidth_);
-    const float y0 = inside(top, backHeight_);
-    const float y1 = inside(bottom, backHeight_);
+    const float x0 = inside(left, targetWidth_);
+    const float x1 = inside(right, targetWidth_);
+    const float y0 = inside(top, targetHeight_);
+    const float y1 = inside(bottom, targetHeight_);
     const std::array<float, 8> corners{x0, y0, x1, y0, x0, y1, x1, y1};
-    glUniform2fv(places_.corners, 4, corners.data());
+    glUniform2fv(program.corners, 4, corners.data());
     glDrawArrays(GL_TRIANGLE_STRIP, 0, 4);
 }
 

@@ -55,30 +55,49 @@ private:
     GlRenderer(std::unique_ptr<GlContext> context, Sides sides);
     void makeBackBuffer();
     void sizeBackBuffer(double scale);
-    void makeProgram();
-    void forgetImages();
-    void keep(const ImageKey& key, std::uint32_t texture, PixelFormat format);
-    [[nodiscard]] std::vector<Sheet> sheetsOf(const FramePicture& picture) const;
-    void drawGround(double scale);
-    void drawSheet(const Sheet& sheet, const Picks& picks);
-    void drawMarker(const Sheet& place) const;
-    /// Runs the shader over a rectangle of the back buffer, as far as that reaches.
-    void fill(double left, double top, double right, double bottom) const;
-
-    struct Image {
-        std::uint32_t texture = 0;
-        PixelFormat format = PixelFormat::Dxt1;
-    };
-    /// Of the shader's uniform values.
-    struct Places {
+    /// A shader, and the places of its uniform values.
+    struct Program {
+        std::uint32_t id = 0;
         std::int32_t corners = -1;
         std::int32_t backSize = -1;
         std::int32_t origin = -1;
         std::int32_t extent = -1;
         std::int32_t shown = -1;
-        std::int32_t averaged = -1;
         std::int32_t cutOut = -1;
+        std::int32_t square = -1;
+        std::int32_t stored = -1;
     };
+    [[nodiscard]] static Program makeProgram(const char* kind);
+
+    struct Image {
+        std::uint32_t texture = 0;
+        PixelFormat format = PixelFormat::Dxt1;
+        std::int32_t width = 0; ///< texels
+        std::int32_t height = 0;
+    };
+
+    /// Averaged, at the scale of a sheet of these sides.
+    struct Reduced {
+        Image image;
+        double width = 0;
+        double height = 0;
+    };
+
+    void forgetImages();
+    void forgetReduced();
+    void keep(const ImageKey& key, const Image& image);
+    [[nodiscard]] std::vector<Sheet> sheetsOf(const FramePicture& picture) const;
+    void reduce(const Sheet& sheet);
+    void drawInto(std::uint32_t target, std::int32_t width, std::int32_t height);
+    /// `width` and `height` are what all of the image takes.
+    void draw(const Program& program, const Image& image, const Sheet& sheet, double width, double height,
+              Channel channel);
+    void use(const Program& program) const;
+    void drawGround(double scale);
+    void drawSheet(const Sheet& sheet, const Picks& picks);
+    void drawMarker(const Sheet& place) const;
+    /// Runs the shader over a rectangle of the target, as far as that reaches.
+    void fill(const Program& program, double left, double top, double right, double bottom) const;
 
     std::unique_ptr<GlContext> context_;
     const std::int32_t width_;
@@ -89,9 +108,15 @@ private:
     std::uint32_t backTexture_ = 0;
     std::uint32_t backBuffer_ = 0;
     std::uint32_t vertexArray_ = 0;
-    std::uint32_t program_ = 0;
-    Places places_;
+    Program nearest_;
+    Program averaged_;
+    Program ground_;
+    std::uint32_t reduceBuffer_ = 0;
+    std::uint32_t target_ = 0; ///< what is drawn into, and its sides
+    std::int32_t targetWidth_ = 0;
+    std::int32_t targetHeight_ = 0;
     std::map<ImageKey, Image> images_;
+    std::map<ImageKey, Reduced> reduced_;
 };
 
 } // namespace pelrath

@@ -144,7 +144,11 @@ std::vector<Sheet> Look::laidOut(double scale) const {
     const int tiles = arrangement_ == Arrangement::Tiled ? 2 : 1;
     for (int row = 0; row < tiles; ++row) {
         for (int column = 0; column < tiles; ++column) {
-            sheets.push_back({{level().level, picks.version}, column * width, row * height, width, height});
+            sheets.push_back({{level().level, picks.version},
+                              std::floor(column * width),
+                              std::floor(row * height),
+                              width,
+                              height});
         }
     }
     return sheets;
