@@ -1,3 +1,4 @@
+#include "desktop/dragged_picture.hpp"
 #include "desktop/folder_picker_dialog.hpp"
 #include "desktop/real_window.hpp"
 
@@ -232,7 +233,8 @@ TEST_F(RealWindow, AWorkingFolderIsAskedForUntilThereIsOne) {
 }
 
 TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
-    untilLoop().then([this] {
+    openArchive(); // the splash covers the viewport before
+    user.then([this] {
         QStringList nameless;
         for (const QWidget* view : program.window.findChildren<QWidget*>()) {
             if (view->objectName().startsWith("qt_") || view->focusPolicy() == Qt::NoFocus) continue;
@@ -255,8 +257,102 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
              {"Output0", "Output1", "Output2", "chkGraphicDisplay", "viewPortSize1", "Text5"}) {
             EXPECT_TRUE(visited.contains(name)) << name << " not in " << visited.join(' ').toStdString();
         }
+        EXPECT_EQ(visited.last(2).join(' ').toStdString(), "viewport texelStrip");
     });
     run();
+}
+
+TEST_F(RealWindow, ATextureIsLookedAtByMouseAndKeyboard) {
+    openArchive();
+    auto& viewport = widget<desktop::ViewportWidget>("viewport");
+    const auto says = [this](const char* view) {
+        const QString text = widget<QPlainTextEdit>("texelStrip").toPlainText();
+        EXPECT_TRUE(text.contains(view)) << view << " not in " << text.toStdString();
+    };
+    const auto wheel = [&viewport](int turn) {
+        const QPoint place{300, 200};
+        QWheelEvent event{place, viewport.mapToGlobal(place), {}, {0, turn}, {}, {}, {}, false};
+        QApplication::sendEvent(&viewport, &event);
+    };
+    user.then([&] {
+            click(list("Output0"), 1); // 1024 x 512, all green
+            QTest::mouseMove(&viewport, {300, 200});
+        })
+        .until("the texel under the mouse",
+               [this] { return widget<QPlainTextEdit>("texelStrip").toPlainText().startsWith("601,401 "); })
+        .then([&] {
+            says("R  0 G255 B  0 A255 #00FF00FF\nlevel 0  1:2 ");
+            wheel(60); // half a step
+            says(" 1:2 ");
+            wheel(60);
+            says(" 1:1.33 ");
+            QTest::mousePress(&viewport, Qt::LeftButton, {}, {300, 200});
+            QTest::mouseMove(&viewport, {290, 190});
+            EXPECT_TRUE(viewport.hasFocus());
+        })
+        .until("the drag",
+               [this] { return widget<QPlainTextEdit>("texelStrip").toPlainText().startsWith("600,254 "); })
+        .then([&] {
+            QTest::mouseRelease(&viewport, Qt::LeftButton, {}, {290, 190});
+            QTest::keyClick(&viewport, '1');
+            says(" 1:1 ");
+            QTest::keyClick(&viewport, '+');
+            says(" 1.5:1 ");
+            QTest::mouseDClick(&viewport, Qt::LeftButton, {}, {9, 9});
+            says(" 1:2 ");
+            click(list("Output0"), 3); // 4 x 4, clear, but white
+        })
+        .then([&] {
+            press(viewport, Qt::Key_PageDown);
+            says("level 1  1:1    DXT5");
+            press(viewport, Qt::Key_PageUp);
+            QTest::keyClick(&viewport, '1');
+            for (int i = 0; i < 6; ++i)
+                QTest::keyClick(&viewport, '+');
+            QTest::keyClick(&viewport, 'q');
+            widget<QRadioButton>("cmdShow2").click();
+        })
+        .until("the ground behind 8:1",
+               [this] {
+                   return pixelAt(31, 31) == QColor(255, 255, 255) &&
+                          pixelAt(32, 32) == QColor(153, 153, 153);
+               })
+        .then([&] {
+            QTest::keyClick(&viewport, 'a');
+            QContextMenuEvent wish{QContextMenuEvent::Keyboard, {}, {}};
+            QApplication::sendEvent(&viewport, &wish);
+        })
+        .until("alpha as grey", [this] { return pixelAt(31, 31) == QColor(0, 0, 0); })
+        .then([] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            QStringList checked;
+            for (QAction* entry : menu->actions()) {
+                if (entry->isChecked()) checked << entry->text();
+                if (entry->text().startsWith("Cop")) entry->trigger();
+            }
+            EXPECT_EQ(checked.join(';').toStdString(), "Alp&ha\tA;Che&quered Ground\tQ;&Nearest Texel\tN");
+            menu->close();
+            const QImage copied = QApplication::clipboard()->image();
+            EXPECT_EQ(copied.size(), QSize(4, 4));
+            EXPECT_EQ(copied.pixelColor(3, 3), QColor(255, 255, 255, 0));
+        });
+    run();
+}
+
+TEST(DraggedPicture, IsAFileOfItsOwnNameUntilTheProgramEnds) {
+    const TemporaryFolder temporary;
+    const TemporaryFilesIn place{temporary.path()};
+    QImage image{3, 2, QImage::Format_RGBA8888};
+    image.fill(QColor(10, 20, 30, 40));
+    {
+        PrivateFolder folder;
+        const desktop::DraggedPicture dragged{image, QString::fromUtf8("\u00E9toile"), folder};
+        EXPECT_TRUE(temporary.names().empty()); // nobody wants it yet
+        const QString file = dragged.urls().value(0).toLocalFile();
+        EXPECT_TRUE(file.endsWith(QString::fromUtf8("/\u00E9toile.png"))) << file.toStdString();
+        EXPECT_EQ(QImage{file}.convertToFormat(image.format()), image);
+    }
+    EXPECT_TRUE(temporary.names().empty());
 }
 
 TEST_F(RealWindow, TheDialogOfATextureWorksFromTheKeyboard) {
