@@ -1,5 +1,6 @@
 #include "mainwindow/texture_levels.hpp"
 
+#include "archive/image_file_kind.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <algorithm>
@@ -129,7 +130,7 @@ std::vector<LevelSides> TextureLevels::showable(std::int16_t texture) const {
 BlockFormat TextureLevels::format() const { return formatOf(texture_); }
 
 BlockFormat TextureLevels::formatOf(std::int16_t texture) const {
-    const auto kind = dds_.nativeImageKind(texture);
+    const auto kind = nativeImageKind(session_.archive.textures.at(static_cast<std::size_t>(texture)));
     return kind && kind->kind == ImageFileKind::Tga ? BlockFormat::Dxt5 : BlockFormat::Dxt1;
 }
 

@@ -171,6 +171,20 @@ TEST(Recovery, ComesBeforeTheNextInsertionWhichIsRefusedWhereItFails) {
     EXPECT_EQ(at.insert({withoutSafeCopy}), "No Safe Copy of a.cdds done|0 Mipmap(s) inserted.|");
     at.boxes.expect("an earlier insertion into "); // what has been told is not told again
     EXPECT_TRUE(at.archive() == at.after);
+
+    fs::remove(journal);
+    at.rewrite(at.after);
+    at.die();
+    at.tear();
+    const std::string torn = at.archive(), other = at.folder.file("elsewhere.cdds");
+    fs::rename(at.path, other);
+    at.session.archivePath = other;
+    at.session.archiveFile = ArchiveFile{InputFile{other}};
+    EXPECT_NE(at.insert({withoutSafeCopy}).find("|0 Mipmap(s) inserted.|"), std::string::npos);
+    const std::vector<ShownBox> refused = at.boxes.take();
+    ASSERT_FALSE(refused.empty());
+    EXPECT_NE(refused.back().text.find("an earlier insertion into " + other), std::string::npos);
+    EXPECT_TRUE(at.folder.read("elsewhere.cdds") == torn) << "it would hide what is still to be completed";
 }
 
 TEST(ArchivesInUse, AreNeitherReadNorWrittenByAnotherCopyOfTheProgram) {
