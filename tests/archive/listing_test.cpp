@@ -11,31 +11,6 @@ namespace {
 constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
 
-// Each word behind the place, counted from 0, where it stands.
-TEST(Listing, TitlesHaveTheirWordsInPlace) {
-    const std::tuple<std::string_view, std::size_t, const char*> cases[] = {
-        {listing::headerTitle0C, 51, "1 FileNb 13 Long1 24 Long2 35 Long3 46 Long4"},
-        {listing::headerTitleCdds, 76, "5 Long1 16 Long2 27 Long3 38 Long4 49 Long5 60 Long6 71 Long7"},
-        {listing::textureTitle0C, 158,
-         "0 Index 7 File 12 Name 40 Width 46 Height 55 Type 63 NbMMap 75 Long1 86 Long2 97 Long3 108 Long4 "
-         "116 MMapsAdr 129 Offset 140 AdrDec 151 AdrHex"},
-        {listing::textureTitleCdds, 254,
-         "0 Index 7 File 12 Name 40 Width 46 Height 55 Type 60 NbMMap 73 Addr 82 Offset 89 AdrDescDec 100 AdrDescHex 116 DxtL4 127 DxtL6 "
-         "138 Dxtl7 149 Dxtl8 160 Dxtl9 170 Dxtl10 182 Long2 193 Long3 204 Long4 215 Long5 226 Long6 237 Long7 248 Long8"},
-        {listing::mipmapTitle, 112,
-         "0 Index 13 Size 23 Width 33 Height 44 AdrDec 55 AdrHex 63 OffsetDec 74 OffsetHex 88 TrgDec 99 TrgHex"},
-    };
-    for (const auto& [title, length, words] : cases) {
-        std::string expected(length, ' ');
-        std::istringstream parts{words};
-        std::size_t at = 0;
-        for (std::string word; parts >> at >> word;) {
-            expected.replace(at, word.size(), word);
-        }
-        EXPECT_EQ(title, expected);
-    }
-}
-
 TEST(Listing, HeaderLines) {
     EXPECT_EQ(listing::headerLine(records::Header0C{2, 1, -2, 3, most}),
               "      2          1         -2          3  2147483647 ");

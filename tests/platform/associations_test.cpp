@@ -11,33 +11,35 @@ namespace {
 struct Associations : testing::Test {
     Associations() {
         for (const char* made : {"data/mime", "data/applications", "config", "a folder"}) {
-            std::filesystem::create_directories(folder.file(made));
+            folder.makeFolder(made);
         }
-        (void)folder.write("data/mime/globs2",
-                           "50:image/x-pot:*.pot\n50:image/x-left-alone:*.alone\n"
-                           "50:image/x-lost:*.lost\n50:image/x-bus:*.bus\n50:image/x-text:*.text\n");
-        (void)folder.write("config/mimeapps.list", "[Default Applications]\n");
-        associate("pot", "Exec=\"" + folder.file("brush") + "\" --new %f\n");
-        associate("lost", "Exec=\"" + folder.file("orphan") + "\" %f\n");
-        associate("text", "Exec=\"" + folder.file("prose") + "\" %f\n");
-        associate("bus", "DBusActivatable=true\n");
-        (void)folder.write("brush", "#!/bin/sh\nprintf '%s|' \"$@\" \"$DESKTOP_STARTUP_ID\" > \"$0.said\"\n");
-        (void)folder.write("orphan", "#! " + folder.file("gone") + " -x\n");
-        (void)folder.write("prose", "exit 126\n");
-        for (const char* program : {"brush", "orphan", "prose"}) {
-            std::filesystem::permissions(folder.file(program), std::filesystem::perms::owner_all);
-        }
+        std::string kinds, defaults = "[Default Applications]\n";
+        const auto know = [&](const std::string& kind, const std::string& start) {
+            kinds += "50:image/x-" + kind + ":*." + kind + "\n";
+            if (start.empty()) return;
+            defaults += "image/x-" + kind + "=" + kind + ".desktop\n";
+            (void)folder.write("data/applications/" + kind + ".desktop",
+                               "[Desktop Entry]\nType=Application\nName=Any\nMimeType=image/x-" + kind +
+                                   ";\n" + start + "\n");
+        };
+        const auto program = [&](const std::string& name, const std::string& script) {
+            (void)folder.write(name, script);
+            folder.permit(name, 0700);
+            return "Exec=\"" + folder.file(name) + "\"";
+        };
+        know("pot",
+             program("brush", "#!/bin/sh\nprintf '%s|' \"$@\" \"$DESKTOP_STARTUP_ID\" > \"$0.said\"\n") +
+                 " --new %f");
+        know("lost", program("orphan", "#! " + folder.file("gone") + " -x\n") + " %f");
+        know("text", program("prose", "exit 126\n") + " %f");
+        know("bus", "DBusActivatable=true");
+        know("alone", "");
+        (void)folder.write("data/mime/globs2", kinds);
+        (void)folder.write("config/mimeapps.list", defaults);
         setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + folder.file("none")).c_str(), 1);
         setenv("XDG_DATA_HOME", folder.file("data").c_str(), 1);
         setenv("XDG_DATA_DIRS", folder.file("none").c_str(), 1);
         setenv("XDG_CONFIG_HOME", folder.file("config").c_str(), 1);
-    }
-    void associate(const std::string& kind, const std::string& start) const {
-        (void)folder.write("data/applications/" + kind + ".desktop",
-                           "[Desktop Entry]\nType=Application\nName=Any\nMimeType=image/x-" + kind + ";\n" +
-                               start);
-        (void)folder.write("config/mimeapps.list", folder.read("config/mimeapps.list") + "image/x-" + kind +
-                                                       "=" + kind + ".desktop\n");
     }
     static std::string children() {
         std::string found;

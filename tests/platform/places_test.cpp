@@ -3,16 +3,28 @@
 #include "platform/leftovers.hpp"
 #include "platform/runtime_error.hpp"
 #include "platform/working_folder.hpp"
-#include "support/other_program.hpp"
 #include "support/refusals.hpp"
 #include "support/temporary_folder.hpp"
 
 #include <optional>
 
+#include <fcntl.h>
+
 namespace pelrath::test {
 namespace {
 
 namespace fs = std::filesystem;
+
+/// Another program that has a file or folder locked for as long as it lives.
+class OtherProgram {
+public:
+    explicit OtherProgram(const std::string& path) : opened_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+        EXPECT_EQ(tryLock(opened_.get(), LockKind::Exclusive), LockAnswer::Held) << path;
+    }
+
+private:
+    FileHandle opened_;
+};
 
 struct Places : testing::Test {
     Places() { folder.makeFolder("program"), working = folder.file("program"); }
