@@ -129,6 +129,11 @@ public:
                 .then([this] { report(); });
         }
     }
+    void addPause(qint64 milliseconds) {
+        user_.then([this] { rest_.start(); }).until("the end of the pause", [this, milliseconds] {
+            return rest_.elapsed() > milliseconds;
+        });
+    }
     void addRest() {
         user_
             .then([this] {
@@ -178,7 +183,7 @@ private:
     }
     void pan() {
         ++frames_;
-        const double by = frames_ / 200 % 2 == 0 ? -5 : 5;
+        const double by = frames_ / 20 % 2 == 0 ? -5 : 5;
         program_->refresh.deliver([this, by] { program_->main.look().panBy(by, by); });
     }
     void report() {
@@ -212,6 +217,8 @@ int main(int argc, char* argv[]) {
     {
         Measurement measurement{folder};
         measurement.user().until("the window", [&] { return measurement.running(); });
+        // What was written just now could change unseen, and is read twice; archives lie there for years.
+        measurement.addPause(3000);
         measurement.add("0C-32767x1", {false, 32767, 1, 4});
         measurement.add("cdds-32767x1", {true, 32767, 1, 4});
         measurement.add("0C-3640x9", {false, 3640, 9});

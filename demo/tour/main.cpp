@@ -210,7 +210,14 @@ private:
         keys({Qt::Key_L}, "all-levels");
         keys({Qt::Key_L, Qt::Key_T}, "tiled");
         keys({Qt::Key_T, Qt::Key_G}, "green-alone");
-        keys({Qt::Key_C, Qt::Key_Q}, "chequered-ground");
+        type("fx_fire");
+        press("cmdShow1");
+        keys({Qt::Key_Q}, "chequered-ground-behind-a-mask");
+        keys({Qt::Key_Q, Qt::Key_A}, "alpha-alone");
+        type("tree_oak_summer");
+        press("backViewportColor7");
+        keys({Qt::Key_X}, "ground-through-clear-texels");
+        press("backViewportColor0");
         user_.then([this] {
             auto& viewport = widget<desktop::ViewportWidget>("viewport");
             QContextMenuEvent wish{QContextMenuEvent::Keyboard, {}, {}};
@@ -218,6 +225,9 @@ private:
         });
         look("menu-of-the-viewport");
         user_.then([] { QApplication::activePopupWidget()->close(); });
+        press("viewPortSize0");
+        keys({Qt::Key_Home, Qt::Key_Plus}, "closer-in-the-small-viewport");
+        press("viewPortSize1");
         type("fx_smoke");
     }
     void extraction() {

@@ -4,22 +4,24 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace pelrath::desktop {
 
 namespace {
 
-// A little less than the time between two refreshes.
+// Milliseconds between two refreshes, a little less rather than more.
 int pause(const QScreen* screen) {
     const double rate = screen != nullptr && screen->refreshRate() > 1 ? screen->refreshRate() : 60;
-    return static_cast<int>(900.0 / rate);
+    return static_cast<int>(1000.0 / rate);
 }
 
 } // namespace
 
 ViewportWidget::ViewportWidget(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent); // or what lies behind it would be painted first
+    clock_.start();
 }
 
 void ViewportWidget::show(QImage picture) {
@@ -27,13 +29,14 @@ void ViewportWidget::show(QImage picture) {
     ++pictures_;
     waiting_ = isVisible();
     painted_ = false;
-    sinceShown_.start();
+    // Counted from the last one, whatever drawing this one took, or the rate would never be reached.
+    due_ = std::max(due_ + pause(screen()), clock_.elapsed() + pause(screen()) / 2);
     update();
 }
 
 void ViewportWidget::becomeReady() {
     if (!waiting_ || !painted_) return;
-    const qint64 left = pause(screen()) - sinceShown_.elapsed();
+    const qint64 left = due_ - clock_.elapsed();
     if (left <= 0) {
         waiting_ = false;
     } else {

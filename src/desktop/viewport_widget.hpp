@@ -35,7 +35,8 @@ private:
     std::uint64_t pictures_ = 0;
     bool waiting_ = false;
     bool painted_ = true;
-    QElapsedTimer sinceShown_;
+    QElapsedTimer clock_;
+    qint64 due_ = 0; ///< when the next picture may come; milliseconds of the clock
 };
 
 } // namespace pelrath::desktop
