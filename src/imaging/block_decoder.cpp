@@ -3,25 +3,11 @@
 #include "imaging/checked_bytes.hpp"
 #include "platform/runtime_error.hpp"
 
-#include <array>
 #include <cstring>
 
 namespace pelrath {
 
 namespace {
-
-struct Texel {
-    std::uint8_t red;
-    std::uint8_t green;
-    std::uint8_t blue;
-    std::uint8_t alpha;
-};
-static_assert(sizeof(Texel) == bytesPerTexel);
-
-/// The 4 x 4 texels of a block, row by row from the top left.
-using DecodedBlock = std::array<Texel, 16>;
-using Palette = std::array<Texel, 4>;
-using Alphas = std::array<std::uint8_t, 8>;
 
 Texel widen(unsigned packed) {
     const unsigned red = packed >> 11;
@@ -39,32 +25,10 @@ Texel mix(Texel a, Texel b, unsigned weightOfA, unsigned weightOfB) {
     return {channel(a.red, b.red), channel(a.green, b.green), channel(a.blue, b.blue), 255};
 }
 
-Palette paletteOf(std::uint64_t colourBits, BlockFormat format) {
-    const auto first = static_cast<unsigned>(colourBits & 0xFFFFU);
-    const auto second = static_cast<unsigned>(colourBits >> 16 & 0xFFFFU);
-    const Texel a = widen(first);
-    const Texel b = widen(second);
-    // The order of the end points says something only in DXT1.
-    if (format == BlockFormat::Dxt5 || first > second) return {a, b, mix(a, b, 2, 1), mix(a, b, 1, 2)};
-    return {a, b, mix(a, b, 1, 1), Texel{0, 0, 0, 0}};
-}
-
-Alphas alphasOf(std::uint64_t alphaBits) {
-    const auto first = static_cast<unsigned>(alphaBits & 0xFFU);
-    const auto second = static_cast<unsigned>(alphaBits >> 8 & 0xFFU);
-    const unsigned steps = first > second ? 7 : 5;
-    Alphas alphas{static_cast<std::uint8_t>(first), static_cast<std::uint8_t>(second)};
-    for (unsigned i = 1; i < steps; ++i) {
-        alphas[i + 1] = static_cast<std::uint8_t>(((steps - i) * first + i * second) / steps);
-    }
-    if (steps == 5) alphas[7] = 255;
-    return alphas;
-}
-
 template <BlockFormat format>
-void decode(std::span<const std::byte> block, DecodedBlock& texels) {
+void decode(std::span<const std::byte> block, BlockTexels& texels) {
     const std::uint64_t colourBits = littleEndian(block.last<8>());
-    const Palette palette = paletteOf(colourBits, format);
+    const BlockPalette palette = paletteOf(format, colourBits);
     std::uint64_t choice = colourBits >> 32;
     for (Texel& texel : texels) {
         texel = palette[choice & 3U];
@@ -72,7 +36,7 @@ void decode(std::span<const std::byte> block, DecodedBlock& texels) {
     }
     if constexpr (format == BlockFormat::Dxt5) {
         const std::uint64_t alphaBits = littleEndian(block.first<8>());
-        const Alphas alphas = alphasOf(alphaBits);
+        const BlockAlphas alphas = alphasOf(alphaBits);
         choice = alphaBits >> 16;
         for (Texel& texel : texels) {
             texel.alpha = alphas[choice & 7U];
@@ -85,7 +49,7 @@ template <BlockFormat format>
 void decodeBlocks(std::span<const std::byte> blocks, std::size_t width, std::size_t height,
                   std::byte* texels) {
     constexpr std::size_t blockSize = bytesPerBlock(format);
-    DecodedBlock decoded;
+    BlockTexels decoded;
     for (std::size_t y = 0; y < height; y += 4) {
         const std::size_t rows = std::min<std::size_t>(4, height - y);
         for (std::size_t x = 0; x < width; x += 4) {
@@ -101,6 +65,27 @@ void decodeBlocks(std::span<const std::byte> blocks, std::size_t width, std::siz
 }
 
 } // namespace
+
+BlockPalette paletteOf(BlockFormat format, std::uint64_t colours) {
+    const auto first = static_cast<unsigned>(colours & 0xFFFFU);
+    const auto second = static_cast<unsigned>(colours >> 16 & 0xFFFFU);
+    const Texel a = widen(first);
+    const Texel b = widen(second);
+    if (format == BlockFormat::Dxt5 || first > second) return {a, b, mix(a, b, 2, 1), mix(a, b, 1, 2)};
+    return {a, b, mix(a, b, 1, 1), Texel{0, 0, 0, 0}};
+}
+
+BlockAlphas alphasOf(std::uint64_t alphas) {
+    const auto first = static_cast<unsigned>(alphas & 0xFFU);
+    const auto second = static_cast<unsigned>(alphas >> 8 & 0xFFU);
+    const unsigned steps = first > second ? 7 : 5;
+    BlockAlphas all{static_cast<std::uint8_t>(first), static_cast<std::uint8_t>(second)};
+    for (unsigned i = 1; i < steps; ++i) {
+        all[i + 1] = static_cast<std::uint8_t>(((steps - i) * first + i * second) / steps);
+    }
+    if (steps == 5) all[7] = 255;
+    return all;
+}
 
 void decodeLevel(BlockFormat format, std::span<const std::byte> blocks, std::uint32_t width,
                  std::uint32_t height, std::span<std::byte> texels) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -10,8 +11,31 @@ namespace pelrath {
 
 enum class BlockFormat { Dxt1, Dxt5 };
 
-/// Of a decoded one: red, green, blue, alpha (255: opaque).
+/// Alpha 255 is opaque.
+struct Texel {
+    std::uint8_t red;
+    std::uint8_t green;
+    std::uint8_t blue;
+    std::uint8_t alpha;
+
+    bool operator==(const Texel&) const = default;
+};
 inline constexpr std::size_t bytesPerTexel = 4;
+static_assert(sizeof(Texel) == bytesPerTexel);
+
+/// The 4 x 4 texels of a block, row by row from the top left.
+inline constexpr std::size_t texelsPerBlock = 16;
+using BlockTexels = std::array<Texel, texelsPerBlock>;
+
+/// The colours that the end points of a block stand for, in the order of their numbers.
+using BlockPalette = std::array<Texel, 4>;
+/// `colours` holds the end points in its lowest 32 bits. The order of the end points says something only in
+/// DXT1: where the first is not above the second, the fourth colour is clear.
+[[nodiscard]] BlockPalette paletteOf(BlockFormat format, std::uint64_t colours);
+
+using BlockAlphas = std::array<std::uint8_t, 8>;
+/// The same for the end points in the lowest 16 bits of a DXT5 block's alphas.
+[[nodiscard]] BlockAlphas alphasOf(std::uint64_t alphas);
 
 [[nodiscard]] constexpr std::size_t bytesPerBlock(BlockFormat format) {
     return format == BlockFormat::Dxt1 ? 8 : 16;

@@ -1,10 +1,10 @@
 #include "imaging/image_library_facade.hpp"
 
 #include "imaging/block_decoder.hpp"
-#include "imaging/block_refinement.hpp"
 #include "imaging/bound_pixels.hpp"
 #include "imaging/dds_header.hpp"
 #include "imaging/error_names.hpp"
+#include "imaging/level_encoder.hpp"
 #include "imaging/library_error.hpp"
 #include "imaging/loadable_file.hpp"
 #include "imaging/memory_files.hpp"
@@ -315,7 +315,7 @@ void ImageLibraryFacade::refineLevels(std::span<std::byte> file) {
         const std::uint64_t size = bytesPerLevel(format, level.sides.width, level.sides.height);
         if (level.format != IL_RGBA || level.values.empty() || size > blocks.size()) return;
         const auto ofLevel = static_cast<std::size_t>(size);
-        refineBlocks(format, level, blocks.first(ofLevel));
+        LevelEncoder{format, level, {}, blocks.first(ofLevel)}.encodeAll();
         blocks = blocks.subspan(ofLevel);
     });
 }

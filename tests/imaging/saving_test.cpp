@@ -1,6 +1,7 @@
 #include "imaging/memory_files.hpp"
 #include "library_fixture.hpp"
 
+#include <random>
 #include <sys/stat.h>
 
 namespace pelrath::test {
@@ -62,7 +63,8 @@ TEST_F(Saving, KeepsColoursAndAlphaApart) {
         const std::string before = pixelsOf(tga);
         std::string after = pixelsOf(folder.file("a.dds"));
         for (std::size_t i = 0; i < before.size(); i += 4) {
-            if (before[i + 3] == 0) after.replace(i, 3, before, i, 3); // nobody sees its colour
+            // DXT1 has no place for the colour of a clear texel.
+            if (type == OutputFileType::DdsDxt1 && before[i + 3] == 0) after.replace(i, 3, before, i, 3);
         }
         return difference(before, after);
     };
@@ -72,7 +74,7 @@ TEST_F(Saving, KeepsColoursAndAlphaApart) {
         {"w4 w4", "RGRG GGRR RRGG RRRR"},
         {"w6 w3", "RBRBRB BBBRRR RBBBBR"},
         {"w1 w2", "RB"},
-        {"w5 w6", "RB.BB BR..B .BRRR B.R.B .RBRR R...."},
+        {"w5 w6", "RBrBB BRrrB rBRRR BrRrB rRBRR Rrrrr"},
         {"w4 w4", ".... .... .... ...."},
     };
     for (const auto& [sides, letters] : pictures) {
@@ -88,6 +90,25 @@ TEST_F(Saving, KeepsColoursAndAlphaApart) {
             ramp += "\xFF\xFF\xFF" + std::string(1, static_cast<char>(start + step * (i % 8)));
         }
         EXPECT_LE(loss(OutputFileType::DdsDxt5, "w4 w4 2028", ramp), 1) << start;
+    }
+}
+
+TEST_F(Saving, LosesNothingOfWhatHasBeenDecodedOnce) {
+    std::minstd_rand random;
+    std::string blocks(std::size_t{1} << 16, '\0');
+    std::generate(blocks.begin(), blocks.end(), [&random] { return static_cast<char>(random() >> 8); });
+    for (std::size_t i = 0; i < blocks.size(); i += 8) { // end points close together, and texels alike
+        if (i / 8 % 3 == 0)
+            blocks.replace(i, 1, blocks, i + 1, 1).replace(i + 2, 2, blocks, i, 2), ++blocks[i + 2];
+        if (i / 8 % 5 == 0) blocks.replace(i + 4, 2, blocks, i + 6, 2);
+    }
+    for (const auto& [code, height, type] :
+         {std::tuple{"DXT1", 512, OutputFileType::DdsDxt1}, {"DXT5", 256, OutputFileType::DdsDxt5}}) {
+        std::string file = ddsFile(code, 256, static_cast<std::uint32_t>(height), blocks);
+        file.replace(4, 4, little(124, 4)).replace(76, 8, little(32, 4) + little(4, 4));
+        const std::string before = pixelsOf(folder.write("any.dds", file));
+        EXPECT_TRUE(facade.loadImage(folder.file("any.dds"), image) && save(type, "again.dds"));
+        EXPECT_EQ(difference(pixelsOf(folder.file("again.dds")), before), 0) << code;
     }
 }
 

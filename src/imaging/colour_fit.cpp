@@ -1,0 +1,473 @@
+#include "imaging/colour_fit.hpp"
+
+#include "imaging/block_decoder.hpp"
+
+#include <span>
+#include <utility>
+
+namespace pelrath {
+
+namespace {
+
+constexpr std::size_t colourChannels = 3;
+/// The largest steps of a stored end point's channels.
+constexpr std::array<float, colourChannels> lastSteps{31, 63, 31};
+
+constexpr std::size_t entriesOf(PaletteKind kind) { return kind == PaletteKind::Four ? 4 : 3; }
+/// The first end point's share in each entry.
+template <PaletteKind kind>
+constexpr std::array<float, 4> shares = kind == PaletteKind::Four ? std::array{1.0F, 0.0F, 2 / 3.0F, 1 / 3.0F}
+                                                                  : std::array{1.0F, 0.0F, 0.5F, 0.0F};
+/// Decoders cut what lies between the end points to whole steps: so much is lost on an average.
+template <PaletteKind kind>
+constexpr float cutOff = kind == PaletteKind::Four ? 1 / 3.0F : 0.25F;
+
+Lanes dot(const LaneColour& a, const LaneColour& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
+LaneColour between(const LaneColour& from, const LaneColour& to) {
+    return {to[0] - from[0], to[1] - from[1], to[2] - from[2]};
+}
+
+// ---- the line that the colours lie along
+
+struct Line {
+    LaneColour middle{};
+    LaneColour direction;
+};
+
+/// The covariance matrix: its diagonal; red with green, green with blue, blue with red.
+struct Spread {
+    LaneColour own{};
+    LaneColour mixed{};
+
+    [[nodiscard]] std::array<LaneColour, 3> rows() const {
+        return {LaneColour{own[0], mixed[0], mixed[2]}, LaneColour{mixed[0], own[1], mixed[1]},
+                LaneColour{mixed[2], mixed[1], own[2]}};
+    }
+};
+
+LaneColour longestDirection(const Spread& spread) {
+    const auto [red, green, blue] = spread.rows();
+    const auto& own = spread.own;
+    const LaneInts greenest = (own[1] > own[0]) & (own[1] >= own[2]);
+    const LaneInts bluest = (own[2] > own[0]) & (own[2] > own[1]);
+    LaneColour v;
+    for (std::size_t c = 0; c < colourChannels; ++c) { // a row that is not at right angles to what is wanted
+        v[c] = choose(bluest, blue[c], choose(greenest, green[c], red[c]));
+    }
+    for (int i = 0; i < 6; ++i) {
+        v = {dot(v, red), dot(v, green), dot(v, blue)};
+        const Lanes longest = most(most(most(v[0], -v[0]), most(v[1], -v[1])), most(v[2], -v[2]));
+        const Lanes scale = 1 / most(longest, lanes(1e-20F));
+        for (Lanes& channel : v) {
+            channel *= scale;
+        }
+    }
+    const Lanes scale = 1 / most(dot(v, v), lanes(1e-20F));
+    return {v[0] * scale, v[1] * scale, v[2] * scale};
+}
+
+Line lineThrough(const ColourBatch& batch) {
+    Line line;
+    Lanes weights{};
+    for (std::size_t i = 0; i < texelsPerBlock; ++i) {
+        weights += batch.weights[i];
+        for (std::size_t c = 0; c < colourChannels; ++c) {
+            line.middle[c] += batch.weights[i] * batch.texels[i][c];
+        }
+    }
+    for (Lanes& channel : line.middle) {
+        channel /= weights;
+    }
+    Spread spread;
+    for (std::size_t i = 0; i < texelsPerBlock; ++i) {
+        const LaneColour off = between(line.middle, batch.texels[i]);
+        for (std::size_t c = 0; c < colourChannels; ++c) {
+            const Lanes weighed = batch.weights[i] * off[c];
+            spread.own[c] += weighed * off[c];
+            spread.mixed[c] += weighed * off[(c + 1) % 3];
+        }
+    }
+    line.direction = longestDirection(spread);
+    return line;
+}
+
+// ---- where on the line the palette fits best
+
+/// Where the texels lie on the line; 0 is their middle.
+using Places = std::array<Lanes, texelsPerBlock>;
+
+struct Segment {
+    Lanes explained = lanes(-1); ///< of the squared distances from the middle
+    Lanes from{}, to{};
+};
+
+/// Moves the ends to where they fit the places nearest to each entry, twice.
+template <PaletteKind kind>
+void settle(const Places& places, const Places& weights, Lanes all, Lanes from, Lanes to, Segment& best) {
+    constexpr float spans = entriesOf(kind) - 1;
+    for (int round = 0; round < 2; ++round) {
+        const Lanes length = to - from;
+        const Lanes scale = spans / choose(length * length > 1e-12F, length, lanes(1));
+        Lanes count{}, squares{}, weighed{};
+        for (std::size_t i = 0; i < texelsPerBlock; ++i) {
+            const Lanes entry = cut(within((places[i] - from) * scale + 0.5F, 0.5F, spans + 0.5F));
+            const Lanes share = weights[i] * entry;
+            count += share;
+            squares += share * entry;
+            weighed += share * places[i];
+        }
+        const Lanes middle = count / all;
+        const Lanes slope = weighed / most(squares - count * middle, lanes(1e-6F));
+        const Lanes explained = weighed * slope;
+        from = middle * -slope;
+        to = from + slope * spans;
+        const LaneInts better = explained > best.explained;
+        best.explained = choose(better, explained, best.explained);
+        best.from = choose(better, from, best.from);
+        best.to = choose(better, to, best.to);
+    }
+}
+
+template <PaletteKind kind>
+Segment bestSegment(const Places& places, const Places& weights) {
+    // By how much of the places' length the ends are moved inwards at first.
+    constexpr std::pair<float, float> starts[] = {{0, 0}, {0.1F, 0.1F}, {0, 0.2F}, {0.2F, 0}};
+    Lanes low = places[0], high = places[0];
+    for (const Lanes& place : places) {
+        low = least(low, place);
+        high = most(high, place);
+    }
+    Lanes all{};
+    for (const Lanes& weight : weights) {
+        all += weight;
+    }
+    Segment best;
+    const Lanes length = high - low;
+    for (const auto& [below, above] : starts) {
+        settle<kind>(places, weights, all, low + length * below, high - length * above, best);
+    }
+    return best;
+}
+
+// ---- end points that can be stored
+
+struct Ends {
+    LaneColour first;
+    LaneColour second;
+};
+
+Lanes widened(Lanes step, std::size_t channel) {
+    return channel == 1 ? step * 4 + cut(step * (1 / 16.0F)) : step * 8 + cut(step * (1 / 4.0F));
+}
+Lanes nearestStep(Lanes value, std::size_t channel) {
+    return cut(within(value * (lastSteps[channel] / 255) + 0.5F, 0.5F, lastSteps[channel] + 0.5F));
+}
+
+template <PaletteKind kind>
+Ends endsAlong(const Line& line, const ColourBatch& batch) {
+    Places places;
+    for (std::size_t i = 0; i < texelsPerBlock; ++i) {
+        places[i] = dot(between(line.middle, batch.texels[i]), line.direction);
+    }
+    const Segment segment = bestSegment<kind>(places, batch.weights);
+    const Lanes length = 1 / most(dot(line.direction, line.direction), lanes(1e-20F));
+    Ends ends;
+    for (std::size_t c = 0; c < colourChannels; ++c) {
+        const Lanes unit = line.direction[c] * length;
+        ends.first[c] = nearestStep(line.middle[c] + unit * segment.from, c);
+        ends.second[c] = nearestStep(line.middle[c] + unit * segment.to, c);
+    }
+    return ends;
+}
+
+/// The least squares' sums over the texels, each with its entry's shares of the end points.
+struct Fit {
+    Lanes first{};  ///< squared shares of the first end point
+    Lanes second{}; ///< of the second one
+    Lanes both{};   ///< products of the two
+    LaneColour ofFirst{};
+    LaneColour ofSecond{};
+};
+
+/// Looks in one channel for the steps of both end points that leave the smallest error.
+struct ChannelSearch {
+    std::size_t channel;
+    Lanes ownSquares, otherSquares, both, ofOwn, ofOther;
+    Lanes error = lanes(1e30F);
+    Lanes own{}, other{};
+
+    /// Offers a step of the own end point with the best one of the other for it.
+    void offer(Lanes step, Lanes otherwise) {
+        const Lanes a = widened(step, channel);
+        const Lanes wanted = (ofOther - both * a) / most(otherSquares, lanes(1e-6F));
+        const Lanes partner = nearestStep(choose(otherSquares > 1e-3F, wanted, otherwise), channel);
+        const Lanes b = widened(partner, channel);
+        const Lanes left =
+            a * (ownSquares * a - 2 * ofOwn) + b * (otherSquares * b - 2 * ofOther) + 2 * a * b * both;
+        const LaneInts better = left < error;
+        error = choose(better, left, error);
+        own = choose(better, step, own);
+        other = choose(better, partner, other);
+    }
+    /// The steps below and above a value of the own end point.
+    void offerAround(Lanes value, Lanes otherwise) {
+        const Lanes below = cut(within(value * (lastSteps[channel] / 255), 0, lastSteps[channel] - 1));
+        offer(below, otherwise);
+        offer(below + 1, otherwise);
+    }
+};
+
+/// `before`, where a fit does not say anything because all texels have the same entry.
+Ends bestEnds(const Fit& fit, const Ends& before) {
+    const Lanes determinant = fit.first * fit.second - fit.both * fit.both;
+    const LaneInts solvable = determinant > 1e-3F;
+    const Lanes scale = 1 / choose(solvable, determinant, lanes(1));
+    Ends ends;
+    for (std::size_t c = 0; c < colourChannels; ++c) {
+        const Lanes a = (fit.ofFirst[c] * fit.second - fit.ofSecond[c] * fit.both) * scale;
+        const Lanes b = (fit.ofSecond[c] * fit.first - fit.ofFirst[c] * fit.both) * scale;
+        ChannelSearch forth{c, fit.first, fit.second, fit.both, fit.ofFirst[c], fit.ofSecond[c]};
+        ChannelSearch back{c, fit.second, fit.first, fit.both, fit.ofSecond[c], fit.ofFirst[c]};
+        forth.offerAround(a, b);
+        back.offerAround(b, a);
+        const LaneInts backwards = back.error < forth.error;
+        ends.first[c] = choose(solvable, choose(backwards, back.other, forth.own), before.first[c]);
+        ends.second[c] = choose(solvable, choose(backwards, back.own, forth.other), before.second[c]);
+    }
+    return ends;
+}
+
+// ---- what decoders make of end points
+
+using LanePalette = std::array<LaneColour, 4>;
+
+/// One channel of the four entries. The fourth of a palette of three is left as the third.
+std::array<Lanes, 4> entriesBetween(Lanes first, Lanes second, LaneInts four, std::size_t channel) {
+    const Lanes a = widened(first, channel), b = widened(second, channel);
+    const Lanes half = cut((a + b) * 0.5F);
+    return {a, b, choose(four, cut((2 * a + b + 0.5F) * (1 / 3.0F)), half),
+            choose(four, cut((a + 2 * b + 0.5F) * (1 / 3.0F)), half)};
+}
+
+LanePalette lanePaletteOf(const Ends& ends, LaneInts four) {
+    LanePalette palette;
+    for (std::size_t c = 0; c < colourChannels; ++c) {
+        const std::array<Lanes, 4> entries = entriesBetween(ends.first[c], ends.second[c], four, c);
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            palette[i][c] = entries[i];
+        }
+    }
+    return palette;
+}
+
+struct Trial {
+    Ends ends;
+    Lanes error{};
+    Fit next; ///< to each texel's nearest entry
+};
+
+template <PaletteKind kind>
+Trial tryEnds(const ColourBatch& batch, const Ends& ends) {
+    const LanePalette palette = lanePaletteOf(ends, laneInts(kind == PaletteKind::Four ? -1 : 0));
+    Trial trial{.ends = ends, .error = {}, .next = {}};
+    Fit& fit = trial.next;
+    Lanes count{}, shareSum{};
+    LaneColour all{};
+    for (std::size_t i = 0; i < texelsPerBlock; ++i) {
+        const LaneColour& texel = batch.texels[i];
+        Lanes nearest = lanes(1e30F), share{};
+        for (std::size_t entry = 0; entry < entriesOf(kind); ++entry) {
+            const LaneColour off = between(palette[entry], texel);
+            const Lanes distance = dot(off, off);
+            const LaneInts nearer = distance < nearest;
+            nearest = choose(nearer, distance, nearest);
+            share = choose(nearer, lanes(shares<kind>[entry]), share);
+        }
+        const Lanes weight = batch.weights[i];
+        const Lanes weighted = weight * share, mixed = weighted * (1 - share);
+        const Lanes cutAway = choose(mixed > 0, lanes(cutOff<kind>), lanes(0));
+        trial.error += weight * nearest;
+        count += weight;
+        shareSum += weighted;
+        fit.both += mixed;
+        for (std::size_t c = 0; c < colourChannels; ++c) {
+            const Lanes wanted = texel[c] + cutAway;
+            fit.ofFirst[c] += weighted * wanted;
+            all[c] += weight * wanted;
+        }
+    }
+    fit.first = shareSum - fit.both;
+    fit.second = count - shareSum - fit.both;
+    fit.ofSecond = between(fit.ofFirst, all);
+    return trial;
+}
+
+void keepBetter(ColourCodings& best, const Trial& other) {
+    const LaneInts better = other.error < best.error;
+    best.error = choose(better, other.error, best.error);
+    for (std::size_t c = 0; c < colourChannels; ++c) {
+        best.first[c] = choose(better, other.ends.first[c], best.first[c]);
+        best.second[c] = choose(better, other.ends.second[c], best.second[c]);
+    }
+}
+
+/// For texels that all chose the end points: tries palettes that have these two colours elsewhere, where they
+/// may come nearer to what can be stored.
+template <PaletteKind kind>
+void tryBetween(const ColourBatch& batch, const Trial& atEnds, ColourCodings& best) {
+    // By how much of its length the line is lengthened at either end.
+    constexpr std::pair<float, float> ofFour[] = {{1, 1}, {0.5F, 0}, {0, 0.5F}}, ofThree[] = {{1, 0}, {0, 1}};
+    const Fit& fit = atEnds.next;
+    for (const auto& [before, behind] :
+         kind == PaletteKind::Four ? std::span<const std::pair<float, float>>{ofFour} : ofThree) {
+        Ends ends;
+        for (std::size_t c = 0; c < colourChannels; ++c) {
+            const Lanes a = fit.ofFirst[c] / most(fit.first, lanes(1));
+            const Lanes b = fit.ofSecond[c] / most(fit.second, lanes(1));
+            ends.first[c] = nearestStep(a + (a - b) * before, c);
+            ends.second[c] = nearestStep(b + (b - a) * behind, c);
+        }
+        const Trial trial = tryEnds<kind>(batch, ends);
+        keepBetter(best, trial);
+        keepBetter(best, tryEnds<kind>(batch, bestEnds(trial.next, ends)));
+    }
+}
+
+template <PaletteKind kind>
+ColourCodings fit(const ColourBatch& batch) {
+    Ends ends = endsAlong<kind>(lineThrough(batch), batch);
+    Trial trial = tryEnds<kind>(batch, ends);
+    ColourCodings best{laneInts(kind == PaletteKind::Four ? -1 : 0), ends.first, ends.second, trial.error};
+    for (int round = 0; round < 2; ++round) {
+        ends = bestEnds(trial.next, ends);
+        trial = tryEnds<kind>(batch, ends);
+        keepBetter(best, trial);
+    }
+    const LaneInts twoColours = (trial.next.both == 0) & (trial.next.first * trial.next.second > 0);
+    if (anyOf(twoColours & (best.error > 0))) tryBetween<kind>(batch, trial, best);
+    return best;
+}
+
+ColourCodings fitEither(const ColourBatch& batch, PaletteKind kind) {
+    return kind == PaletteKind::Four ? fit<PaletteKind::Four>(batch) : fit<PaletteKind::Three>(batch);
+}
+
+// ---- the last steps
+
+/// The squared distances of all texels from all entries, in two of the three channels.
+using Distances = std::array<std::array<Lanes, 4>, texelsPerBlock>;
+
+Distances distancesWithout(std::size_t channel, const ColourBatch& batch, const LanePalette& palette) {
+    const std::size_t one = (channel + 1) % 3, other = (channel + 2) % 3;
+    Distances distances;
+    for (std::size_t i = 0; i < texelsPerBlock; ++i) {
+        for (std::size_t entry = 0; entry < palette.size(); ++entry) {
+            const Lanes x = batch.texels[i][one] - palette[entry][one];
+            const Lanes y = batch.texels[i][other] - palette[entry][other];
+            distances[i][entry] = x * x + y * y;
+        }
+    }
+    return distances;
+}
+
+void polishChannel(std::size_t channel, const ColourBatch& batch, ColourCodings& codings) {
+    const Distances distances =
+        distancesWithout(channel, batch, lanePaletteOf({codings.first, codings.second}, codings.four));
+    const Lanes first = codings.first[channel], second = codings.second[channel];
+    for (const auto& [up, otherUp] :
+         {std::pair{-1, -1}, {-1, 0}, {-1, 1}, {0, -1}, {0, 1}, {1, -1}, {1, 0}, {1, 1}}) {
+        const Lanes a = within(first + static_cast<float>(up), 0, lastSteps[channel]);
+        const Lanes b = within(second + static_cast<float>(otherUp), 0, lastSteps[channel]);
+        const std::array<Lanes, 4> entries = entriesBetween(a, b, codings.four, channel);
+        Lanes error{};
+        for (std::size_t i = 0; i < texelsPerBlock; ++i) {
+            std::array<Lanes, 4> all;
+            for (std::size_t entry = 0; entry < entries.size(); ++entry) {
+                const Lanes off = batch.texels[i][channel] - entries[entry];
+                all[entry] = distances[i][entry] + off * off;
+            }
+            error += batch.weights[i] * least(least(all[0], all[1]), least(all[2], all[3]));
+        }
+        const LaneInts better = error < codings.error;
+        codings.error = choose(better, error, codings.error);
+        codings.first[channel] = choose(better, a, codings.first[channel]);
+        codings.second[channel] = choose(better, b, codings.second[channel]);
+    }
+}
+
+void polish(const ColourBatch& batch, ColourCodings& codings) {
+    for (const std::size_t channel : {1U, 0U, 2U}) {
+        polishChannel(channel, batch, codings);
+    }
+}
+
+// ---- what is stored
+
+LaneInts packed(const LaneColour& end) { return toInts(end[0]) << 11 | toInts(end[1]) << 5 | toInts(end[2]); }
+
+LaneInts choicesOf(const ColourBatch& batch, const LanePalette& palette) {
+    LaneInts choices{};
+    for (std::size_t i = 0; i < texelsPerBlock; ++i) {
+        Lanes nearest = lanes(1e30F);
+        LaneInts choice{};
+        for (std::size_t entry = 0; entry < palette.size(); ++entry) {
+            const LaneColour off = between(palette[entry], batch.texels[i]);
+            const Lanes distance = dot(off, off);
+            const LaneInts nearer = distance < nearest;
+            nearest = choose(nearer, distance, nearest);
+            choice = choose(nearer, laneInts(static_cast<std::int32_t>(entry)), choice);
+        }
+        choices |= choice << static_cast<int>(2 * i);
+    }
+    return choices;
+}
+
+StoredColours stored(const ColourBatch& batch, const ColourCodings& codings) {
+    constexpr std::int32_t lowBits = 0x55555555;
+    const LaneInts a = packed(codings.first), b = packed(codings.second);
+    const LaneInts choices = choicesOf(batch, lanePaletteOf({codings.first, codings.second}, codings.four));
+    const LaneInts swapped = choose(codings.four, a<b, a> b);
+    // With the end points 0 and 1 change places, with those of four colours 2 and 3 do, too.
+    const LaneInts others = choices ^ choose(codings.four, laneInts(lowBits), ~(choices >> 1) & lowBits);
+    // Equal ends say that there are three colours: the fourth one would be clear.
+    const LaneInts all = choose(a == b, LaneInts{}, choose(swapped, others, choices));
+    return {choose(swapped, b, a), choose(swapped, a, b), all};
+}
+
+// ---- the same twice, for processors with and without registers of eight lanes
+
+[[gnu::flatten]] ColourCodings fitNarrow(const ColourBatch& batch, PaletteKind kind) {
+    return fitEither(batch, kind);
+}
+[[gnu::flatten, gnu::target("avx2")]] ColourCodings fitWide(const ColourBatch& batch, PaletteKind kind) {
+    return fitEither(batch, kind);
+}
+[[gnu::flatten]] StoredColours storedNarrow(const ColourBatch& batch, const ColourCodings& codings) {
+    return stored(batch, codings);
+}
+[[gnu::flatten, gnu::target("avx2")]] StoredColours storedWide(const ColourBatch& batch,
+                                                               const ColourCodings& codings) {
+    return stored(batch, codings);
+}
+[[gnu::flatten]] void polishNarrow(const ColourBatch& batch, ColourCodings& codings) {
+    polish(batch, codings);
+}
+[[gnu::flatten, gnu::target("avx2")]] void polishWide(const ColourBatch& batch, ColourCodings& codings) {
+    polish(batch, codings);
+}
+
+} // namespace
+
+ColourCodings fitColours(const ColourBatch& batch, PaletteKind kind) {
+    return hasWideRegisters() ? fitWide(batch, kind) : fitNarrow(batch, kind);
+}
+
+void polishColours(const ColourBatch& batch, ColourCodings& codings) {
+    hasWideRegisters() ? polishWide(batch, codings) : polishNarrow(batch, codings);
+}
+
+StoredColours storedColours(const ColourBatch& batch, const ColourCodings& codings) {
+    return hasWideRegisters() ? storedWide(batch, codings) : storedNarrow(batch, codings);
+}
+
+} // namespace pelrath
