@@ -2,9 +2,9 @@
 
 #include "imaging/block_decoder.hpp"
 #include "imaging/bound_pixels.hpp"
+#include "imaging/chain_encoder.hpp"
 #include "imaging/dds_header.hpp"
 #include "imaging/error_names.hpp"
-#include "imaging/level_encoder.hpp"
 #include "imaging/library_error.hpp"
 #include "imaging/loadable_file.hpp"
 #include "imaging/memory_files.hpp"
@@ -113,6 +113,13 @@ bool isQuarter(const Sides& of, const Sides& whole) {
     return of.width * 4 == whole.width && of.height * 4 == whole.height;
 }
 
+/// Leaves a file alone whose levels are not those that the blocks are of.
+void putBlocks(Bytes blocks, std::vector<std::byte>& file) {
+    if (file.size() == LoadableFile::blocksAt + blocks.size()) {
+        std::ranges::copy(blocks, file.begin() + LoadableFile::blocksAt);
+    }
+}
+
 void requireFree(const std::string& fileName, bool overwrite) {
     if (!overwrite && fileExists(fileName)) throw ImageLibraryError{IL_FILE_ALREADY_EXISTS, "saveImage"};
 }
@@ -217,10 +224,10 @@ bool ImageLibraryFacade::setSaveImageOptions(std::int32_t fileType, std::int32_t
 }
 
 bool ImageLibraryFacade::saveImage([[maybe_unused]] std::int32_t imageType, const std::string& fileName,
-                                   bool overwrite) {
+                                   bool overwrite, Bytes known) {
     return attempt({"ilSave Error Number: ", "ImageSave Error : ", true, fileName + " was not written"}, [&] {
         prepareBoundImage(overwrite);
-        if (!writeBoundImage(fileName, overwrite)) return false;
+        if (!writeBoundImage(fileName, overwrite, known)) return false;
         trace_.traceMessage("ilSave done sucessfully.");
         return true;
     });
@@ -231,7 +238,8 @@ void ImageLibraryFacade::prepareBoundImage(bool overwrite) {
         if (options_.jpgQuality < 0 || options_.jpgQuality > 65535) {
             throw makeError(ErrorNumber::Overflow, "saveImage");
         }
-        library_.ilSetInteger(IL_JPG_QUALITY, options_.jpgQuality);
+        constexpr ILint best = 99; // the library refuses 100
+        library_.ilSetInteger(IL_JPG_QUALITY, options_.jpgQuality == best + 1 ? best : options_.jpgQuality);
         trace_.traceMessage("Setting Jpg compression done.");
     }
     if (!convertImage(options_.convertFormat, options_.convertType)) check();
@@ -262,30 +270,57 @@ bool ImageLibraryFacade::buildChain() {
     return true;
 }
 
-bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overwrite) {
-    const Sides sides = boundSides();
+bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overwrite, Bytes known) {
     // Before the library looks for itself: it opens the file for that, which a pipe would never let it.
     requireFree(fileName, overwrite);
+    bool written = false;
+    longWork_.run(boundSides().pixels(), [&] {
+        const std::optional<std::vector<std::byte>> file = savedFile(fileName, known);
+        if (!file) return;
+        requireFree(fileName, overwrite); // it may have come meanwhile
+        const std::array<Bytes, 1> pieces{*file};
+        replaceFile(fileName, pieces, Durability::Flushed);
+        written = true;
+    });
+    return written;
+}
+
+/// Nothing where the library fails without a code.
+std::optional<std::vector<std::byte>> ImageLibraryFacade::savedFile(const std::string& fileName,
+                                                                    Bytes known) {
+    const Sides sides = boundSides();
+    const bool dds = options_.imageType == IL_DDS;
+    std::optional<ChainEncoder> encoder;
+    if (dds) startEncoding(encoder, known);
     WritingToMemory writing;
     const bool saved = librarySaves(fileName);
     bindWholeImage();
     const std::int32_t code = images_.readErrorCode();
     discardErrors();
     if (code != 0) throw ImageLibraryError{code, "saveImage"};
-    if (!saved) return false;
+    if (!saved) return std::nullopt;
     if (writing.outOfMemory()) throw ImageLibraryError{IL_OUT_OF_MEMORY, "saveImage"};
     std::vector<std::byte> file = writing.take();
     if (!isWholeFile(options_.imageType, sides, file)) {
         throw ImageLibraryError{IL_FILE_WRITE_ERROR, "saveImage"};
     }
     // An earlier save may have left its chain on the image.
-    if (options_.imageType == IL_DDS && !options_.buildMipmaps) dropChain(sides, file);
-    if (options_.imageType == IL_DDS) refineLevels(file);
+    if (dds && !options_.buildMipmaps) dropChain(sides, file);
     if (options_.imageType == IL_TGA) finishTarga(sides, options_.targaFirstRow, file);
-    requireFree(fileName, overwrite); // it may have come meanwhile
-    const std::array<Bytes, 1> pieces{file};
-    replaceFile(fileName, pieces, Durability::Flushed);
-    return true;
+    if (encoder) putBlocks(encoder->finish(), file);
+    return file;
+}
+
+/// Begins to compress the levels that are going to be saved: the library only reads their pixels meanwhile.
+void ImageLibraryFacade::startEncoding(std::optional<ChainEncoder>& encoder, Bytes known) {
+    const auto below = static_cast<std::uint32_t>(library_.ilGetInteger(IL_NUM_MIPMAPS));
+    std::vector<Pixels> levels;
+    forEachLevel(options_.buildMipmaps ? below + 1 : 1, [&](const Pixels& level) {
+        if (level.format == IL_RGBA && !level.values.empty()) levels.push_back(level);
+    });
+    const bool dxt1 = library_.ilGetInteger(IL_DXTC_FORMAT) == IL_DXT1;
+    encoder.emplace(dxt1 ? BlockFormat::Dxt1 : BlockFormat::Dxt5, levels, known);
+    encoder->start();
 }
 
 /// Saving a chain leaves its last level as the one that the next call would work on.
@@ -305,19 +340,6 @@ void ImageLibraryFacade::forEachLevel(std::uint32_t levels, Work work) {
         work(boundPixels(library_));
     }
     if (levels > 1) bindWholeImage();
-}
-
-void ImageLibraryFacade::refineLevels(std::span<std::byte> file) {
-    const CheckedBytes header{file};
-    const BlockFormat format = blockFormatOf(header);
-    std::span<std::byte> blocks = file.subspan(LoadableFile::blocksAt);
-    forEachLevel(header.longAt(levelCountAt), [&](const Pixels& level) {
-        const std::uint64_t size = bytesPerLevel(format, level.sides.width, level.sides.height);
-        if (level.format != IL_RGBA || level.values.empty() || size > blocks.size()) return;
-        const auto ofLevel = static_cast<std::size_t>(size);
-        LevelEncoder{format, level, {}, blocks.first(ofLevel)}.encodeAll();
-        blocks = blocks.subspan(ofLevel);
-    });
 }
 
 bool ImageLibraryFacade::librarySaves(const std::string& fileName) {

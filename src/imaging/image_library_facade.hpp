@@ -6,16 +6,19 @@
 #include "imaging/refusal.hpp"
 #include "imaging/save_image_options.hpp"
 #include "imaging/trace.hpp"
+#include "platform/files.hpp"
 #include "platform/message_boxes.hpp"
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 namespace pelrath {
 
+class ChainEncoder;
 struct LoadableFile;
 struct Pixels;
 enum class ColourUnderAlpha : std::uint8_t;
@@ -55,9 +58,10 @@ public:
     /// Converts the bound image as the options say, builds its levels if they want them (each is the whole
     /// picture, averaged by the box filter), and writes it as the options' image type, whatever extension the
     /// name has and whatever `imageType` says. The file appears whole or not at all; a file that was there
-    /// stays as it was until then. Equal pictures give equal files. Blocks of a DDS file that the library
-    /// compressed badly are replaced (see refineBlocks()).
-    bool saveImage(std::int32_t imageType, const std::string& fileName, bool overwrite);
+    /// stays as it was until then. Equal pictures give equal files. The blocks of a DDS file are those of
+    /// LevelEncoder: of `known` ones, for as many levels as they are enough, each stays unless another comes
+    /// nearer to the picture.
+    bool saveImage(std::int32_t imageType, const std::string& fileName, bool overwrite, Bytes known = {});
 
     /// Switches one of the library's modes.
     bool setLibraryFlag(std::uint32_t mode, bool enable);
@@ -93,12 +97,13 @@ private:
     void loadChecked(const LoadableFile& file, const std::string& fileName);
     void putExactPixels(const LoadableFile& file);
     void prepareBoundImage(bool overwrite);
-    bool writeBoundImage(const std::string& fileName, bool overwrite);
+    bool writeBoundImage(const std::string& fileName, bool overwrite, Bytes known);
+    [[nodiscard]] std::optional<std::vector<std::byte>> savedFile(const std::string& fileName, Bytes known);
+    void startEncoding(std::optional<ChainEncoder>& encoder, Bytes known);
     [[nodiscard]] bool buildChain();
     void bindWholeImage();
     template <typename Work>
     void forEachLevel(std::uint32_t levels, Work work);
-    void refineLevels(std::span<std::byte> file);
     [[nodiscard]] bool librarySaves(const std::string& fileName);
     [[nodiscard]] bool filterBoundImage(Sides sides, std::uint32_t depth);
     [[nodiscard]] ColourUnderAlpha coloursInForce() const;

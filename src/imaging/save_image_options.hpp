@@ -18,8 +18,8 @@ struct SaveImageOptions {
     std::string extension; ///< with its dot, lower case
     std::uint16_t convertFormat = 0;
     std::int32_t convertType = 0;
-    /// 0 to 65535 can be handed over, 0 to 99 is what the library takes. Wider than that range, so that a
-    /// value outside it is found at the save and not cut silently.
+    /// 0 to 65535 can be handed over, 0 to 100 is what can be saved; 100 is the same as 99. Wider than that
+    /// range, so that a value outside it is found at the save and not cut silently.
     std::int32_t jpgQuality = 0;
     bool buildMipmaps = false; ///< DDS only
     /// TGA only. The header says which, and most readers heed it, but some show every file from its first row

@@ -172,11 +172,12 @@ TEST_F(Saving, ChecksTheQualityBeforeTheLibraryDoes) {
         EXPECT_FALSE(save(OutputFileType::Jpg, "a.jpg"));
         expectBox("ImageSave Error : 6 Overflow");
     }
-    for (const std::int32_t quality : {0, 90}) {
+    for (const std::int32_t quality : {0, 90, 100}) {
         options.jpgQuality = quality;
         EXPECT_TRUE(save(OutputFileType::Jpg, row(quality)));
     }
     EXPECT_LT(folder.read("0").size(), folder.read("90").size());
+    EXPECT_LT(folder.read("90").size(), folder.read("100").size());
     const WritingToMemory other;
     EXPECT_FALSE(save(OutputFileType::Jpg, "a.jpg"));
     expectBox("ImageSave Error : 5 Invalid procedure call");
