@@ -222,7 +222,11 @@ void write(benchmark::State& state) {
     Workplace place;
     const LoadedImage image{place.facade, place.images, place.source()};
     place.chooseDds();
-    DdsBuilder{place.imaging, place.session.programFolder}.buildWithLibraryChain(place.folder + "/built.dds");
+    {
+        HeldArchive archive{place.session};
+        DdsBuilder{place.imaging, place.session.programFolder}.buildWithLibraryChain(
+            place.folder + "/built.dds", archive, 0, levelCount);
+    }
     for (auto _ : state) {
         HeldArchive archive{place.session};
         LevelWriter writer{archive};

@@ -3,45 +3,57 @@
 #include "platform/file_patch.hpp"
 #include "platform/files.hpp"
 #include "platform/scratch_file.hpp"
-#include "transfer/level_writer.hpp"
+#include "transfer/known_blocks.hpp"
+#include "transfer/level_bytes.hpp"
 
 namespace pelrath {
 
-bool DdsBuilder::buildWithLibraryChain(const std::string& path) { return save(path, true); }
+bool DdsBuilder::buildWithLibraryChain(const std::string& path, HeldArchive& archive, std::size_t first,
+                                       std::size_t count) {
+    return save(path, true, archive, first, count);
+}
 
-bool DdsBuilder::buildScaled(const std::string& path, std::uint32_t image,
-                             std::span<const MipmapRecord> levels, std::int16_t filter) {
-    if (!save(path, false)) return false;
+bool DdsBuilder::buildScaled(const std::string& path, HeldArchive& archive, std::uint32_t image,
+                             std::int16_t filter) {
+    if (!save(path, false, archive, 0, 1)) return false;
     const ScratchFile scaled{programFolder_.pathFor("tmp2.dds")};
     LevelSource source{imaging_, image};
     std::int64_t position = firstLevelPosition;
-    for (const MipmapRecord& level : levels) {
-        const bool whole = &level == &levels.front(); // in its place already
-        if (level.dataSize > 0) {
-            if (!whole && !saveScaled(scaled.path(), source, level, filter)) return false;
-            const auto data = readFileBytes(whole ? path : scaled.path(), firstLevelPosition, level.dataSize);
+    const std::vector<MipmapRecord>& levels = archive.session().chosenTexture().mipmaps;
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+        const std::int64_t size = levels[i].dataSize;
+        const bool whole = i == 0; // in its place already
+        if (size > 0) {
+            if (!whole && !saveScaled(scaled.path(), archive, source, i, filter)) return false;
+            const auto data = readFileBytes(whole ? path : scaled.path(), firstLevelPosition, size);
             if (!whole) writeInto(path, static_cast<std::uint64_t>(position - 1), data);
         }
-        position += level.dataSize;
+        position += size;
     }
     scaled.remove();
     return true;
 }
 
-bool DdsBuilder::save(const std::string& path, bool buildMipmaps) {
+bool DdsBuilder::save(const std::string& path, bool buildMipmaps, HeldArchive& archive, std::size_t first,
+                      std::size_t count) {
     imaging_.options.buildMipmaps = buildMipmaps;
-    const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, path, true);
+    const Sides sides = imaging_.facade.boundSides();
+    std::vector<std::byte> known;
+    imaging_.facade.longWork().run(sides.pixels(),
+                                   [&] { known = knownBlocks(archive, first, count, sides); });
+    const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, path, true, known);
     imaging_.images.check("saveImage");
     return saved;
 }
 
-bool DdsBuilder::saveScaled(const std::string& path, LevelSource& source, const MipmapRecord& level,
-                            std::int16_t filter) {
-    ImageCopy copy{imaging_.facade, imaging_.images, source.imageFor(level.width, level.height)};
+bool DdsBuilder::saveScaled(const std::string& path, HeldArchive& archive, LevelSource& source,
+                            std::size_t level, std::int16_t filter) {
+    const MipmapRecord& record = archive.session().chosenTexture().mipmaps[level];
+    ImageCopy copy{imaging_.facade, imaging_.images, source.imageFor(record.width, record.height)};
     // Where scaling fails, which it tells, the picture is taken as it is.
-    (void)imaging_.facade.scaleImage(level.width, level.height, filter);
+    (void)imaging_.facade.scaleImage(record.width, record.height, filter);
     imaging_.images.check("scaleImage");
-    const bool saved = save(path, false);
+    const bool saved = save(path, false, archive, level, 1);
     copy.remove();
     return saved;
 }

@@ -78,9 +78,12 @@ void ImageInsertion::buildAndWrite(ImageFileKind kind, const Choice& choice, Ins
     if (!chooseFormat()) return;
     built.emplace(builtFileOf(source));
     try {
-        if (!build(built->path(), image.id())) return;
-        writer.writeMipmapLevels(built->path(), session_.selectedTexture, choice.chained,
-                                 choice.selectedLevel);
+        const std::uint64_t pixels = imaging_.facade.boundSides().pixels();
+        if (!build(built->path(), image.id(), choice, run.archive())) return;
+        imaging_.facade.longWork().run(pixels, [&] {
+            writer.writeMipmapLevels(built->path(), session_.selectedTexture, choice.chained,
+                                     choice.selectedLevel);
+        });
     } catch (const SourceTooShort&) {
         run.say(source + " is too short." + lineBreak); // the image is: it gives too little data
     }
@@ -98,13 +101,15 @@ bool ImageInsertion::chooseFormat() {
                                                imaging_.options.extension);
 }
 
-bool ImageInsertion::build(const std::string& path, std::uint32_t image) {
+bool ImageInsertion::build(const std::string& path, std::uint32_t image, const Choice& choice,
+                           HeldArchive& archive) {
     const int filter = c_.lstScaleFilter.selectedRow();
-    if (state_.mipmapOperation != Create || filter == bilinearFilter) {
-        return builder_.buildWithLibraryChain(path);
+    if (state_.mipmapOperation == Create && filter != bilinearFilter) {
+        return builder_.buildScaled(path, archive, image, static_cast<std::int16_t>(filter));
     }
-    return builder_.buildScaled(path, image, session_.chosenTexture().mipmaps,
-                                static_cast<std::int16_t>(filter));
+    const std::size_t all = session_.chosenTexture().mipmaps.size();
+    return builder_.buildWithLibraryChain(path, archive, static_cast<std::size_t>(choice.firstLevel),
+                                          choice.chained ? all : 1);
 }
 
 } // namespace pelrath

@@ -47,7 +47,7 @@ private:
     void buildAndWrite(ImageFileKind kind, const Choice& choice, InsertionRun& run, LevelWriter& writer,
                        std::optional<ScratchFile>& built);
     bool chooseFormat();
-    bool build(const std::string& path, std::uint32_t image);
+    bool build(const std::string& path, std::uint32_t image, const Choice& choice, HeldArchive& archive);
 
     Controls c_;
     MessageBoxes& boxes_;

@@ -83,6 +83,37 @@ TEST(Insertion, TakesEveryLevelBackFromItsImage) {
     }
 }
 
+TEST(Insertion, LeavesBlocksAloneThatAreNotEdited) {
+    std::minstd_rand random;
+    for (const auto& [type, size] : {std::pair{"DXT1", std::size_t{8}}, {"DXT5", std::size_t{16}}}) {
+        TexturePlan wall = chainOf("wall", type, 20, 12);
+        std::string& blocks = wall.levels[0].data;
+        std::generate(blocks.begin(), blocks.end(), [&random] { return static_cast<char>(random() >> 8); });
+        for (std::size_t i = size - 8; i < blocks.size();
+             i += size) { // as a bitmap keeps them: none is clear
+            blocks[i + 1] = static_cast<char>(blocks[i + 1] | 0x80);
+            blocks[i + 3] = static_cast<char>(blocks[i + 3] & 0x7F);
+        }
+        TransferHarness h{{cdds, {wall}}};
+        const std::string before = h.archive();
+        h.extract({images, mark(0)});
+        h.insert({images, single, mark(0)});
+        EXPECT_TRUE(h.archive() == before) << type;
+        h.insert({images, create});
+        EXPECT_TRUE(h.levelOf(h.archive(), 0) == blocks) << type;
+        std::string image = h.folder.read("out/" + h.files());
+        image[image.size() / 2] = static_cast<char>(image[image.size() / 2] ^ 0x40);
+        (void)h.folder.write("out/" + h.files(), image);
+        h.insert({images, single, mark(0)});
+        const std::string after = h.levelOf(h.archive(), 0);
+        int changed = 0;
+        for (std::size_t i = 0; i < blocks.size(); i += size) {
+            changed += after.compare(i, size, blocks, i, size) != 0;
+        }
+        EXPECT_EQ(changed, 1) << type << ": one pixel was edited";
+    }
+}
+
 TEST(Insertion, CreatesTheChainWithEachFilter) {
     for (const Step& kind : {Step{images}, Step{ddsFiles}}) {
         for (const char* type : {"DXT1", "DXT5"}) {
