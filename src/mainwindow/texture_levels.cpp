@@ -19,7 +19,7 @@ PixelFormat pixelFormat(BlockFormat format) {
 
 // The block that holds a texel, decoded.
 std::array<std::uint8_t, 4> texelOf(BlockFormat format, std::span<const std::byte> blocks,
-                                    const LevelSides& sides, const Texel& texel) {
+                                    const LevelSides& sides, const TexelPlace& texel) {
     const auto across = static_cast<std::size_t>((sides.width + 3) / 4);
     const std::size_t block =
         static_cast<std::size_t>(texel.y / 4) * across + static_cast<std::size_t>(texel.x / 4);
@@ -175,7 +175,7 @@ const LevelDifference& TextureLevels::difference(std::int16_t level) {
                differenceOf(decoded({level, Version::Now}), decoded({level, Version::Before}));
 }
 
-std::array<std::uint8_t, 4> TextureLevels::texel(const Texel& texel, Version version) {
+std::array<std::uint8_t, 4> TextureLevels::texel(const TexelPlace& texel, Version version) {
     const LevelSides level = sides(texel.level);
     const auto valuesOf = [&](Version wanted) {
         return texelOf(format(), blocks({texel.level, wanted}), level, texel);

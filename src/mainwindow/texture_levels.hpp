@@ -51,7 +51,7 @@ public:
     [[nodiscard]] LevelPicture decoded(const ImageKey& key);
     [[nodiscard]] const LevelDifference& difference(std::int16_t level);
     /// Red, green, blue and alpha, or their differences.
-    [[nodiscard]] std::array<std::uint8_t, 4> texel(const Texel& texel, Version version);
+    [[nodiscard]] std::array<std::uint8_t, 4> texel(const TexelPlace& texel, Version version);
 
 private:
     using Blocks = std::vector<std::byte>;

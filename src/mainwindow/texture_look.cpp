@@ -239,7 +239,7 @@ void TextureLook::describe() {
 
 // The columns are as wide as the largest number in them.
 std::string TextureLook::texelText(const Look& look) {
-    const std::optional<Texel> texel = look.pointed();
+    const std::optional<TexelPlace> texel = look.pointed();
     if (!texel) return {};
     const std::string place =
         formatted("%-11s ", (std::to_string(texel->x) + "," + std::to_string(texel->y)).c_str());
@@ -253,7 +253,7 @@ std::string TextureLook::texelText(const Look& look) {
 }
 
 std::string TextureLook::viewText(const Look& look) {
-    const std::optional<Texel> texel = look.pointed();
+    const std::optional<TexelPlace> texel = look.pointed();
     const std::int16_t level =
         texel && look.arrangement() == Arrangement::AllLevels ? texel->level : look.level().level;
     const std::string view = formatted("level %-2d %-6s %s ", int{level}, scaleText(look.scale()).c_str(),

@@ -108,8 +108,8 @@ void Look::stepLevel(int by) {
             return static_cast<std::int32_t>(std::int64_t{at} * to / from);
         };
         const LevelSides* marked = sidesOf(marked_->level);
-        marked_ = Texel{level().level, same(marked_->x, marked->width, level().width),
-                        same(marked_->y, marked->height, level().height)};
+        marked_ = TexelPlace{level().level, same(marked_->x, marked->width, level().width),
+                             same(marked_->y, marked->height, level().height)};
     }
     if (!zoom_) return;
     const Point at = middle();
@@ -193,7 +193,7 @@ const LevelSides* Look::sidesOf(std::int16_t level) const {
     return found == levels_.end() ? nullptr : &*found;
 }
 
-std::optional<Texel> Look::texelAt(Point point) const {
+std::optional<TexelPlace> Look::texelAt(Point point) const {
     for (const Sheet& sheet : sheets()) {
         const double x = std::floor(point.x) + 0.5 - sheet.left; // the middle of a pixel, as it is drawn
         const double y = std::floor(point.y) + 0.5 - sheet.top;
@@ -203,18 +203,18 @@ std::optional<Texel> Look::texelAt(Point point) const {
             constexpr double rounding = 1.0 / 4096; // as it is drawn
             return std::min(static_cast<std::int32_t>(at * side / extent + rounding), side - 1);
         };
-        return Texel{sheet.image.level, texel(x, sheet.width, sides.width),
-                     texel(y, sheet.height, sides.height)};
+        return TexelPlace{sheet.image.level, texel(x, sheet.width, sides.width),
+                          texel(y, sheet.height, sides.height)};
     }
     return std::nullopt;
 }
 
-std::optional<Texel> Look::pointed() const {
+std::optional<TexelPlace> Look::pointed() const {
     if (marked_ || !pointer_) return marked_;
     return texelAt(*pointer_);
 }
 
-std::optional<Texel> Look::texelInTheMiddle() const {
+std::optional<TexelPlace> Look::texelInTheMiddle() const {
     if (!hasTexture()) return std::nullopt;
     const Sheet first = sheets().front();
     const auto middleOf = [](double from, double length, double room) {
@@ -225,7 +225,7 @@ std::optional<Texel> Look::texelInTheMiddle() const {
 }
 
 void Look::movePointed(std::int32_t right, std::int32_t down) {
-    std::optional<Texel> texel = pointed();
+    std::optional<TexelPlace> texel = pointed();
     if (!texel || sidesOf(texel->level) == nullptr) texel = texelInTheMiddle();
     if (!texel) return;
     const LevelSides& sides = *sidesOf(texel->level);
@@ -236,7 +236,7 @@ void Look::movePointed(std::int32_t right, std::int32_t down) {
     panBy(inward(place.left, place.width, room_.width), inward(place.top, place.height, room_.height));
 }
 
-Sheet Look::placeOf(const Texel& texel) const {
+Sheet Look::placeOf(const TexelPlace& texel) const {
     const std::vector<Sheet> all = sheets();
     const auto found = std::find_if(all.begin(), all.end(),
                                     [&](const Sheet& sheet) { return sheet.image.level == texel.level; });

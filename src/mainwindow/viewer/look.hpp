@@ -40,11 +40,11 @@ struct Sheet {
     bool operator==(const Sheet&) const = default;
 };
 
-struct Texel {
+struct TexelPlace {
     std::int16_t level = 0;
     std::int32_t x = 0;
     std::int32_t y = 0;
-    bool operator==(const Texel&) const = default;
+    bool operator==(const TexelPlace&) const = default;
 };
 
 struct LevelSides {
@@ -115,7 +115,7 @@ public:
     /// The keyboard's pointer goes so many texels to the right and down, from the mouse's or the middle of
     /// what is seen; the view follows it.
     void movePointed(std::int32_t right, std::int32_t down);
-    [[nodiscard]] std::optional<Texel> pointed() const;
+    [[nodiscard]] std::optional<TexelPlace> pointed() const;
     /// The keyboard's pointer.
     [[nodiscard]] std::optional<Sheet> marker() const;
 
@@ -125,9 +125,9 @@ private:
     [[nodiscard]] std::vector<Sheet> laidOut(double scale) const;
     [[nodiscard]] std::vector<Sheet> chain(double scale) const;
     [[nodiscard]] const LevelSides* sidesOf(std::int16_t level) const;
-    [[nodiscard]] std::optional<Texel> texelAt(Point point) const;
-    [[nodiscard]] std::optional<Texel> texelInTheMiddle() const;
-    [[nodiscard]] Sheet placeOf(const Texel& texel) const;
+    [[nodiscard]] std::optional<TexelPlace> texelAt(Point point) const;
+    [[nodiscard]] std::optional<TexelPlace> texelInTheMiddle() const;
+    [[nodiscard]] Sheet placeOf(const TexelPlace& texel) const;
     /// To whole pixels, and no end of a picture farther inside than it must be.
     void moveTo(Point origin);
 
@@ -138,7 +138,7 @@ private:
     std::optional<double> zoom_;
     Point origin_; ///< of what is zoomed
     std::optional<Point> pointer_;
-    std::optional<Texel> marked_;
+    std::optional<TexelPlace> marked_;
 };
 
 } // namespace pelrath
