@@ -41,7 +41,7 @@ void decode(const std::string& bytes) {
 
 std::string withChecksum(const std::string& bytes) {
     const auto sum = ::crc32_z(0, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size());
-    return bytes + test::little(static_cast<std::int64_t>(sum), 4);
+    return bytes + little(static_cast<std::int64_t>(sum), 4);
 }
 
 enum Wrong : unsigned {

@@ -66,6 +66,7 @@ TEST_F(Layout, TheWindowHasASmallestSize) {
     EXPECT_EQ(size(), "14825, 10085"); // 7710 + 510 + 1515 + 350
     EXPECT_EQ(passes, 3);              // the user's, and a nested one for each side
     main.viewPortSize[0].select();
+    EXPECT_FALSE(main.SplashFrame.visible()); // it would not fit
     main.window.setSize(20000, 1000);
     EXPECT_EQ(size(), "20000, 6245"); // 3870 + 510 + 1515 + 350
     main.window.setMinimized(true);

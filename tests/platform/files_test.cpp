@@ -2,6 +2,7 @@
 #include "platform/file_patch.hpp"
 #include "platform/full_path.hpp"
 #include "platform/sub_folders.hpp"
+#include "support/refusals.hpp"
 #include "support/temporary_folder.hpp"
 
 #include <cerrno>
@@ -77,6 +78,8 @@ TEST(Files, OverwritingChangesTheGivenBytesOfTheOpenedFileAndNothingElse) {
     std::filesystem::rename(folder.write("b", "of another"), file);
     overwrite(opened, 9, raw("z"));
     EXPECT_EQ(row(folder.read("twin"), folder.read("a")), "012abc678z, of another");
+    const Refusal badDisk{Call::Flush, EIO};
+    EXPECT_EQ(failureOf([&] { overwrite(opened, 0, raw("0")); }).number(), 57);
 }
 
 TEST(RuntimeErrors, NumbersAndSentences) {

@@ -31,6 +31,9 @@ const Disk disks[] = {
     {"has all", {}, nullptr, nullptr},
     {"has no nameless files", {{Call::NamelessFile, EOPNOTSUPP}}, nullptr, nullptr},
     {"gives nameless files no name", {{Call::Link, EPERM, 0, 1}}, nullptr, nullptr},
+    {"shows no opened files", {{Call::Link, ENOENT, 0, 1}}, nullptr, nullptr},
+    {"copies nothing by itself", {{Call::Copy, EXDEV}}, nullptr, nullptr},
+    {"refuses a part in between", {{Call::FlushPart, EIO}}, "Device I/O", nullptr},
     {"has no links", {{Call::Link, ENOSYS}}, nullptr, nullptr},
     {"has no locks", {{Call::NamelessFile, ENOSYS}, {Call::Lock, ENOLCK}}, nullptr, nullptr},
     {"has neither links nor renames that replace nothing",
@@ -77,10 +80,11 @@ TEST(CopyOfAFile, IsWholeUnderAFreeNameOrNotThereAtAll) {
         EXPECT_TRUE(disk.copying != nullptr || folder.permitted("a-1") == 0400) << disk.kind;
     }
     const TemporaryFolder folder;
-    const RuntimeError noFolder = failureOf([&] {
-        const FileCopy copy{InputFile{folder.write("a", "x")}, folder.file("missing"), {}};
-    });
-    EXPECT_EQ(noFolder.number(), 53);
+    const std::string file = folder.write("a", "x");
+    EXPECT_EQ(failureOf([&] { FileCopy{InputFile{file}, folder.file("missing"), {}}; }).number(), 53);
+    const auto grow = [&](std::uint64_t, std::uint64_t) { fs::resize_file(file, 9); };
+    EXPECT_EQ(failureOf([&] { FileCopy{InputFile{file}, folder.path(), grow}; }).number(), 57);
+    EXPECT_EQ(folder.list(), "a");
 }
 
 TEST(ReplacedFiles, AreTheOldOnesOrTheNewOnes) {
@@ -146,6 +150,8 @@ TEST(ReadOnlyFiles, AreToldFromThoseThatNobodyHereCanWrite) {
         const std::string said = whyNotWritable(InputFile{path});
         EXPECT_TRUE(*why == '\0' ? said.empty() : said.starts_with(path + why)) << said;
     }
+    const Refusal badDisk{Call::Flush, EIO};
+    EXPECT_EQ(failureOf([&] { setFileMode(InputFile{path}, 0600); }).number(), 57);
 }
 
 TEST(FileForAWhile, IsGoneBeforeAndAfter) {

@@ -97,6 +97,7 @@ TEST_F(Places, OnlyWhatADeadProgramLeftIsRemoved) {
                        "own/pelrath-abcdef/tmp.dds",  "own/pelrath-abcdef/.pelrath-abcdef"};
     const auto alive = {"out/.pelrath-living", "own/~pelrath-living.tga", "own/pelrath-living/tmp.dds"};
     const auto ofOthers = {"out/.pelrath-abcde",
+                           "out/.pelrath-abcdefg",
                            "out/.pelrath-abc_ef",
                            "out/pelrath-abcdef",
                            "out/wall_tmppelrath.dds",
@@ -142,7 +143,7 @@ TEST_F(Places, OnlyWhatADeadProgramLeftIsRemoved) {
     }
     // Beside these, the folders and the links.
     EXPECT_EQ(row(folder.names("out").size(), folder.list("own")),
-              "12, pelrath-filled pelrath-linked pelrath-living pelrath-public ~abcdef.bmp ~pelrath-abc.bmp "
+              "13, pelrath-filled pelrath-linked pelrath-living pelrath-public ~abcdef.bmp ~pelrath-abc.bmp "
               "~pelrath-linked ~pelrath-living.tga");
 }
 

@@ -27,9 +27,9 @@ TEST(Text, CountsCutsAndPadsCharacters) {
         "ab, a\u00E9\u20AC, \u00FCb");
     EXPECT_EQ(row(trimBlanks("  a b  "), trimBlanks("   "), trimBlanks("\ta\t")), "a b, , \ta\t");
     std::string line = "|";
-    appendPadded(line, "\u00E9\u00E9", 4);
+    appendPadded(line, "\u00E9\u00E9\u00E9", 4);
     appendPadded(line, "toolong", 4);
-    EXPECT_EQ(line, "|\u00E9\u00E9  toolong");
+    EXPECT_EQ(line, "|\u00E9\u00E9\u00E9 toolong");
     EXPECT_EQ(row(upperCase("ab9_Z"), upperCase("r\u00E9\u0161\u00FF"), upperCase("stra\u00DFe")),
               "AB9_Z, R\u00C9\u0160\u0178, STRA\u00DFE");
 }

@@ -30,7 +30,7 @@ std::string numberIn(CSetting& setting, const char* key) {
 
 TEST_F(ProfileFiles, ValuesAreFoundAsTheFormatHasThem) {
     write("\xEF\xBB\xBF; comment\r\nstray=1\r\n[ Setup ]x\r\n Key One = a = b ;c \r\n"
-          "single='q'\r\ndouble=\" q \"\r\nhalf=\"q\r\nempty=\r\n;hidden=1\r\nno equals sign\r\n"
+          "single='q'\r\ndouble=\" q \"\r\nhalf=\"q\r\nmark=\"\r\nempty=\r\n;hidden=1\r\nno equals sign\r\n"
           "folder=/home/\u00E9t\u00E9/\u0394\r\n[Other]\r\nKey One=other\r\n[setup]\r\nlate=1");
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"Setup", "Key One", "a = b ;c"}, {"SETUP", "key one", "a = b ;c"},
@@ -38,6 +38,7 @@ TEST_F(ProfileFiles, ValuesAreFoundAsTheFormatHasThem) {
         {"setup", "half", "\"q"},         {"setup", "empty", ""},
         {"setup", "hidden", "default"},   {"setup", "stray", "default"},
         {"Other", "Key One", "other"},    {"setup", "late", "default"},
+        {"setup", "mark", "\""},          {"setup", "no equals sign", "default"},
         {"none", "Key One", "default"},   {"setup", "folder", "/home/\u00E9t\u00E9/\u0394"}};
     for (const auto& [section, key, value] : cases) {
         EXPECT_EQ(setting.GetSettingStr(section, key, "default"), value) << section << '/' << key;
@@ -111,6 +112,7 @@ TEST(Registry, KeepsTextsOfAnyKindAndReadsNumbersAsAFileDoesNot) {
                                                 {"+-5", "0", "0"},
                                                 {"1e3", "1000", "1"},
                                                 {"0x1F", "0", "31"},
+                                                {"0o17", "0", "15"},
                                                 {"2.5", "2", "2"},
                                                 {"3.5", "4", "3"},
                                                 {"-0b101", "0", "-5"},
@@ -157,6 +159,8 @@ TEST(ApplicationSettingsFile, HoldsNineKeys) {
               "[Settings]\nMainTop=10\nMainLeft=-3\nViewPortWidth=512\nViewPortHeight=512\n"
               "ViewPortColor=0\nbazartempfolder=\ncddsbackupfolder=\n"
               "[Setup]\nextractionfolder=/a b\nfirsttimedone=False\n");
+    loadApplicationSettings(folder.file("none"), settings);
+    EXPECT_EQ(row(settings.mainTop, settings.extractionFolder), "0, ");
 }
 
 } // namespace

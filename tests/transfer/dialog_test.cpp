@@ -109,7 +109,7 @@ TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
     show(in, [&] {
         act({single, intoBazarTemp});
         dialog.cmdGetCDDSBackupFolder.press();
-        EXPECT_EQ(row(dialog.txtCDDSBackupFolder.text(), dialog.optMipmaps.selectedIndex()), "/safe, 0");
+        EXPECT_EQ(row(dialog.txtCDDSBackupFolder.text(), dialog.List1.checkedCount()), "/safe, 1");
         for (const char* expected : {"false, ", "false, /new"}) {
             dialog.cmdGetBazarTempFolder.press();
             EXPECT_EQ(shown(), expected);

@@ -208,6 +208,7 @@ TEST_F(TroubledInsertion, SaysWhatIsMissingOrTooShortAndWritesNoneOfIt) {
         {0, {external, noLevel}, "0 mipmap(s) inserted.|"},
         {0, {single, noLevel}, "No mipmap selected.|0 mipmap(s) inserted.|"},
         {0, {images, single, noLevel}, "No mipmap selected.|0 mipmaps(s) inserted."},
+        {100, {embedded}, "out/wall-4x4.dds is too short.|0 Mipmap(s) inserted.|"},
         {151, {embedded}, "out/wall-4x4.dds is too short.|0 Mipmap(s) inserted.|"},
         {135, {external, unmark(1)}, "out/wall-4x4.dds is too short.|0 mipmap(s) inserted.|"}};
     remove("wall-4x4.dds");
@@ -436,9 +437,11 @@ TEST_F(TroubledInsertion, CopiesTheTextureIntoBazarTempUnderItsOwnName) {
     for (const auto& [type, start] :
          {std::pair{"DXT1", std::string{"BM"}}, std::pair{"DXT5", bytesOf("000002 9*00 w4 w4 2008")}}) {
         open({cdds, {chainOf("wall.xyz", type, 4, 4)}});
-        extract({embedded, overwriting});
-        EXPECT_EQ(insert({notIntoArchive, intoBazarTemp}), copied);
+        extract({embedded, overwriting, run, images}); // an image of which the top row comes first
+        EXPECT_EQ(insert({single, noLevel, notIntoArchive, intoBazarTemp}), copied);
         EXPECT_TRUE(folder.read("bazar/wall.xyz").starts_with(start)) << type;
+        extract({images, overwriting});
+        EXPECT_EQ(folder.read("out/wall-4x4.tga").substr(0, 18).ends_with('\x28'), type[3] == '5');
         (void)folder.write("bazar/wall.xyz", "mine");
         boxes.answer = BoxAnswer::Cancel;
         EXPECT_EQ(insert({withoutSafeCopy, intoBazarTemp}),
@@ -490,7 +493,8 @@ TEST_F(TroubledInsertion, ClearsTheFoldersThatItWorksInOfWhatADeadProgramLeft) {
         (void)folder.write(std::string{name} + "/.pelrath-abcdef", "x");
     }
     extract({embedded, overwriting});
-    (void)insert({intoBazarTemp});
+    put("x-4x4_tmppelrath.dds", "x");
+    (void)insert({create, intoBazarTemp});
     EXPECT_EQ(row(files(), files("copies"), files("bazar")), "wall-4x4.bmp wall-4x4.dds, a-0.cdds, wall.xyz");
 }
 

@@ -10,36 +10,6 @@
 
 namespace pelrath::test {
 
-constexpr std::uint16_t yellow = 0xFFE0, blue = 0x001F; // 5-6-5
-
-/// A texture with its whole chain: each level `top` in its upper half and `bottom` in its lower one as far as
-/// its size lets it, in DXT5 with alpha 77 above and 255 below.
-inline TexturePlan chainOf(const std::string& name, const std::string& type, std::int32_t width,
-                           std::int32_t height, std::uint16_t top = yellow, std::uint16_t bottom = blue) {
-    TexturePlan plan{name, type, {}};
-    for (bool last = false; !last; width = std::max(1, width / 2), height = std::max(1, height / 2)) {
-        std::string blocks;
-        for (std::int32_t y = 0; y < height; y += 4) {
-            std::int64_t colors = 0, alphas = 0;
-            for (std::int32_t line = 0; line < 4; ++line) {
-                const bool lower = 2 * (y + line) >= height;
-                // The larger colour stands first: then there are four, and none transparent.
-                colors |= std::int64_t{lower == (top >= bottom) ? 0x55 : 0} << (8 * line);
-                alphas |= std::int64_t{lower ? 01111 : 0} << (12 * line);
-            }
-            const std::string alpha = little(77, 1) + little(255, 1) + little(alphas, 6);
-            const std::string color =
-                little(std::max(top, bottom), 2) + little(std::min(top, bottom), 2) + little(colors, 4);
-            for (std::int32_t x = 0; x < width; x += 4) {
-                blocks += (type == "DXT5" ? alpha : "") + color;
-            }
-        }
-        plan.levels.push_back({width, height, blocks});
-        last = width == 1 && height == 1;
-    }
-    return plan;
-}
-
 /// What the user does in the dialog, one thing after another.
 using Step = std::function<void(TransferControls&)>;
 using Steps = std::vector<Step>;
