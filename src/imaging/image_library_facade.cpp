@@ -366,9 +366,8 @@ bool ImageLibraryFacade::setLibraryFlag(std::uint32_t mode, bool enable) {
 
 bool ImageLibraryFacade::convertImage(std::uint16_t format, std::int32_t dataType) {
     bool converted = false;
-    longWork_.run(boundSides().pixels(), [&] {
-        converted = library_.ilConvertImage(format, static_cast<ILenum>(dataType)) != 0;
-    });
+    longWork_.run(boundSides().pixels(),
+                  [&] { converted = library_.ilConvertImage(format, static_cast<ILenum>(dataType)) != 0; });
     if (converted) {
         trace_.traceMessage("ilConvertImage done sucessfully.");
         return true;

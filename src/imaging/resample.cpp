@@ -1,13 +1,13 @@
 #include "imaging/resample.hpp"
 
+#include "imaging/filter_mixes.hpp"
 #include "imaging/long_work.hpp"
+#include "imaging/pixel_lanes.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstring>
-#include <numbers>
 #include <vector>
 
 namespace pelrath {
@@ -17,247 +17,168 @@ namespace {
 /// Pixels to read and write, below which a thread costs more than it spares.
 constexpr std::uint64_t worthAThread = std::uint64_t{1} << 16;
 
-/// What a source pixel weighs at a distance from the middle, in output pixels and below `radius`.
-struct Kernel {
-    double radius;
-    double (*weightAt)(double distance);
-};
-
-double box(double /*x*/) { return 1; }
-
-/// Of degree 1 and 2, the B-splines of H. S. Hou and H. C. Andrews, "Cubic Splines for Image Interpolation
-/// and Digital Filtering", IEEE Transactions on Acoustics, Speech, and Signal Processing 26 (1978).
-double triangle(double x) { return 1 - x; }
-double bell(double x) { return x < 0.5 ? 0.75 - x * x : (1.5 - x) * (1.5 - x) / 2; }
-
-/// The cubic filters of D. P. Mitchell and A. N. Netravali, "Reconstruction Filters in Computer Graphics",
-/// SIGGRAPH 1988, by their parameters B and C.
-double cubic(double x, double b, double c) {
-    if (x < 1) return (((12 - 9 * b - 6 * c) * x + (-18 + 12 * b + 6 * c)) * x * x + (6 - 2 * b)) / 6;
-    return (((-b - 6 * c) * x + (6 * b + 30 * c)) * x * x + (-12 * b - 48 * c) * x + (8 * b + 24 * c)) / 6;
-}
-double bSpline(double x) { return cubic(x, 1, 0); }
-double mitchell(double x) { return cubic(x, 1.0 / 3, 1.0 / 3); }
-
-/// C. E. Duchon, "Lanczos Filtering in One and Two Dimensions", Journal of Applied Meteorology 18 (1979).
-double lanczos(double x) {
-    const auto sinc = [](double angle) { return angle < 1e-9 ? 1 : std::sin(angle) / angle; };
-    return sinc(std::numbers::pi * x) * sinc(std::numbers::pi * x / 3);
-}
-
-Kernel kernelOf(ScaleFilter filter) {
-    switch (filter) {
-    case ScaleFilter::Box:
-        return {0.5, box};
-    case ScaleFilter::Bell:
-        return {1.5, bell};
-    case ScaleFilter::BSpline:
-        return {2, bSpline};
-    case ScaleFilter::Lanczos:
-        return {3, lanczos};
-    case ScaleFilter::Mitchell:
-        return {2, mitchell};
-    default:
-        return {1, triangle};
-    }
-}
-
-/// The source pixels, from `first` on, that one output pixel is mixed from, and their shares, 1 in all.
-struct Mix {
-    std::size_t first = 0;
-    std::vector<float> shares;
-
-    [[nodiscard]] std::size_t end() const { return first + shares.size(); }
-};
-
-/// Of a box, a pixel has the part that lies inside; enlarged, it is the output pixel's own box.
-Mix mixAround(double middle, double ratio, double side, ScaleFilter filter) {
-    if (ratio == 1) return {static_cast<std::size_t>(middle), {1}};
-    const bool box = filter == ScaleFilter::Box;
-    const Kernel kernel = kernelOf(filter);
-    const double stretch = box ? ratio : std::max(ratio, 1.0);
-    const double reach = stretch * kernel.radius;
-    const auto first = static_cast<std::size_t>(std::max(middle - reach, 0.0));
-    const auto end = static_cast<std::size_t>(std::min(std::ceil(middle + reach), side));
-    std::vector<double> weights;
-    double sum = 0;
-    for (std::size_t i = first; i < end; ++i) {
-        const double at = static_cast<double>(i);
-        const double distance = std::abs(at + 0.5 - middle);
-        const double inside = std::min(at + 1, middle + reach) - std::max(at, middle - reach);
-        const double weight = distance < reach ? kernel.weightAt(distance / stretch) : 0;
-        weights.push_back(box ? inside : weight);
-        sum += weights.back();
-    }
-    Mix mix{first, {}};
-    for (const double weight : weights) {
-        mix.shares.push_back(static_cast<float>(weight / sum));
-    }
-    return mix;
-}
-
-/// One for each output column or row.
-std::vector<Mix> mixesOf(std::uint32_t from, std::uint32_t to, ScaleFilter filter) {
-    const double ratio = 1.0 * from / to;
-    std::vector<Mix> mixes;
-    for (std::uint32_t i = 0; i < to; ++i) {
-        mixes.push_back(mixAround((i + 0.5) * ratio, ratio, from, filter));
-    }
-    return mixes;
-}
-
-constexpr std::size_t lanes = 4; ///< for the channels of a pixel; those that there are not hold anything
-using Pixel = float __attribute__((vector_size(lanes * sizeof(float))));
-/// Sums that do not wait for one another.
-constexpr std::size_t together = 4;
-
-Pixel pixelAt(const float* values) {
-    Pixel pixel;
-    std::memcpy(&pixel, values, sizeof pixel);
-    return pixel;
-}
-
-void put(Pixel pixel, float* values) { std::memcpy(values, &pixel, sizeof pixel); }
+/// Values between the two passes are counted in 1/64 of a step: so they fit 16 bits, and the sums of their
+/// products with shares 32, however a filter overshoots.
+constexpr int valueBits = 6;
 
 /// Mixes columns first: a row is as short as the output's before rows are mixed.
 class Resampler {
 public:
     Resampler(const Pixels& from, ScaleFilter filter, const Pixels& to, ColourUnderAlpha colours)
         : from_(from), to_(to), columns_(mixesOf(from.sides.width, to.sides.width, filter)),
-          rows_(mixesOf(from.sides.height, to.sides.height, filter)), rowLength_(to.sides.width * lanes),
+          rows_(mixesOf(from.sides.height, to.sides.height, filter)),
+          rowLength_((to.sides.width + 1) / 2 * 2 * lanes),
           weighed_(colours == ColourUnderAlpha::AsSeen && from.channels % 2 == 0) {}
 
     /// The output rows from `first` to `end`.
     void run(std::size_t first, std::size_t end) const {
         ShortRows rows{*this};
-        std::vector<float> mixed(rowLength_ + together * lanes);
         std::vector<std::uint8_t> bytes(rowLength_ + lanes);
+        const std::size_t count = to_.sides.width * to_.channels;
         for (std::size_t y = first; y < end; ++y) {
-            mixRows(rows.upTo(rows_[y]), rows_[y].shares, mixed);
-            putRow(mixed, bytes, y);
+            mixRows(rows.upTo(rows_[y]), rows_[y].shares, bytes);
+            std::copy_n(bytes.begin(), count, to_.values.begin() + static_cast<std::ptrdiff_t>(y * count));
         }
     }
 
 private:
+    /// Rows at a time, so that no sum waits for the one before it.
+    static constexpr std::size_t together = 4;
+    using Row = std::vector<std::int16_t>;
+
     /// The source's rows with their columns mixed, as long as they are needed.
     class ShortRows {
     public:
-        explicit ShortRows(const Resampler& resampler) : resampler_(resampler) {
-            whole_.fill(std::vector<float>(resampler.from_.sides.width * resampler.from_.channels + lanes));
+        explicit ShortRows(const Resampler& resampler)
+            : resampler_(resampler),
+              bytes_(resampler.from_.sides.width * resampler.from_.channels + 2 * lanes) {
+            whole_.fill(Row((resampler.from_.sides.width + 1) / 2 * 2 * lanes));
             std::size_t longest = 0;
             for (const Mix& mix : resampler.rows_) {
                 longest = std::max(longest, mix.shares.size());
             }
-            rows_.resize(longest + together - 1, std::vector<float>(resampler.rowLength_ + together * lanes));
+            rows_.resize(longest + together, Row(resampler.rowLength_));
         }
 
-        const std::vector<const float*>& upTo(const Mix& mix) {
+        const std::vector<const std::int16_t*>& upTo(const Mix& mix) {
             done_ = std::max(done_, mix.first);
             while (done_ < mix.end()) {
                 readNext();
             }
             used_.clear();
             for (std::size_t row = mix.first; row < mix.end(); ++row) {
-                used_.push_back(at(row).data());
+                used_.push_back(at(row));
             }
             return used_;
         }
 
     private:
-        std::vector<float>& at(std::size_t row) { return rows_[row % rows_.size()]; }
+        std::int16_t* at(std::size_t row) { return rows_[row % rows_.size()].data(); }
         void readNext() {
-            std::array<float*, together> mixed{};
+            std::array<std::int16_t*, together> mixed{};
             for (std::size_t i = 0; i < together; ++i) {
-                // Beyond the last row, what is there is mixed once more and never used.
-                if (done_ + i < resampler_.from_.sides.height) resampler_.readRow(done_ + i, whole_[i]);
-                mixed[i] = at(done_ + i).data();
+                // Beyond the last row, what is there is mixed once more, for a share of 0.
+                if (done_ + i < resampler_.from_.sides.height) readRow(done_ + i, whole_[i]);
+                mixed[i] = at(done_ + i);
             }
             resampler_.mixColumns(whole_, mixed);
             done_ += together;
         }
+        void readRow(std::size_t y, Row& row) {
+            const std::size_t count = resampler_.from_.sides.width * resampler_.from_.channels;
+            std::copy_n(resampler_.from_.values.data() + y * count, count, bytes_.begin());
+            resampler_.spread(bytes_, row);
+        }
 
         const Resampler& resampler_;
-        std::array<std::vector<float>, together> whole_;
-        std::vector<std::vector<float>> rows_; ///< each at its index modulo their number
-        std::vector<const float*> used_;
+        std::vector<std::uint8_t> bytes_; ///< with room behind, where pairs of pixels are read
+        std::array<Row, together> whole_;
+        std::vector<Row> rows_; ///< each at its index modulo their number
+        std::vector<const std::int16_t*> used_;
         std::size_t done_ = 0;
     };
 
-    void readRow(std::size_t y, std::vector<float>& row) const {
-        const std::size_t count = from_.sides.width * from_.channels;
-        const std::uint8_t* const values = from_.values.data() + y * count;
-        for (std::size_t i = 0; i < count; ++i) {
-            row[i] = static_cast<float>(values[i]);
-        }
-        if (!weighed_) return;
-        for (std::size_t i = 0; i < count; i += from_.channels) {
-            const float alpha = row[i + from_.channels - 1];
-            for (std::size_t channel = 0; channel + 1 < from_.channels; ++channel) {
-                row[i + channel] *= alpha;
+    /// From bytes to values, in pairs of pixels: the first channel of both, the second of both.
+    void spread(const std::vector<std::uint8_t>& bytes, Row& row) const {
+        const std::size_t channels = from_.channels;
+        const auto each = [&](auto valuesOf) {
+            const std::uint8_t* pixel = bytes.data();
+            for (std::int16_t* values = row.data(); values != row.data() + row.size(); values += 2 * lanes) {
+                const Shorts pair = valuesOf(interleaved(pixel, pixel + channels));
+                std::memcpy(values, &pair, sizeof pair);
+                pixel += 2 * channels;
             }
-        }
+        };
+        if (weighed_) return each([&](Shorts pair) { return multipliedByAlpha(pair, channels); });
+        each([](Shorts pair) { return pair << valueBits; });
     }
 
-    /// Of several rows at a time, so that no sum waits for the one before it.
-    void mixColumns(const std::array<std::vector<float>, together>& rows,
-                    const std::array<float*, together>& out) const {
+    void mixColumns(const std::array<Row, together>& rows,
+                    const std::array<std::int16_t*, together>& out) const {
         for (std::size_t x = 0; x < columns_.size(); ++x) {
-            std::size_t at = columns_[x].first * from_.channels;
-            Pixel a{}, b{}, c{}, d{};
-            for (const float share : columns_[x].shares) {
-                a += share * pixelAt(&rows[0][at]);
-                b += share * pixelAt(&rows[1][at]);
-                c += share * pixelAt(&rows[2][at]);
-                d += share * pixelAt(&rows[3][at]);
-                at += from_.channels;
+            std::size_t at = columns_[x].first * lanes;
+            const std::vector<std::int16_t>& shares = columns_[x].shares;
+            Sums a{}, b{}, c{}, d{};
+            for (std::size_t i = 0; i < shares.size(); i += 2) {
+                const Shorts pair = pairOf(&shares[i]);
+                a += addedProducts(shortsAt(&rows[0][at]), pair);
+                b += addedProducts(shortsAt(&rows[1][at]), pair);
+                c += addedProducts(shortsAt(&rows[2][at]), pair);
+                d += addedProducts(shortsAt(&rows[3][at]), pair);
+                at += 2 * lanes;
             }
-            put(a, out[0] + x * lanes);
-            put(b, out[1] + x * lanes);
-            put(c, out[2] + x * lanes);
-            put(d, out[3] + x * lanes);
+            putValues(a, out[0] + x * lanes);
+            putValues(b, out[1] + x * lanes);
+            putValues(c, out[2] + x * lanes);
+            putValues(d, out[3] + x * lanes);
         }
     }
 
-    void mixRows(const std::vector<const float*>& rows, const std::vector<float>& shares,
-                 std::vector<float>& out) const {
-        for (std::size_t x = 0; x < rowLength_; x += together * lanes) {
-            Pixel a{}, b{}, c{}, d{};
-            for (std::size_t i = 0; i < shares.size(); ++i) {
-                const float* const row = rows[i] + x;
-                a += shares[i] * pixelAt(row);
-                b += shares[i] * pixelAt(row + lanes);
-                c += shares[i] * pixelAt(row + 2 * lanes);
-                d += shares[i] * pixelAt(row + 3 * lanes);
+    void mixRows(const std::vector<const std::int16_t*>& rows, const std::vector<std::int16_t>& shares,
+                 std::vector<std::uint8_t>& out) const {
+        std::uint8_t* pixel = out.data();
+        for (std::size_t x = 0; x < rowLength_; x += 2 * lanes) {
+            Sums first{}, second{};
+            for (std::size_t i = 0; i < shares.size(); i += 2) {
+                const Shorts pair = pairOf(&shares[i]);
+                const Shorts upper = shortsAt(rows[i] + x), lower = shortsAt(rows[i + 1] + x);
+                first += addedProducts(lowInterleaved(upper, lower), pair);
+                second += addedProducts(highInterleaved(upper, lower), pair);
             }
-            put(a, &out[x]);
-            put(b, &out[x + lanes]);
-            put(c, &out[x + 2 * lanes]);
-            put(d, &out[x + 3 * lanes]);
-        }
-    }
-
-    void putRow(const std::vector<float>& row, std::vector<std::uint8_t>& bytes, std::size_t y) const {
-        for (std::size_t x = 0; x < to_.sides.width; ++x) {
+            if (weighed_) {
+                first = dividedByAlpha(first, to_.channels);
+                second = dividedByAlpha(second, to_.channels);
+            }
+            std::array<std::uint8_t, 2 * lanes> bytes;
+            putBytes(packed(shifted(first, shareBits + valueBits), shifted(second, shareBits + valueBits)),
+                     bytes.data());
             // The lanes beyond the channels give way to the next pixel.
-            const PixelBytes pixel = bytesOf(pixelAt(&row[x * lanes]));
-            std::memcpy(&bytes[x * to_.channels], &pixel, sizeof pixel);
+            std::memcpy(pixel, bytes.data(), lanes);
+            std::memcpy(pixel + to_.channels, bytes.data() + lanes, lanes);
+            pixel += 2 * to_.channels;
         }
-        const std::size_t count = to_.sides.width * to_.channels;
-        std::copy_n(bytes.begin(), count, to_.values.begin() + static_cast<std::ptrdiff_t>(y * count));
     }
 
-    using PixelBytes = std::uint8_t __attribute__((vector_size(lanes)));
-    [[nodiscard]] PixelBytes bytesOf(Pixel pixel) const {
-        if (weighed_) {
-            const float alpha = pixel[to_.channels - 1];
-            pixel *= alpha < 0.5F ? 0.0F : 1 / alpha;
-            pixel[to_.channels - 1] = alpha;
+    static Sums shifted(Sums sums, int bits) {
+        const std::int32_t half = 1 << (bits - 1);
+        return (sums + half) >> bits;
+    }
+
+    static void putValues(Sums sums, std::int16_t* values) {
+        const Shorts narrow = packed(shifted(sums, shareBits), Sums{});
+        std::memcpy(values, &narrow, lanes * sizeof *values);
+    }
+
+    /// Sums of colours times alpha and of alphas, both from values of the same scale.
+    static Sums dividedByAlpha(Sums sums, std::size_t channels) {
+        const double alpha = sums[channels - 1];
+        constexpr double least = 0.5 * (1 << (shareBits + valueBits)); // what becomes an alpha of 1
+        const double factor = alpha < least ? 0 : 255.0 * (1 << (shareBits + valueBits)) / alpha;
+        for (std::size_t i = 0; i + 1 < channels; ++i) {
+            const double most = 256.0 * (1 << (shareBits + valueBits));
+            sums[i] = static_cast<std::int32_t>(std::clamp(sums[i] * factor, 0.0, most));
         }
-        pixel += 0.5F;
-        pixel = pixel > 0.0F ? pixel : Pixel{};
-        pixel = pixel < 255.0F ? pixel : Pixel{} + 255.0F;
-        using Whole = std::int32_t __attribute__((vector_size(sizeof(Pixel))));
-        return __builtin_convertvector(__builtin_convertvector(pixel, Whole), PixelBytes);
+        return sums;
     }
 
     const Pixels& from_;
