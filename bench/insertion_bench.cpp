@@ -77,6 +77,8 @@ struct Workplace {
         const std::string number = std::to_string(side);
         return folder + "/photo-" + number + "x" + number + ".bmp";
     }
+    /// The same picture with alpha.
+    [[nodiscard]] std::string sourceWithAlpha() const { return folder + "/photo.tga"; }
     [[nodiscard]] const std::vector<MipmapRecord>& levels() const {
         return session.archive.textures[0].mipmaps;
     }
@@ -121,8 +123,19 @@ private:
             grain = grain * 1664525U + 1013904223U;
             bytes[i] = static_cast<char>(((i / (3 * width)) + (i % (3 * width)) / 5) / 16 + (grain >> 28));
         }
-        std::ofstream{source(), std::ios::binary}.write(bytes.data(),
-                                                        static_cast<std::streamsize>(bytes.size()));
+        writeFile(source(), bytes);
+        std::vector<char> withAlpha{0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+        for (const int part : {side & 255, side >> 8, side & 255, side >> 8, 32, 8}) {
+            withAlpha.push_back(static_cast<char>(part));
+        }
+        for (std::size_t i = 54; i < bytes.size(); i += 3) {
+            withAlpha.insert(withAlpha.end(), &bytes[i], &bytes[i] + 3);
+            withAlpha.push_back(static_cast<char>(i / 768));
+        }
+        writeFile(sourceWithAlpha(), withAlpha);
+    }
+    static void writeFile(const std::string& path, const std::vector<char>& bytes) {
+        std::ofstream{path, std::ios::binary}.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     }
 };
 
@@ -188,7 +201,8 @@ BENCHMARK(load)->Unit(benchmark::kMillisecond)->UseRealTime();
 /// Every level below the first.
 void scale(benchmark::State& state) {
     Workplace place;
-    const LoadedImage image{place.facade, place.images, place.source()};
+    const bool alpha = state.range(1) != 0;
+    const LoadedImage image{place.facade, place.images, alpha ? place.sourceWithAlpha() : place.source()};
     for (auto _ : state) {
         place.images.bind(image.id());
         LevelSource source{place.imaging, image.id()};
@@ -200,10 +214,13 @@ void scale(benchmark::State& state) {
             copy.remove();
         }
     }
-    state.SetLabel(filterNames[state.range(0)]);
+    state.SetLabel(filterNames[state.range(0)] + std::string{alpha ? ", with alpha" : ", opaque"});
     countMegapixels(state);
 }
-BENCHMARK(scale)->DenseRange(0, 8)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(scale)
+    ->ArgsProduct({benchmark::CreateDenseRange(0, 8, 1), {0, 1}})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 
 /// Level 0 alone, with its file.
 void compress(benchmark::State& state) {

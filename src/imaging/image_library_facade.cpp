@@ -120,6 +120,16 @@ void putBlocks(Bytes blocks, std::vector<std::byte>& file) {
     }
 }
 
+/// With the one filter that is fast, and reads nothing beside the picture; what is made is replaced anyway.
+template <typename Call>
+bool withNearestFilter(const LibraryFunctions& library, Call call) {
+    const auto before = static_cast<ILuint>(library.iluGetInteger(ILU_FILTER));
+    library.iluImageParameter(ILU_FILTER, ILU_NEAREST);
+    const bool done = call() != 0;
+    library.iluImageParameter(ILU_FILTER, before);
+    return done;
+}
+
 void requireFree(const std::string& fileName, bool overwrite) {
     if (!overwrite && fileExists(fileName)) throw ImageLibraryError{IL_FILE_ALREADY_EXISTS, "saveImage"};
 }
@@ -257,7 +267,7 @@ void ImageLibraryFacade::prepareBoundImage(bool overwrite) {
 
 /// The library's levels drop pixels instead of averaging them.
 bool ImageLibraryFacade::buildChain() {
-    if (library_.iluBuildMipmaps() == 0) return false;
+    if (!withNearestFilter(library_, library_.iluBuildMipmaps)) return false;
     const Pixels whole = boundPixels(library_);
     Pixels source = whole;
     const auto below = static_cast<std::uint32_t>(library_.ilGetInteger(IL_NUM_MIPMAPS));
@@ -422,9 +432,8 @@ bool ImageLibraryFacade::filterBoundImage(Sides sides, std::uint32_t depth) {
     filtered.sides = sides;
     filtered.values = values;
     resample(before, static_cast<ScaleFilter>(filter - scaleFilters.begin()), filtered, coloursInForce());
-    library_.iluImageParameter(ILU_FILTER, ILU_NEAREST);
-    const bool scaled = library_.iluScale(sides.width, sides.height, depth) != 0;
-    library_.iluImageParameter(ILU_FILTER, inForce);
+    const bool scaled =
+        withNearestFilter(library_, [&] { return library_.iluScale(sides.width, sides.height, depth); });
     const Pixels after = boundPixels(library_);
     const bool alike = after.format == before.format && after.fromTop == before.fromTop;
     if (scaled && alike && after.values.size() == values.size()) {
