@@ -49,7 +49,7 @@ constexpr const char* notFoundTitle = "Pelrath - File not found";
 } // namespace
 
 ArchiveReading::ArchiveReading(const Controls& controls, const Services& services, Session& session,
-                               ArchiveListing& listing, WindowLayout& layout, Splash& splash,
+                               ListingPanes& listing, WindowLayout& layout, Splash& splash,
                                TextureViewer& viewer)
     : c_(controls), services_(services), session_(session), listing_(listing), layout_(layout),
       splash_(splash), viewer_(viewer) {

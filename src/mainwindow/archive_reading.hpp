@@ -5,7 +5,7 @@
 #include "controls/list_box.hpp"
 #include "controls/text_box.hpp"
 #include "controls/window.hpp"
-#include "mainwindow/archive_listing.hpp"
+#include "mainwindow/listing_panes.hpp"
 #include "mainwindow/splash.hpp"
 #include "mainwindow/viewer/texture_viewer.hpp"
 #include "mainwindow/window_layout.hpp"
@@ -51,7 +51,7 @@ public:
     };
 
     ArchiveReading(const Controls& controls, const Services& services, Session& session,
-                   ArchiveListing& listing, WindowLayout& layout, Splash& splash, TextureViewer& viewer);
+                   ListingPanes& listing, WindowLayout& layout, Splash& splash, TextureViewer& viewer);
 
 private:
     void browse();
@@ -77,7 +77,7 @@ private:
     Controls c_;
     Services services_;
     Session& session_;
-    ArchiveListing& listing_;
+    ListingPanes& listing_;
     WindowLayout& layout_;
     Splash& splash_;
     TextureViewer& viewer_;

@@ -3,12 +3,12 @@
 #include "dialogs/disclaimer.hpp"
 #include "dialogs/folder_choice.hpp"
 #include "dialogs/folder_selection.hpp"
-#include "mainwindow/archive_listing.hpp"
 #include "mainwindow/archive_reading.hpp"
 #include "mainwindow/export_import_folder.hpp"
 #include "mainwindow/hand_off.hpp"
 #include "mainwindow/incremental_search.hpp"
 #include "mainwindow/life_cycle.hpp"
+#include "mainwindow/listing_panes.hpp"
 #include "mainwindow/main_controls.hpp"
 #include "mainwindow/splash.hpp"
 #include "mainwindow/texture_choice.hpp"
@@ -65,7 +65,7 @@ private:
     Splash splash_;
     WindowLayout layout_;
     ViewportControls viewport_;
-    ArchiveListing listing_;
+    ListingPanes listing_;
     TextureChoice choice_;
     IncrementalSearch search_;
     ArchiveReading reading_;

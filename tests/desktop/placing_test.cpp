@@ -19,6 +19,7 @@ TEST(Placing, AWindowBeginsWhereItsTitleBarCanBeTakenHoldOf) {
         {"partly to the left of it", {-200, 0}, "-200, 0"},
         {"far above and to the left", {-9000, -50}, "-230, 0"}, // 50 + 120 - 400
         {"under the panel", {1300, 20}, "1300, 100"},
+        {"on both screens, more of it on the second", {900, 50}, "900, 100"},
         {"below the second screen", {1200, 9000}, "1200, 579"}, // 699 - 120
         {"over the right end", {1790, 300}, "1679, 300"}};      // 1799 - 120
     for (const auto& [wanted, place, taken] : cases) {

@@ -198,16 +198,17 @@ TEST_F(Lines, AreChosenScrolledAndReplaced) {
     ScrollBar sideways;
     sideways.setRange(0, 40);
     sideways.setSteps(3, 7);
+    sideways.setValue(10);
     auto& bar = bound<QScrollBar>(sideways);
     view.scrollSidewaysBy(bar);
     view.bindTo(list, binder);
     QTest::keyClick(&view, Qt::Key_Right);
     QTest::keyClick(&view, Qt::Key_Right);
     QTest::keyClick(&view, Qt::Key_Left);
-    EXPECT_EQ(sideways.value(), 3);
+    EXPECT_EQ(sideways.value(), 13);
     QWheelEvent turn{{9, 9}, {9, 9}, {}, {0, -240}, {}, Qt::ShiftModifier, Qt::NoScrollPhase, false};
     QApplication::sendEvent(view.viewport(), &turn);
-    EXPECT_EQ(sideways.value(), 9); // two steps
+    EXPECT_EQ(sideways.value(), 19); // two steps
     const QPoint second = view.visualRect(view.model()->index(1, 0)).center();
     int clicks = 0;
     const Connection counter = list.click.connect([&] { ++clicks; });

@@ -1,13 +1,13 @@
-#include "mainwindow/archive_listing.hpp"
+#include "mainwindow/listing_panes.hpp"
 
 namespace pelrath {
 
-void ArchiveListing::clearListingPane(ListBox& pane) {
+void ListingPanes::clearListingPane(ListBox& pane) {
     pane.clear();
     c_.incrementalSearchList.clear();
 }
 
-void ArchiveListing::resetArchiveDisplay() {
+void ListingPanes::resetArchiveDisplay() {
     for (ListBox& pane : c_.Output) {
         clearListingPane(pane);
     }

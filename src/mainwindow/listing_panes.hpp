@@ -10,7 +10,7 @@
 namespace pelrath {
 
 /// The listing panes and the name list, which is emptied with any of them.
-class ArchiveListing {
+class ListingPanes {
 public:
     struct Controls {
         std::array<ListBox, 3>& Output;
@@ -24,7 +24,7 @@ public:
         Label& Label11;
     };
 
-    explicit ArchiveListing(const Controls& controls) : c_(controls) {}
+    explicit ListingPanes(const Controls& controls) : c_(controls) {}
 
     static void appendListingLine(ListBox& pane, std::string_view line) { pane.append(line); }
     void clearListingPane(ListBox& pane);
