@@ -250,6 +250,7 @@ void write(benchmark::State& state) {
         if (writer.writeMipmapLevels(place.folder + "/built.dds", 0, true, LevelWriter::everyLevel) !=
             levelCount)
             std::exit(1);
+        archive.finish(false);
     }
     countMegapixels(state);
 }

@@ -83,6 +83,7 @@ std::optional<AlphaEncoder::Candidate> AlphaEncoder::easyCoding(const Task& task
         lowInside = std::min(lowInside, value);
         highInside = std::max(highInside, value);
     }
+    if (high == low) return Candidate{std::uint64_t{high} * 0x101, 0};
     if (high - low <= 7) return codingWith(task, high, low);
     if (lowInside > highInside) return codingWith(task, 0, 255);
     if (highInside - lowInside <= 5) return codingWith(task, lowInside, highInside);
