@@ -10,7 +10,7 @@ namespace pelrath::desktop {
 
 namespace {
 
-constexpr qint64 pumpPause = 50; // milliseconds
+constexpr qint64 pumpPause = 100; // milliseconds: as long as nobody feels it
 
 QMessageBox::Icon iconOf(BoxIcon icon) {
     switch (icon) {
