@@ -1,15 +1,8 @@
 #include "imaging/image_library_facade.hpp"
 
-#include "imaging/block_decoder.hpp"
-#include "imaging/bound_pixels.hpp"
-#include "imaging/chain_encoder.hpp"
-#include "imaging/dds_header.hpp"
 #include "imaging/error_names.hpp"
 #include "imaging/library_error.hpp"
 #include "imaging/loadable_file.hpp"
-#include "imaging/memory_files.hpp"
-#include "imaging/resample.hpp"
-#include "imaging/saved_file.hpp"
 #include "platform/files.hpp"
 #include "platform/text.hpp"
 
@@ -36,12 +29,6 @@ struct ImageLibraryFacade::FailureWords {
 
 namespace {
 
-/// By ScaleFilter.
-constexpr std::array<ILenum, 9> scaleFilters{
-    ILU_NEAREST,    ILU_LINEAR,        ILU_BILINEAR,       ILU_SCALE_BOX,      ILU_SCALE_TRIANGLE,
-    ILU_SCALE_BELL, ILU_SCALE_BSPLINE, ILU_SCALE_LANCZOS3, ILU_SCALE_MITCHELL,
-};
-
 struct Output {
     std::int32_t imageType;
     const char* extension;
@@ -58,14 +45,8 @@ constexpr std::array outputs{
     Output{IL_DDS, ".dds", IL_RGBA, IL_DXT5, "Setting DXT5 format done."},
 };
 
-/// What follows the name's last dot, in upper case.
-std::string extensionOf(const std::string& fileName) {
-    const std::size_t dot = fileName.rfind('.');
-    return dot == std::string::npos ? std::string{} : upperCase(std::string_view{fileName}.substr(dot + 1));
-}
-
 std::optional<FileKind> kindOf(const std::string& fileName) {
-    const std::string extension = extensionOf(fileName);
+    const std::string extension = upperCase(fileExtension(fileName));
     if (extension == "DDS") return FileKind::Dds;
     if (extension == "BMP") return FileKind::Bmp;
     if (extension == "TGA") return FileKind::Tga;
@@ -103,33 +84,6 @@ LoadableFile loadableFile(FileKind kind, const InputFile& file) try {
     refuse(Refusal::OutOfMemory);
 }
 
-/// False for pixels that the library keeps in another form than those they come from.
-bool canReplace(const Pixels& target, const Pixels& source) {
-    const bool alike = source.format == target.format && source.fromTop == target.fromTop;
-    return alike && !source.values.empty() && !target.values.empty();
-}
-
-bool isQuarter(const Sides& of, const Sides& whole) {
-    return of.width * 4 == whole.width && of.height * 4 == whole.height;
-}
-
-/// Leaves a file alone whose levels are not those that the blocks are of.
-void putBlocks(Bytes blocks, std::vector<std::byte>& file) {
-    if (file.size() == LoadableFile::blocksAt + blocks.size()) {
-        std::ranges::copy(blocks, file.begin() + LoadableFile::blocksAt);
-    }
-}
-
-/// With the one filter that is fast, and reads nothing beside the picture; what is made is replaced anyway.
-template <typename Call>
-bool withNearestFilter(const LibraryFunctions& library, Call call) {
-    const auto before = static_cast<ILuint>(library.iluGetInteger(ILU_FILTER));
-    library.iluImageParameter(ILU_FILTER, ILU_NEAREST);
-    const bool done = call() != 0;
-    library.iluImageParameter(ILU_FILTER, before);
-    return done;
-}
-
 void requireFree(const std::string& fileName, bool overwrite) {
     if (!overwrite && fileExists(fileName)) throw ImageLibraryError{IL_FILE_ALREADY_EXISTS, "saveImage"};
 }
@@ -138,7 +92,8 @@ void requireFree(const std::string& fileName, bool overwrite) {
 
 ImageLibraryFacade::ImageLibraryFacade(MessageBoxes& boxes, SaveImageOptions& options,
                                        const LibraryFunctions& library)
-    : boxes_(boxes), options_(options), library_(library), images_(library) {}
+    : boxes_(boxes), options_(options), library_(library), images_(library),
+      picture_(library_, images_, options) {}
 
 bool ImageLibraryFacade::checkImageLibraryVersion() {
     constexpr ILint oldest = 160;
@@ -178,7 +133,7 @@ bool ImageLibraryFacade::loadImage(const std::string& fileName, std::uint32_t& i
                                 fileName + " must end in .dds, .bmp, .tga or .jpg to be read"};
     }
     const InputFile file = openPicture(fileName);
-    longWork_.run(file.size() / bytesPerTexel, [&] { loadChecked(loadableFile(*kind, file), fileName); });
+    longWork_.run(file.size() / bytesPerTexel, [&] { picture_.load(loadableFile(*kind, file), fileName); });
     return true;
 } catch (const ImageLibraryError& error) {
     const std::string& name = words.name.empty() ? fileName : words.name;
@@ -186,33 +141,6 @@ bool ImageLibraryFacade::loadImage(const std::string& fileName, std::uint32_t& i
         error.reason().empty() ? name + " " + loadAdvice(error.code(), words.remedy) : error.reason();
     report("ilLoadImage Error Number: ", error.code(), reason);
     return false;
-}
-
-void ImageLibraryFacade::loadChecked(const LoadableFile& file, const std::string& fileName) {
-    const ReadingFromMemory reading{file.bytes};
-    const bool loaded = library_.ilLoad(static_cast<ILenum>(file.readAs), fileName.c_str()) != 0;
-    // A load can answer true with pixels missing; then only the error stack says so.
-    const std::int32_t code = images_.readErrorCode();
-    if (!loaded || code != 0) {
-        discardErrors();
-        throw ImageLibraryError{code, "loadImage"};
-    }
-    const Sides sides = boundSides();
-    if (sides.width != file.sides.width || sides.height != file.sides.height) {
-        throw ImageLibraryError{IL_INTERNAL_ERROR, "loadImage"};
-    }
-    if (file.blocks) putExactPixels(file);
-}
-
-void ImageLibraryFacade::putExactPixels(const LoadableFile& file) {
-    const bool asExpected = library_.ilGetInteger(IL_IMAGE_FORMAT) == IL_RGBA &&
-                            library_.ilGetInteger(IL_IMAGE_TYPE) == IL_UNSIGNED_BYTE &&
-                            library_.ilGetInteger(IL_IMAGE_ORIGIN) == IL_ORIGIN_UPPER_LEFT;
-    ILubyte* const pixels = library_.ilGetData();
-    if (!asExpected || pixels == nullptr) throw ImageLibraryError{IL_INTERNAL_ERROR, "loadImage"};
-    const std::span<ILubyte> all{pixels, static_cast<std::size_t>(file.sides.pixels()) * bytesPerTexel};
-    decodeLevel(*file.blocks, Bytes{file.bytes}.subspan(LoadableFile::blocksAt), file.sides.width,
-                file.sides.height, std::as_writable_bytes(all));
 }
 
 bool ImageLibraryFacade::setSaveImageOptions(std::int32_t fileType, std::int32_t& imageType,
@@ -255,7 +183,7 @@ void ImageLibraryFacade::prepareBoundImage(bool overwrite) {
     if (!convertImage(options_.convertFormat, options_.convertType)) check();
     if (options_.imageType == IL_DDS && options_.buildMipmaps) {
         bool built = false;
-        longWork_.run(boundSides().pixels(), [&] { built = buildChain(); });
+        longWork_.run(picture_.sides().pixels(), [&] { built = picture_.buildChain(); });
         if (built) {
             trace_.traceMessage("iluBuildMipmaps done.");
         } else {
@@ -265,27 +193,12 @@ void ImageLibraryFacade::prepareBoundImage(bool overwrite) {
     if (!setLibraryFlag(IL_FILE_OVERWRITE, overwrite)) check();
 }
 
-/// The library's levels drop pixels instead of averaging them.
-bool ImageLibraryFacade::buildChain() {
-    if (!withNearestFilter(library_, library_.iluBuildMipmaps)) return false;
-    const Pixels whole = boundPixels(library_);
-    Pixels source = whole;
-    const auto below = static_cast<std::uint32_t>(library_.ilGetInteger(IL_NUM_MIPMAPS));
-    forEachLevel(below + 1, [&](const Pixels& level) {
-        if (level.values.data() == whole.values.data() || !canReplace(level, source)) return;
-        resample(source, ScaleFilter::Box, level, coloursInForce());
-        // The levels below come from this one, rounded once, within a step of what the whole picture gives.
-        if (isQuarter(level.sides, whole.sides)) source = level;
-    });
-    return true;
-}
-
 bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overwrite, Bytes known) {
     // Before the library looks for itself: it opens the file for that, which a pipe would never let it.
     requireFree(fileName, overwrite);
     bool written = false;
-    longWork_.run(boundSides().pixels(), [&] {
-        const std::optional<std::vector<std::byte>> file = savedFile(fileName, known);
+    longWork_.run(picture_.sides().pixels(), [&] {
+        const std::optional<std::vector<std::byte>> file = picture_.save(fileName, known);
         if (!file) return;
         requireFree(fileName, overwrite); // it may have come meanwhile
         const std::array<Bytes, 1> pieces{*file};
@@ -293,72 +206,6 @@ bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overw
         written = true;
     });
     return written;
-}
-
-/// Nothing where the library fails without a code.
-std::optional<std::vector<std::byte>> ImageLibraryFacade::savedFile(const std::string& fileName,
-                                                                    Bytes known) {
-    const Sides sides = boundSides();
-    const bool dds = options_.imageType == IL_DDS;
-    std::optional<ChainEncoder> encoder;
-    if (dds) startEncoding(encoder, known);
-    WritingToMemory writing;
-    const bool saved = librarySaves(fileName);
-    bindWholeImage();
-    const std::int32_t code = images_.readErrorCode();
-    discardErrors();
-    if (code != 0) throw ImageLibraryError{code, "saveImage"};
-    if (!saved) return std::nullopt;
-    if (writing.outOfMemory()) throw ImageLibraryError{IL_OUT_OF_MEMORY, "saveImage"};
-    std::vector<std::byte> file = writing.take();
-    if (!isWholeFile(options_.imageType, sides, file)) {
-        throw ImageLibraryError{IL_FILE_WRITE_ERROR, "saveImage"};
-    }
-    // An earlier save may have left its chain on the image.
-    if (dds && !options_.buildMipmaps) dropChain(sides, file);
-    if (options_.imageType == IL_TGA) finishTarga(sides, options_.targaFirstRow, file);
-    if (encoder) putBlocks(encoder->finish(), file);
-    return file;
-}
-
-/// Begins to compress the levels that are going to be saved: the library only reads their pixels meanwhile.
-void ImageLibraryFacade::startEncoding(std::optional<ChainEncoder>& encoder, Bytes known) {
-    const auto below = static_cast<std::uint32_t>(library_.ilGetInteger(IL_NUM_MIPMAPS));
-    std::vector<Pixels> levels;
-    forEachLevel(options_.buildMipmaps ? below + 1 : 1, [&](const Pixels& level) {
-        if (level.format == IL_RGBA && !level.values.empty()) levels.push_back(level);
-    });
-    const bool dxt1 = library_.ilGetInteger(IL_DXTC_FORMAT) == IL_DXT1;
-    encoder.emplace(dxt1 ? BlockFormat::Dxt1 : BlockFormat::Dxt5, levels, known);
-    encoder->start();
-}
-
-/// Saving a chain leaves its last level as the one that the next call would work on.
-void ImageLibraryFacade::bindWholeImage() {
-    library_.ilBindImage(static_cast<std::uint32_t>(library_.ilGetInteger(IL_CUR_IMAGE)));
-}
-
-/// Looks at the bound image and at the levels below it in turn. The whole image is bound afterwards.
-template <typename Work>
-void ImageLibraryFacade::forEachLevel(std::uint32_t levels, Work work) {
-    for (std::uint32_t level = 0; level < levels; ++level) {
-        // The library counts from the active level.
-        if (level > 0 && library_.ilActiveMipmap(1) == 0) {
-            discardErrors();
-            break;
-        }
-        work(boundPixels(library_));
-    }
-    if (levels > 1) bindWholeImage();
-}
-
-bool ImageLibraryFacade::librarySaves(const std::string& fileName) {
-    // By the name alone the library would choose the type by the extension, and a texture keeps its own name
-    // whatever it is saved as.
-    const bool nameSaysType =
-        options_.extension.empty() || "." + extensionOf(fileName) == upperCase(options_.extension);
-    if (nameSaysType) return library_.ilSaveImage(fileName.c_str()) != 0;
-    return library_.ilSave(static_cast<ILenum>(options_.imageType), fileName.c_str()) != 0;
 }
 
 bool ImageLibraryFacade::setLibraryFlag(std::uint32_t mode, bool enable) {
@@ -376,7 +223,7 @@ bool ImageLibraryFacade::setLibraryFlag(std::uint32_t mode, bool enable) {
 
 bool ImageLibraryFacade::convertImage(std::uint16_t format, std::int32_t dataType) {
     bool converted = false;
-    longWork_.run(boundSides().pixels(),
+    longWork_.run(picture_.sides().pixels(),
                   [&] { converted = library_.ilConvertImage(format, static_cast<ILenum>(dataType)) != 0; });
     if (converted) {
         trace_.traceMessage("ilConvertImage done sucessfully.");
@@ -398,9 +245,8 @@ bool ImageLibraryFacade::scaleImage(std::int32_t width, std::int32_t height, std
 void ImageLibraryFacade::scaleBoundImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex) {
     const ILint depth = library_.ilGetInteger(IL_IMAGE_DEPTH);
     check();
-    if (filterIndex >= 0 && filterIndex < static_cast<std::int16_t>(scaleFilters.size())) {
-        library_.iluImageParameter(ILU_FILTER, scaleFilters[static_cast<std::size_t>(filterIndex)]);
-    }
+    constexpr auto last = static_cast<std::int16_t>(ScaleFilter::Mitchell);
+    if (filterIndex >= 0 && filterIndex <= last) picture_.setFilter(static_cast<ScaleFilter>(filterIndex));
     check();
     trace_.traceMessage("Scale Filter set to : ");
     // The library takes 0 for 1, and does not survive sides that it cannot hold.
@@ -413,39 +259,9 @@ void ImageLibraryFacade::scaleBoundImage(std::int32_t width, std::int32_t height
     const Sides sides{static_cast<std::uint32_t>(std::max(width, 1)),
                       static_cast<std::uint32_t>(std::max(height, 1))};
     bool scaled = false;
-    longWork_.run(boundSides().pixels() + sides.pixels(),
-                  [&] { scaled = filterBoundImage(sides, static_cast<ILuint>(depth)); });
+    longWork_.run(picture_.sides().pixels() + sides.pixels(),
+                  [&] { scaled = picture_.scale(sides, static_cast<ILuint>(depth)); });
     if (!scaled) check();
-}
-
-/// The library's own scaling drops pixels where it shrinks, and is a pixel off or reads what is not the
-/// picture's where it enlarges; so it takes the nearest pixels, in whose place the filtered ones come.
-bool ImageLibraryFacade::filterBoundImage(Sides sides, std::uint32_t depth) {
-    const auto inForce = static_cast<ILenum>(library_.iluGetInteger(ILU_FILTER));
-    const auto* const filter = std::find(scaleFilters.begin(), scaleFilters.end(), inForce);
-    const Pixels before = boundPixels(library_);
-    if (before.values.empty() || filter == scaleFilters.end()) {
-        return library_.iluScale(sides.width, sides.height, depth) != 0;
-    }
-    std::vector<std::uint8_t> values(static_cast<std::size_t>(sides.pixels()) * before.channels);
-    Pixels filtered = before;
-    filtered.sides = sides;
-    filtered.values = values;
-    resample(before, static_cast<ScaleFilter>(filter - scaleFilters.begin()), filtered, coloursInForce());
-    const bool scaled =
-        withNearestFilter(library_, [&] { return library_.iluScale(sides.width, sides.height, depth); });
-    const Pixels after = boundPixels(library_);
-    const bool alike = after.format == before.format && after.fromTop == before.fromTop;
-    if (scaled && alike && after.values.size() == values.size()) {
-        std::copy(values.begin(), values.end(), after.values.begin());
-    }
-    return scaled;
-}
-
-/// A clear texel of a DXT1 block has no colour.
-ColourUnderAlpha ImageLibraryFacade::coloursInForce() const {
-    const bool dxt1 = options_.imageType == IL_DDS && library_.ilGetInteger(IL_DXTC_FORMAT) == IL_DXT1;
-    return dxt1 ? ColourUnderAlpha::AsSeen : ColourUnderAlpha::Counts;
 }
 
 /// Runs an operation and reports what it raises.
@@ -476,17 +292,6 @@ std::string ImageLibraryFacade::report(const char* prefix, std::int32_t code, co
     std::string text = libraryFailureText(prefix, code);
     boxes_.critical(reason.empty() ? text : text + "\r\n\r\n" + reason + ".", programTitle);
     return text;
-}
-
-/// One failure can leave several codes; the next operation must not find them.
-void ImageLibraryFacade::discardErrors() {
-    while (images_.readErrorCode() != 0) {
-    }
-}
-
-Sides ImageLibraryFacade::boundSides() const {
-    return {static_cast<std::uint32_t>(library_.ilGetInteger(IL_IMAGE_WIDTH)),
-            static_cast<std::uint32_t>(library_.ilGetInteger(IL_IMAGE_HEIGHT))};
 }
 
 } // namespace pelrath

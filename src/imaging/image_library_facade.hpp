@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/bound_picture.hpp"
 #include "imaging/library_functions.hpp"
 #include "imaging/library_images.hpp"
 #include "imaging/long_work.hpp"
@@ -9,19 +10,10 @@
 #include "platform/files.hpp"
 #include "platform/message_boxes.hpp"
 
-#include <cstddef>
 #include <cstdint>
-#include <optional>
-#include <span>
 #include <string>
-#include <vector>
 
 namespace pelrath {
-
-class ChainEncoder;
-struct LoadableFile;
-struct Pixels;
-enum class ColourUnderAlpha : std::uint8_t;
 
 /// How messages speak of a picture that is to be loaded.
 struct PictureWords {
@@ -76,7 +68,7 @@ public:
     bool scaleImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);
 
     /// Of the bound image.
-    [[nodiscard]] Sides boundSides() const;
+    [[nodiscard]] Sides boundSides() const { return picture_.sides(); }
 
     /// The code of the last library failure, for those who report what initImageLibrary() raised.
     [[nodiscard]] std::int32_t lastErrorCode() const { return lastErrorCode_; }
@@ -92,27 +84,16 @@ private:
 
     void check() { images_.check("ImageLibraryFacade"); }
     std::string report(const char* prefix, std::int32_t code, const std::string& reason = {});
-    void discardErrors();
 
-    void loadChecked(const LoadableFile& file, const std::string& fileName);
-    void putExactPixels(const LoadableFile& file);
     void prepareBoundImage(bool overwrite);
     bool writeBoundImage(const std::string& fileName, bool overwrite, Bytes known);
-    [[nodiscard]] std::optional<std::vector<std::byte>> savedFile(const std::string& fileName, Bytes known);
-    void startEncoding(std::optional<ChainEncoder>& encoder, Bytes known);
-    [[nodiscard]] bool buildChain();
-    void bindWholeImage();
-    template <typename Work>
-    void forEachLevel(std::uint32_t levels, Work work);
-    [[nodiscard]] bool librarySaves(const std::string& fileName);
-    [[nodiscard]] bool filterBoundImage(Sides sides, std::uint32_t depth);
-    [[nodiscard]] ColourUnderAlpha coloursInForce() const;
     void scaleBoundImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);
 
     MessageBoxes& boxes_;
     SaveImageOptions& options_;
     const LibraryFunctions library_;
     LibraryImages images_;
+    BoundPicture picture_;
     Trace trace_;
     LongWork longWork_;
     std::int32_t lastErrorCode_ = 0;
