@@ -98,7 +98,8 @@ TEST_F(Widgets, CountInCharactersAndRoundEdges) {
 }
 
 TEST_F(Widgets, TakeNoNameForMarkupAndAWaitingCursorBack) {
-    QtMessageBoxes boxes{refresh};
+    QtBusySign sign;
+    QtMessageBoxes boxes{refresh, sign};
     QTimer::singleShot(0, [] {
         auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_NE(box, nullptr);
@@ -107,7 +108,6 @@ TEST_F(Widgets, TakeNoNameForMarkupAndAWaitingCursorBack) {
         box->close();
     });
     EXPECT_EQ(boxes.show("<b>", "t", BoxIcon::None, BoxButtons::Ok), BoxAnswer::Ok) << "closed by its frame";
-    QtBusySign sign;
     QApplication::setActiveWindow(&window);
     sign.show("<b>", 1, std::uint64_t{64} << 20);
     ASSERT_NE(QApplication::overrideCursor(), nullptr);
