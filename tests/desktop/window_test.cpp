@@ -16,9 +16,7 @@ TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
                           widget<QLineEdit>("Text4").text().toStdString()),
                       "Pelrath V1.0-1,     204 ");
             EXPECT_EQ(box.text(), "first.bmp");
-            const auto& path = widget<QLineEdit>("Text1");
-            EXPECT_EQ(row(path.cursorPosition(), path.accessibleDescription().toStdString()),
-                      row(archive.size(), archive)); // so that its end is seen
+            EXPECT_EQ(widget<QLineEdit>("Text1").accessibleDescription().toStdString(), archive);
             EXPECT_EQ(pixelAt(63, 31), QColor(255, 0, 0));
             EXPECT_EQ(pixelAt(64, 31), QColor(0, 0, 0)); // the clear colour beside the quad
             QTest::mouseClick(&box, Qt::LeftButton);     // selects what is there
@@ -39,16 +37,9 @@ TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
         .until("soft alpha on offer", [this] { return widget<QRadioButton>("cmdShow1").isEnabled(); })
         .then([&] {
             EXPECT_EQ(box.text(), QString::fromUtf8("\u00E9toile.tga"));
-            // Once more, on the row that is chosen already.
-            auto& pane = list("Output0");
-            const std::function<void()> presses[] = {[&] { click(pane, 3); },
-                                                     [&] { press(pane, Qt::Key_Space); },
-                                                     [&] { press(pane, Qt::Key_Return); }};
-            for (const auto& again : presses) {
-                click(list("Output1"), 0);
-                again();
-                EXPECT_EQ(list("Output1").selectionModel()->selectedIndexes().size(), 2);
-            }
+            click(list("Output1"), 0);
+            press(list("Output0"), Qt::Key_Return); // once more, on the row that is chosen already
+            EXPECT_EQ(list("Output1").selectionModel()->selectedIndexes().size(), 2);
             widget<QRadioButton>("cmdShow1").click();
             widget<QRadioButton>("backViewportColor2").click();
         })
