@@ -1,8 +1,11 @@
 #include "controls/check_box.hpp"
+#include "controls/check_list_box.hpp"
+#include "controls/drop_down_list.hpp"
 #include "controls/list_box.hpp"
 #include "controls/option_group.hpp"
 #include "controls/scroll_bar.hpp"
 #include "controls/text_box.hpp"
+#include "controls/timer.hpp"
 #include "controls/window.hpp"
 #include "support/values.hpp"
 
@@ -28,6 +31,9 @@ TEST(Signals, HandlersMayComeAndGoDuringAnEmission) {
     first.reset();
     signal.emit();
     EXPECT_EQ(log.take(), "late");
+    log.watch(signal, "next");
+    signal.emit();
+    EXPECT_EQ(log.take(), "late next");
     first = Signal<>{}.connect([] {});
     first.reset(); // of a signal that is no more
 }
@@ -86,6 +92,32 @@ TEST(Controls, ASetterThatChangesNothingDoesNothing) {
     text.setSelection(2, 1);
     text.setText("new");
     EXPECT_EQ(text.selectionStart(), 0U);
+}
+
+TEST(Controls, BeginAnewWithEachFillingOrLoad) {
+    CheckListBox marks;
+    Log log;
+    const Connection marked = marks.itemCheck.connect([&](int line) { log.add(row(line)); });
+    marks.append("a"), marks.append("b"), marks.append("c");
+    EXPECT_EQ(marks.lastCheckedRow(), -1);
+    marks.setChecked(1, true), marks.setChecked(1, true), marks.setChecked(9, true);
+    EXPECT_EQ(row(log.take(), marks.lastCheckedRow(), marks.checkedCount()), "1, 1, 1");
+    DropDownList choice;
+    choice.setLines({"a", "b"}), choice.select(1), choice.setLines({"c", "d"});
+    EXPECT_EQ(choice.selectedRow(), -1);
+    ListBox names;
+    names.append("Old");
+    EXPECT_EQ(row(names.findPrefix("OL"), names.findPrefix("")), "0, -1");
+    names.clear(), names.append("New");
+    EXPECT_EQ(row(names.findPrefix("o"), names.findPrefix("n")), "-1, 0");
+    Timer timer;
+    EXPECT_FALSE(timer.running()) << "without an interval";
+    Window window;
+    const Connection closing = window.queryUnload.connect([&] { log.add("closing"), window.unload(); });
+    window.load(), window.unload(), window.unload();
+    EXPECT_EQ(row(log.take(), window.isUnloaded()), "closing, true");
+    window.load();
+    EXPECT_FALSE(window.isUnloaded());
 }
 
 // The acts follow one another on lists of ten rows, one of which allows several to be chosen.

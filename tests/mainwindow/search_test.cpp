@@ -33,6 +33,10 @@ TEST(Search, GoesThroughTheWindowsOwnBoxNamesAndPane) {
     h.main.activate();
     h.main.viewPortSize[0].select();
     EXPECT_EQ(state(), "dup, 3, 5, 5"); // the row that was pressed, though another begins like it
+    h.open(archiveOf({"z", "lease"}));
+    box.edit("", 0, 0);
+    h.type(U"le");
+    EXPECT_EQ(state(), "lease, 2, 1, 1"); // of the archive that is open
 }
 
 } // namespace
