@@ -311,25 +311,23 @@ void keepBetter(ColourCodings& best, const Trial& other) {
     }
 }
 
-/// For texels that all chose the end points: tries palettes that have these two colours elsewhere, where they
-/// may come nearer to what can be stored.
+/// Tries palettes that have the colours of the end points elsewhere, where they may come nearer to what can
+/// be stored.
 template <PaletteKind kind>
-void tryBetween(const ColourBatch& batch, const Trial& atEnds, ColourCodings& best) {
+void tryBetween(const ColourBatch& batch, const Fit& fit, ColourCodings& best) {
     // By how much of its length the line is lengthened at either end.
     constexpr std::pair<float, float> ofFour[] = {{1, 1}, {0.5F, 0}, {0, 0.5F}}, ofThree[] = {{1, 0}, {0, 1}};
-    const Fit& fit = atEnds.next;
+    const Lanes scale = 1 / most(fit.first * fit.second - fit.both * fit.both, lanes(1e-3F));
     for (const auto& [before, behind] :
          kind == PaletteKind::Four ? std::span<const std::pair<float, float>>{ofFour} : ofThree) {
         Ends ends;
         for (std::size_t c = 0; c < colourChannels; ++c) {
-            const Lanes a = fit.ofFirst[c] / most(fit.first, lanes(1));
-            const Lanes b = fit.ofSecond[c] / most(fit.second, lanes(1));
+            const Lanes a = (fit.ofFirst[c] * fit.second - fit.ofSecond[c] * fit.both) * scale;
+            const Lanes b = (fit.ofSecond[c] * fit.first - fit.ofFirst[c] * fit.both) * scale;
             ends.first[c] = nearestStep(a + (a - b) * before, c);
             ends.second[c] = nearestStep(b + (b - a) * behind, c);
         }
-        const Trial trial = tryEnds<kind>(batch, ends);
-        keepBetter(best, trial);
-        keepBetter(best, tryEnds<kind>(batch, bestEnds(trial.next, ends)));
+        keepBetter(best, tryEnds<kind>(batch, ends));
     }
 }
 
@@ -343,8 +341,9 @@ ColourCodings fit(const ColourBatch& batch) {
         trial = tryEnds<kind>(batch, ends);
         keepBetter(best, trial);
     }
-    const LaneInts twoColours = (trial.next.both == 0) & (trial.next.first * trial.next.second > 0);
-    if (anyOf(twoColours & (best.error > 0))) tryBetween<kind>(batch, trial, best);
+    // Hardly any texel has another colour than these two: at most four (of four colours) or three.
+    const LaneInts twoColours = (trial.next.both < 1) & (trial.next.first * trial.next.second > 0);
+    if (anyOf(twoColours & (best.error > 0))) tryBetween<kind>(batch, trial.next, best);
     return best;
 }
 

@@ -11,7 +11,9 @@ namespace pelrath {
 /// A bit for each texel of a block, the first one's lowest.
 using TexelMarks = std::uint16_t;
 
-[[nodiscard]] inline bool isMarked(TexelMarks marks, std::size_t texel) { return (marks >> texel & 1U) != 0; }
+[[nodiscard]] inline bool isMarked(TexelMarks marks, std::size_t texel) {
+    return (unsigned{marks} >> texel & 1U) != 0;
+}
 
 /// A block of a picture that is to be compressed.
 struct SourceBlock {
