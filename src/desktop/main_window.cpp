@@ -114,8 +114,10 @@ void MainWindow::buildViewFrame() {
     auto* modes = new QButtonGroup{&frame};
     constexpr std::array<char16_t, 3> mnemonics{u'u', u'M', u'A'};
     for (std::size_t i = 0; i < model_.cmdShow.size(); ++i) {
-        binder_.bind(model_.cmdShow[i], make<QRadioButton>(numbered("cmdShow", i), frame), *modes,
-                     mnemonics.at(i));
+        QRadioButton& view = make<QRadioButton>(numbered("cmdShow", i), frame);
+        binder_.bind(model_.cmdShow[i], view, *modes, mnemonics.at(i));
+        // Also where it is the chosen one already.
+        connect(&view, &QRadioButton::clicked, this, [this] { look_->perform(LookCommand::AllChannels); });
     }
     QLabel& background = label(model_.Label10, "Label10", frame, 'B');
     auto* colors = new QButtonGroup{&frame};

@@ -109,25 +109,34 @@ void ViewportLook::perform(LookCommand command) {
 }
 
 bool ViewportLook::press(const QMouseEvent& event) {
-    if (event.button() == Qt::LeftButton) dragged_ = event.position();
+    if (event.button() != Qt::LeftButton) return false;
+    dragged_ = event.position();
+    carried_ = event.modifiers().testFlag(Qt::ControlModifier);
     return false;
+}
+
+bool ViewportLook::leaves(const QMouseEvent& event) const {
+    const QPointF way = event.position() - *dragged_;
+    if (carried_) return way.manhattanLength() >= QApplication::startDragDistance();
+    const QWidget& window = *viewport_.window();
+    return !window.rect().contains(window.mapFromGlobal(event.globalPosition().toPoint()));
 }
 
 bool ViewportLook::move(const QMouseEvent& event) {
     const Point now = pixels(event.position());
-    if (dragged_ && !viewport_.rect().contains(event.position().toPoint())) {
+    if (dragged_ && leaves(event)) {
         dragged_.reset();
         dragOut();
         return true;
     }
     refresh_.act(viewport_, [&] {
-        if (dragged_) {
+        if (dragged_ && !carried_) {
             const Point before = pixels(*dragged_);
             look_.panBy(std::round(now.x) - std::round(before.x), std::round(now.y) - std::round(before.y));
         }
         look_.pointAt(now);
     });
-    if (dragged_) dragged_ = event.position();
+    if (dragged_ && !carried_) dragged_ = event.position();
     return true;
 }
 

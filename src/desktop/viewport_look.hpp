@@ -42,6 +42,7 @@ private:
     void showMenu(const QContextMenuEvent& event);
     void fill(QMenu& menu);
     void copy();
+    [[nodiscard]] bool leaves(const QMouseEvent& event) const;
     void dragOut();
     [[nodiscard]] std::optional<NamedPicture> picture();
     /// The screen's own pixels.
@@ -52,6 +53,7 @@ private:
     Refresh& refresh_;
     PrivateFolder folder_;           ///< of the files that were dragged out
     std::optional<QPointF> dragged_; ///< where the mouse was last, while its button is down
+    bool carried_ = false;           ///< with Ctrl: out of the window, wherever the mouse is
     bool holding_ = false;           ///< the key of a command that is on while it is down
     double turned_ = 0;              ///< steps of the wheel, less than a whole one
     double pinched_ = 0;             ///< powers of two, less than a step

@@ -68,6 +68,7 @@ void TextureLook::begin(std::int16_t texture) {
     Look& look = viewer_.look();
     if (!look.hasTexture() || texture != std::exchange(texture_, texture)) look.begin(levels_.showable());
     texture_ = texture;
+    baseName_ = session_.selectedBaseName;
     if (!levels_.hasBefore()) look.picks.version = Version::Now;
     if (!prepare()) look.begin(levels_.showable());
     describe();
@@ -224,8 +225,7 @@ std::optional<NamedPicture> TextureLook::picture() {
     const Look& look = viewer_.look();
     if (!look.hasTexture()) return std::nullopt;
     try {
-        return NamedPicture{levels_.decoded({look.level().level, look.picks.version}),
-                            fileNameOf(session_.selectedBaseName)};
+        return NamedPicture{levels_.decoded({look.level().level, look.picks.version}), fileNameOf(baseName_)};
     } catch (const RuntimeError& error) {
         tell(error.description());
         return std::nullopt;

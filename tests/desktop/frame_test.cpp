@@ -1,10 +1,10 @@
 #include "desktop/viewport_device.hpp"
 #include "imaging/block_decoder.hpp"
 #include "mainwindow/viewer/gl_renderer.hpp"
+#include "support/look_acts.hpp"
 #include "support/temporary_folder.hpp"
 
 #include <cmath>
-#include <functional>
 #include <random>
 
 namespace pelrath::test {
@@ -54,8 +54,7 @@ Values average(const std::vector<std::byte>& level, const Sheet& sheet, const Le
     double coloured = 0, all = 0;
     for (int v = int((y - 0.5) * down); v < std::min(sides.height, int((y + 0.5) * down) + 1); ++v) {
         const double rows = share((y - 0.5) * down, (y + 0.5) * down, v);
-        for (int u = int((x - 0.5) * across); u < std::min(sides.width, int((x + 0.5) * across) + 1);
-             ++u) {
+        for (int u = int((x - 0.5) * across); u < std::min(sides.width, int((x + 0.5) * across) + 1); ++u) {
             const double part = rows * share((x - 0.5) * across, (x + 0.5) * across, u);
             const Values texel = valuesOf(&level[std::size_t(v * sides.width + u) * 4]);
             const double seen = cutOut && texel[3] == 0 ? 0 : part;
@@ -71,91 +70,47 @@ Values average(const std::vector<std::byte>& level, const Sheet& sheet, const Le
 
 struct Glance {
     const char* what;
-    LevelSides sides;
+    std::int32_t width, height;
     bool dxt5;
     Blend blend;
-    std::function<void(Look&)> act;
+    const char* acts;
 };
 
 // Everything that can be picked, at scales, edges and sides that are awkward.
 const Glance glances[] = {
-    {"4:1 of a texture smaller than a block",
-     {0, 3, 2},
-     false,
-     Blend::None,
-     [](Look& l) { l.zoomTo(4, {}); }},
-    {"32:1, moved",
-     {0, 40, 40},
-     true,
-     Blend::None,
-     [](Look& l) {
-         l.zoomTo(32, {300, 9});
-     }},
-    {"3:2, alpha blended",
-     {0, 500, 300},
-     true,
-     Blend::Mask,
-     [](Look& l) {
-         l.zoomBy(1, {200, 200});
-     }},
-    {"3:4, every so manieth texel", {0, 700, 37}, false, Blend::None, [](Look& l) { l.zoomBy(-1, {}); }},
-    {"1:2, averaged, with clear texels",
-     {0, 512, 1024},
-     false,
-     Blend::None,
-     [](Look& l) { l.picks.averaged = true, l.zoomTo(0.5, {}); }},
-    {"3:8, averaged, soft alpha",
-     {0, 300, 130},
-     true,
-     Blend::InverseBoth,
-     [](Look& l) { l.picks.averaged = true, l.zoomTo(0.375, {}); }},
-    {"fitted, averaged", {0, 700, 900}, true, Blend::None, [](Look& l) { l.picks.averaged = true; }},
-    {"averaged has no part above 1:1",
-     {0, 9, 9},
-     true,
-     Blend::None,
-     [](Look& l) { l.picks.averaged = true, l.zoomTo(6, {}); }},
-    {"red", {0, 64, 64}, true, Blend::Mask, [](Look& l) { l.picks.channel = Channel::Red; }},
-    {"green", {0, 64, 64}, false, Blend::None, [](Look& l) { l.picks.channel = Channel::Green; }},
-    {"blue", {0, 64, 64}, true, Blend::InverseBoth, [](Look& l) { l.picks.channel = Channel::Blue; }},
-    {"alpha on the ground",
-     {0, 64, 64},
-     true,
-     Blend::None,
-     [](Look& l) { l.picks.channel = Channel::Alpha, l.picks.chequered = true; }},
-    {"soft alpha on the ground", {0, 64, 64}, true, Blend::Mask, [](Look& l) { l.picks.chequered = true; }},
-    {"the ground through clear texels",
-     {0, 64, 64},
-     false,
-     Blend::Mask,
-     [](Look& l) { l.picks.channel = Channel::ClearTexels, l.picks.chequered = true; }},
-    {"a smaller level", {0, 64, 20}, true, Blend::None, [](Look& l) { l.stepLevel(1), l.zoomTo(3, {}); }},
-    {"all levels",
-     {0, 30, 20},
-     true,
-     Blend::None,
-     [](Look& l) { l.arrange(Arrangement::AllLevels), l.zoomTo(2, {}); }},
-    {"tiled",
-     {0, 100, 60},
-     true,
-     Blend::None,
-     [](Look& l) { l.arrange(Arrangement::Tiled), l.zoomTo(3, {}); }},
+    {"4:1, smaller than a block", 3, 2, false, Blend::None, "zoom 4 0 0"},
+    {"32:1, moved", 40, 40, true, Blend::None, "zoom 32 300 9"},
+    {"3:2, alpha blended", 500, 300, true, Blend::Mask, "steps 1 200 200"},
+    {"3:4, every so manieth texel", 700, 37, false, Blend::None, "steps -1 0 0"},
+    {"1:2, averaged, with clear texels", 512, 1024, false, Blend::None, "averaged zoom 0.5 0 0"},
+    {"3:8, averaged, soft alpha", 300, 130, true, Blend::InverseBoth, "averaged zoom 0.375 0 0"},
+    {"fitted, averaged", 700, 900, true, Blend::None, "averaged"},
+    {"averaged has no part above 1:1", 9, 9, true, Blend::None, "averaged zoom 6 0 0"},
+    {"red", 64, 64, true, Blend::Mask, "channel 1"},
+    {"green", 64, 64, false, Blend::None, "channel 2"},
+    {"blue", 64, 64, true, Blend::InverseBoth, "channel 3"},
+    {"alpha on the ground", 64, 64, true, Blend::None, "channel 4 chequered"},
+    {"soft alpha on the ground", 64, 64, true, Blend::Mask, "chequered"},
+    {"the ground through clear texels", 64, 64, false, Blend::Mask, "channel 5 chequered"},
+    {"a smaller level", 64, 20, true, Blend::None, "level 1 zoom 3 0 0"},
+    {"all levels", 30, 20, true, Blend::None, "chain zoom 2 0 0"},
+    {"tiled", 100, 60, true, Blend::None, "tiled zoom 3 0 0"},
 };
 
 TEST(CloserLooks, EqualAPlainReferenceAtEveryPixel) {
     constexpr int side = 512;
     for (const Glance& glance : glances) {
-        std::mt19937 random{static_cast<std::uint32_t>(glance.sides.width)};
+        std::mt19937 random{static_cast<std::uint32_t>(glance.width)};
         const TemporaryFolder folder;
         desktop::QtViewportSurface surface;
         const auto device = surface.createDevice(side, side);
         Look look;
-        const double fit =
-            std::min({1.0, side / double(glance.sides.width), side / double(glance.sides.height)});
+        const double fit = std::min({1.0, side / double(glance.width), side / double(glance.height)});
         look.setRoom({side, side, 1, fit});
-        const LevelSides half{1, (glance.sides.width + 1) / 2, (glance.sides.height + 1) / 2};
+        const LevelSides whole{0, glance.width, glance.height};
+        const LevelSides half{1, (glance.width + 1) / 2, (glance.height + 1) / 2};
         std::vector<std::vector<std::byte>> decoded;
-        for (const LevelSides& sides : {glance.sides, half}) {
+        for (const LevelSides& sides : {whole, half}) {
             const auto width = std::uint32_t(sides.width), height = std::uint32_t(sides.height);
             const BlockFormat format = glance.dxt5 ? BlockFormat::Dxt5 : BlockFormat::Dxt1;
             std::string blocks(bytesPerLevel(format, width, height), '\0');
@@ -169,8 +124,8 @@ TEST(CloserLooks, EqualAPlainReferenceAtEveryPixel) {
                 device->putImage({1, Version::Now}, {glance.dxt5 ? PixelFormat::Dxt5 : PixelFormat::Dxt1,
                                                      sides.width, sides.height, bytes});
         }
-        look.begin({glance.sides, half});
-        glance.act(look);
+        look.begin({whole, half});
+        act(look, glance.acts);
         const Picks& picks = look.picks;
         const bool blended = picks.channel == Channel::All || picks.channel == Channel::ClearTexels;
         const Blend blend = blended ? glance.blend : Blend::None;
@@ -187,7 +142,7 @@ TEST(CloserLooks, EqualAPlainReferenceAtEveryPixel) {
                 const double inside = std::min({x, y, sheet.width - x, sheet.height - y});
                 if (inside < -1e-3) continue;
                 covered = covered || inside > 1e-3;
-                const LevelSides& sides = sheet.image.level == 0 ? glance.sides : half;
+                const LevelSides& sides = sheet.image.level == 0 ? whole : half;
                 const auto& level = decoded.at(std::size_t(sheet.image.level));
                 std::vector<Values> candidates;
                 if (picks.averaged && look.scale() < 1) {
