@@ -198,8 +198,6 @@ void table(const std::string& title, BlockFormat format, const std::vector<const
             addLosses(picture, format, blocks, sums);
             const double decibels = 10 * std::log10(255 * 255 / (std::max(sums.colours, 1.0) / sums.counted));
             if (ofSquish.size() < pictures.size()) ofSquish.push_back(decibels);
-            if (std::getenv("PELRATH_EACH") != nullptr)
-                std::cerr << name << ' ' << picture.name << ' ' << decibels - ofSquish[i] << '\n';
             worst = std::min(worst, decibels - ofSquish[i]);
             all.colours += sums.colours, all.counted += sums.counted, all.alphas += sums.alphas;
             all.texels += sums.texels, all.seconds += sums.seconds;
