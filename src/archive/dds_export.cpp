@@ -3,39 +3,13 @@
 #include "platform/runtime_error.hpp"
 #include "platform/text.hpp"
 
-#include <cstring>
+#include <array>
 
 namespace pelrath {
 
 namespace {
 
-// Positions and values of the DDS header as Microsoft's DDS programming guide gives them.
-enum Position : std::size_t {
-    SizeAt = 4,
-    FlagsAt = 8,
-    HeightAt = 12,
-    WidthAt = 16,
-    LinearSizeAt = 20,
-    MipmapCountAt = 28,
-    FormatSizeAt = 76,
-    FormatFlagsAt = 80,
-    FourCCAt = 84,
-    CapabilitiesAt = 108,
-};
 constexpr std::int64_t largestFileData = 0x7FFFFFFF;
-constexpr std::int32_t surfaceSize = 124;
-constexpr std::int32_t formatSize = 32;
-constexpr std::int32_t fourCCValid = 0x4;
-// capabilities, height, width, pixel format and linear size are valid
-constexpr std::int32_t levelFlags = 0x00081007;
-// the same and the mipmap count
-constexpr std::int32_t chainFlags = 0x000A1007;
-constexpr std::int32_t levelCapabilities = 0x00001000; // texture
-constexpr std::int32_t chainCapabilities = 0x00401008; // complex, texture, mipmap
-
-void put(DdsHeader& header, Position at, std::int32_t value) {
-    std::memcpy(&header[at], &value, sizeof value);
-}
 
 [[noreturn]] void fail(ErrorNumber number, const std::string& text) {
     throw RuntimeError{static_cast<int>(number), "DdsExport", text};
@@ -84,19 +58,10 @@ std::string DdsExport::describe(std::int16_t textureIndex) const {
 
 DdsHeader DdsExport::buildDdsHeader(std::int16_t textureIndex, std::int16_t levelIndex) const {
     const MipmapRecord& record = level(textureIndex, levelIndex);
-    DdsHeader header{};
-    std::memcpy(header.data(), "DDS ", 4);
-    put(header, SizeAt, surfaceSize);
-    put(header, FlagsAt, levelFlags);
-    put(header, HeightAt, record.height);
-    put(header, WidthAt, record.width);
-    put(header, LinearSizeAt, record.dataSize);
-    put(header, FormatSizeAt, formatSize);
-    put(header, FormatFlagsAt, fourCCValid);
-    std::memcpy(&header[FourCCAt], "DXT", 3);
-    header[FourCCAt + 3] = std::byte{ansiCode(lastCharacter(texture(textureIndex).fourCC))};
-    put(header, CapabilitiesAt, levelCapabilities);
-    return header;
+    const char kind = static_cast<char>(ansiCode(lastCharacter(texture(textureIndex).fourCC)));
+    const auto number = [](std::int32_t value) { return static_cast<std::uint32_t>(value); };
+    return ddsLevelHeader(number(record.width), number(record.height), number(record.dataSize),
+                          fourCC('D', 'X', 'T', kind));
 }
 
 std::vector<std::byte> DdsExport::readLevelData(std::int16_t textureIndex, std::int16_t levelIndex) const {
@@ -111,15 +76,15 @@ void DdsExport::writeDdsLevelFile(const std::string& path, std::int16_t textureI
                                   Durability durability) const {
     const DdsHeader header = buildDdsHeader(textureIndex, levelIndex);
     const std::vector<std::byte> data = readLevelData(textureIndex, levelIndex);
-    const std::array<Bytes, 2> pieces{Bytes{header}, Bytes{data}};
+    const std::array<Bytes, 2> pieces{bytesOf(header), Bytes{data}};
     replaceFile(path, pieces, durability);
 }
 
 void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureIndex) const {
     DdsHeader header = buildDdsHeader(textureIndex, 0);
-    put(header, FlagsAt, chainFlags);
-    put(header, MipmapCountAt, texture(textureIndex).mipmapCount);
-    put(header, CapabilitiesAt, chainCapabilities);
+    header.flags |= DdsHeader::MipmapCountGiven;
+    header.mipmapCount = static_cast<std::uint32_t>(texture(textureIndex).mipmapCount);
+    header.capabilities[0] |= DdsHeader::Complex | DdsHeader::Mipmap;
     const std::vector<MipmapRecord>& levels = texture(textureIndex).mipmaps;
     // Levels that share their bytes can add up to far more than the archive itself.
     std::int64_t sum = 0;
@@ -133,7 +98,7 @@ void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureI
     }
     const InputFile archive = openArchive();
     FileReplacement file{path};
-    file.write(header);
+    file.write(bytesOf(header));
     std::vector<std::byte> data;
     for (const MipmapRecord& record : levels) {
         readLevel(archive, record, data);

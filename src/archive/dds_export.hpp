@@ -2,9 +2,9 @@
 
 #include "archive/archive_file.hpp"
 #include "archive/catalogue.hpp"
+#include "platform/dds_header.hpp"
 #include "platform/files.hpp"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -14,11 +14,6 @@
 /// index; one that the catalogue does not have fails. The archive is opened for each read alone, which is
 /// refused where it is not the file that was read (ArchiveRefused), and never written.
 namespace pelrath {
-
-inline constexpr std::size_t ddsHeaderSize = 128;
-
-/// The magic and the 124-byte surface description of the published DDS file header.
-using DdsHeader = std::array<std::byte, ddsHeaderSize>;
 
 class DdsExport {
 public:

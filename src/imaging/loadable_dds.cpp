@@ -1,5 +1,5 @@
 #include "imaging/channel_mask.hpp"
-#include "imaging/dds_header.hpp"
+#include "imaging/dds_format.hpp"
 #include "imaging/loadable_file.hpp"
 #include "imaging/plain_targa.hpp"
 
@@ -11,23 +11,22 @@ namespace pelrath {
 
 namespace {
 
-constexpr std::uint32_t mipmapCountFlag = 0x20000;
-constexpr std::uint32_t volumeFlag = 0x800000;
-constexpr std::uint32_t cubeMapOrVolume = 0x200 | 0x200000;
 constexpr std::uint32_t mostLevels = 15; // 16384 down to 1
 
-void checkHeader(const CheckedBytes& file) {
-    if (file.longAt(4) != 124 || file.longAt(76) != 32) refuse(Refusal::NotThisKind);
-    const bool volume = (file.longAt(8) & volumeFlag) != 0 && file.longAt(24) > 1;
-    if (volume || (file.longAt(capabilitiesAt + 4) & cubeMapOrVolume) != 0) refuse(Refusal::KindNotSupported);
+void checkHeader(const DdsHeader& header) {
+    if (header.size != 124 || header.formatSize != 32) refuse(Refusal::NotThisKind);
+    const bool volume = (header.flags & DdsHeader::VolumeGiven) != 0 && header.depth > 1;
+    constexpr std::uint32_t notFlat = DdsHeader::CubeMap | DdsHeader::Volume;
+    if (volume || (header.capabilities[1] & notFlat) != 0) refuse(Refusal::KindNotSupported);
 }
 
 /// Answers the bytes of level 0, which stand first, once those of all declared levels are found there;
 /// `bytesOfSides` says how many one of these sides has.
 template <typename BytesOfSides>
 Bytes firstLevel(const CheckedBytes& file, Sides sides, BytesOfSides bytesOfSides) {
-    const bool counted = (file.longAt(8) & mipmapCountFlag) != 0;
-    const std::uint32_t levels = counted ? std::max(file.longAt(levelCountAt), 1U) : 1;
+    const DdsHeader header = ddsHeaderOf(file.slice(0, sizeof header));
+    const bool counted = (header.flags & DdsHeader::MipmapCountGiven) != 0;
+    const std::uint32_t levels = counted ? std::max(header.mipmapCount, 1U) : 1;
     if (levels > mostLevels) refuse(Refusal::ImpossibleValue);
     std::uint64_t bytes = 0;
     for (std::uint32_t level = 0; level < levels; ++level) {
@@ -39,14 +38,13 @@ Bytes firstLevel(const CheckedBytes& file, Sides sides, BytesOfSides bytesOfSide
 
 /// Pixels of 24 or 32 bits, each channel where its mask says.
 LoadableFile repaintPlain(const CheckedBytes& file, Sides sides) {
-    constexpr std::uint32_t alphaFlag = 1;
-    constexpr std::size_t masksAt = 92; // red, green, blue, alpha
-    const unsigned bits = file.longAt(88);
+    const DdsHeader header = ddsHeaderOf(file.slice(0, sizeof header));
+    const unsigned bits = header.bitsPerPixel;
     requireOneOf({24, 32}, bits, Refusal::KindNotSupported);
     std::array<ChannelMask, 4> masks;
     for (std::size_t i = 0; i < masks.size(); ++i) {
-        const bool absent = i == 3 && (file.longAt(80) & alphaFlag) == 0;
-        masks[i] = channelMask(absent ? 0 : file.longAt(masksAt + i * 4), bits);
+        const bool absent = i == 3 && (header.formatFlags & DdsHeader::WithAlpha) == 0;
+        masks[i] = channelMask(absent ? 0 : header.masks[i], bits);
     }
     const std::size_t pixelBytes = bits / 8;
     Bytes pixels = firstLevel(file, sides, [&](Sides level) { return level.pixels() * pixelBytes; });
@@ -87,39 +85,32 @@ LoadableFile repaintDxt3(const CheckedBytes& file, Sides sides) {
 
 /// Leaves nothing of the original header but the sides and the format: the library believes the rest too,
 /// and writers differ in how they fill it.
-void writePlainHeader(std::vector<std::byte>& file, BlockFormat format, Sides sides,
-                      std::uint64_t levelBytes) {
-    std::fill_n(file.begin() + 4, LoadableFile::blocksAt - 4, std::byte{0});
-    writeLong(file, 4, 124);
-    writeLong(file, 8, 0x00081007); // capabilities, sides, pixel format and linear size are given
-    writeLong(file, 12, sides.height);
-    writeLong(file, 16, sides.width);
-    writeLong(file, 20, static_cast<std::uint32_t>(levelBytes));
-    writeLong(file, 76, 32);
-    writeLong(file, 80, fourCCFlag);
-    writeLong(file, 84, format == BlockFormat::Dxt1 ? dxt1Code : dxt5Code);
-    writeLong(file, capabilitiesAt, textureCapability);
+void writePlainHeader(std::vector<std::byte>& file, std::uint32_t fourCC, Sides sides,
+                      std::size_t levelBytes) {
+    const DdsHeader header =
+        ddsLevelHeader(sides.width, sides.height, static_cast<std::uint32_t>(levelBytes), fourCC);
+    std::ranges::copy(bytesOf(header), file.begin());
 }
 
 } // namespace
 
 LoadableFile makeLoadableDds(std::vector<std::byte> file) {
-    constexpr std::uint32_t plainFlag = 0x40;
     const CheckedBytes bytes{file};
-    checkHeader(bytes);
-    const std::uint32_t flags = bytes.longAt(80);
-    const bool blocks = (flags & fourCCFlag) != 0;
-    const bool plain = !blocks && (flags & plainFlag) != 0;
-    const bool dxt3 = blocks && bytes.longAt(84) == dxt3Code;
-    const BlockFormat format = plain || dxt3 ? BlockFormat::Dxt5 : blockFormatOf(bytes);
-    const Sides sides = checkedSides(bytes.longAt(16), bytes.longAt(12));
+    const DdsHeader header = ddsHeaderOf(bytes.slice(0, sizeof header));
+    checkHeader(header);
+    const bool blocks = (header.formatFlags & DdsHeader::FourCCGiven) != 0;
+    const bool plain = !blocks && (header.formatFlags & DdsHeader::Rgb) != 0;
+    const bool dxt3 = blocks && header.fourCC == dxt3Code;
+    const BlockFormat format = plain || dxt3 ? BlockFormat::Dxt5 : blockFormatOf(header);
+    const Sides sides = checkedSides(header.width, header.height);
     if (plain) return repaintPlain(bytes, sides);
     if (dxt3) return repaintDxt3(bytes, sides);
-    const std::size_t levelBytes = firstLevel(bytes, sides, [format](Sides level) {
-                                       return bytesPerLevel(format, level.width, level.height);
-                                   }).size();
+    const auto bytesOfSides = [format](Sides level) {
+        return bytesPerLevel(format, level.width, level.height);
+    };
+    const std::size_t levelBytes = firstLevel(bytes, sides, bytesOfSides).size();
     file.resize(LoadableFile::blocksAt + levelBytes);
-    writePlainHeader(file, format, sides, levelBytes);
+    writePlainHeader(file, header.fourCC, sides, levelBytes);
     return {FileKind::Dds, std::move(file), sides, format};
 }
 

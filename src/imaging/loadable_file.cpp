@@ -1,6 +1,6 @@
 #include "imaging/loadable_file.hpp"
 
-#include "imaging/dds_header.hpp"
+#include "platform/dds_header.hpp"
 
 #include <algorithm>
 #include <utility>

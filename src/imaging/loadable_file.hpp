@@ -3,6 +3,7 @@
 #include "imaging/block_decoder.hpp"
 #include "imaging/checked_bytes.hpp"
 #include "imaging/refusal.hpp"
+#include "platform/dds_header.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -22,7 +23,7 @@ struct LoadableFile {
     /// Where the library's own decoding is inexact: what the blocks at `blocksAt` are.
     std::optional<BlockFormat> blocks;
 
-    static constexpr std::size_t blocksAt = 128;
+    static constexpr std::size_t blocksAt = sizeof(DdsHeader);
 };
 
 /// Checks every number of a file of `kind` against its bytes, and brings what the library refuses or

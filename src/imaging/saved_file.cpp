@@ -1,6 +1,6 @@
 #include "imaging/saved_file.hpp"
 
-#include "imaging/dds_header.hpp"
+#include "imaging/dds_format.hpp"
 #include "imaging/library_error.hpp"
 #include "imaging/loadable_file.hpp"
 
@@ -40,9 +40,10 @@ void reverseRows(std::span<std::byte> pixels, std::size_t row) {
 }
 
 bool isWholeDds(Sides sides, const CheckedBytes& file) {
-    const std::uint32_t levels = std::clamp(file.longAt(levelCountAt), 1U, 32U);
+    const DdsHeader header = ddsHeaderOf(file.slice(0, sizeof header));
+    const std::uint32_t levels = std::clamp(header.mipmapCount, 1U, 32U);
     return file.size() ==
-           LoadableFile::blocksAt + bytesPerChain(blockFormatOf(file), sides.width, sides.height, levels);
+           LoadableFile::blocksAt + bytesPerChain(blockFormatOf(header), sides.width, sides.height, levels);
 }
 
 bool isWholeJpeg(const CheckedBytes& file) {
@@ -70,10 +71,12 @@ bool isWholeFile(std::int32_t imageType, Sides sides, Bytes bytes) try {
 }
 
 void dropChain(Sides sides, std::vector<std::byte>& file) {
-    const std::uint64_t level = bytesPerLevel(blockFormatOf(CheckedBytes{file}), sides.width, sides.height);
+    DdsHeader header = ddsHeaderOf(file);
+    const std::uint64_t level = bytesPerLevel(blockFormatOf(header), sides.width, sides.height);
     file.resize(LoadableFile::blocksAt + static_cast<std::size_t>(level));
-    writeLong(file, levelCountAt, 1);
-    writeLong(file, capabilitiesAt, textureCapability);
+    header.mipmapCount = 1;
+    header.capabilities[0] = DdsHeader::Texture;
+    std::ranges::copy(bytesOf(header), file.begin());
 }
 
 void finishTarga(Sides sides, FirstRow firstRow, std::vector<std::byte>& file) {

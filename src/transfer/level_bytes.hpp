@@ -13,7 +13,7 @@
 namespace pelrath {
 
 /// Where a DDS file's level data begins.
-inline constexpr std::int64_t firstLevelPosition = ddsHeaderSize + 1;
+inline constexpr std::int64_t firstLevelPosition = sizeof(DdsHeader) + 1;
 
 /// A file ends before the level data that is to be read from it.
 class SourceTooShort : public std::runtime_error {

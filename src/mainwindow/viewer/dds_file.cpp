@@ -4,29 +4,17 @@
 #include "platform/files.hpp"
 
 #include <algorithm>
-#include <cstring>
 #include <new>
-#include <string_view>
 
 namespace pelrath {
 
 namespace {
 
-PixelFormat formatOf(const DdsHead& head) {
-    std::array<char, 4> fourCC{};
-    std::memcpy(fourCC.data(), &head[84], fourCC.size());
-    const std::string_view type{fourCC.data(), fourCC.size()};
-    if (type == "DXT1") return PixelFormat::Dxt1;
-    if (type == "DXT5") return PixelFormat::Dxt5;
+PixelFormat formatOf(const DdsHeader& header) {
+    if (header.fourCC == dxt1Code) return PixelFormat::Dxt1;
+    if (header.fourCC == dxt5Code) return PixelFormat::Dxt5;
     throw deviceError(DeviceFailure::InvalidData,
                       "Its pixels are neither DXT1 nor DXT5, and no others can be shown.");
-}
-
-// Archives count sides in signed numbers, and hand them on as they are.
-std::int32_t sideAt(const DdsHead& head, std::size_t offset) {
-    std::int32_t side = 0;
-    std::memcpy(&side, &head.at(offset), sizeof side);
-    return side;
 }
 
 std::string sides(std::int32_t width, std::int32_t height) {
@@ -50,7 +38,7 @@ void requirePossible(std::int32_t width, std::int32_t height, std::uint32_t larg
 /// What follows the head, but no more than `most` bytes.
 std::vector<std::byte> dataOf(const std::string& path, std::uint64_t most) {
     const InputFile file{path};
-    const std::uint64_t head = std::tuple_size_v<DdsHead>;
+    const std::uint64_t head = sizeof(DdsHeader);
     std::vector<std::byte> data(
         static_cast<std::size_t>(std::min(most, file.size() - std::min(head, file.size()))));
     file.readAt(head, data);
@@ -71,11 +59,12 @@ auto read(Work work) try {
 } // namespace
 
 DdsPicture readDdsPicture(const std::string& path, std::uint32_t largestSide) {
-    const DdsHead head = read([&] { return readDdsHeader(path); });
+    const DdsHeader header = read([&] { return readDdsHeader(path); });
     DdsPicture picture;
-    picture.format = formatOf(head);
-    const std::int32_t width = sideAt(head, 16);
-    const std::int32_t height = sideAt(head, 12);
+    picture.format = formatOf(header);
+    // Archives count sides in signed numbers, and hand them on as they are.
+    const auto width = static_cast<std::int32_t>(header.width);
+    const auto height = static_cast<std::int32_t>(header.height);
     requirePossible(width, height, largestSide);
     picture.width = static_cast<std::uint32_t>(width);
     picture.height = static_cast<std::uint32_t>(height);

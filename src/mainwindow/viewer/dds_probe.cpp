@@ -4,7 +4,7 @@
 #include "platform/runtime_error.hpp"
 
 #include <algorithm>
-#include <cstring>
+#include <array>
 #include <span>
 
 namespace pelrath {
@@ -13,22 +13,16 @@ namespace {
 
 constexpr const char* title = "getImageInfo";
 
-std::uint32_t valueAt(const DdsHead& head, std::size_t offset) {
-    std::uint32_t value = 0;
-    std::memcpy(&value, &head.at(offset), sizeof value);
-    return value;
-}
-
 std::string signedText(int number) { return (number < 0 ? "" : " ") + std::to_string(number); }
 
 } // namespace
 
-DdsHead readDdsHeader(const std::string& path) {
+DdsHeader readDdsHeader(const std::string& path) {
     const InputFile file{path};
-    DdsHead head{};
-    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(file.size(), head.size()));
-    file.readAt(0, std::span{head}.first(count));
-    return head;
+    std::array<std::byte, sizeof(DdsHeader)> start{};
+    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(file.size(), start.size()));
+    file.readAt(0, std::span{start}.first(count));
+    return ddsHeaderOf(start);
 }
 
 bool getImageInfo(const std::string& path, ImageInfo& info, MessageBoxes& boxes) {
@@ -38,12 +32,12 @@ bool getImageInfo(const std::string& path, ImageInfo& info, MessageBoxes& boxes)
         return false;
     }
     try {
-        const DdsHead head = readDdsHeader(path);
-        if (std::memcmp(head.data(), "DDS ", 4) != 0) {
+        const DdsHeader header = readDdsHeader(path);
+        if (header.magic != ddsMagic) {
             boxes.critical("Image File " + path + " is not in DDS format.", title);
             return false;
         }
-        info = {valueAt(head, 16), valueAt(head, 12), valueAt(head, 24), valueAt(head, 28)};
+        info = {header.width, header.height, header.depth, header.mipmapCount};
         return true;
     } catch (const RuntimeError& error) {
         boxes.critical("Error: " + signedText(error.number()) + " " + error.description(), title);

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "platform/dds_header.hpp"
 #include "platform/message_boxes.hpp"
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -18,10 +17,8 @@ struct ImageInfo {
     bool operator==(const ImageInfo&) const = default;
 };
 
-using DdsHead = std::array<std::byte, 128>;
-
-/// The first 128 bytes of a file; those beyond its end are 0. Fails as InputFile does.
-[[nodiscard]] DdsHead readDdsHeader(const std::string& path);
+/// The header of a file; what would be beyond its end is 0. Fails as InputFile does.
+[[nodiscard]] DdsHeader readDdsHeader(const std::string& path);
 
 /// True when a file with the DDS magic is at `path`; `info` is then filled. Reports its failures itself.
 /// Checks nothing of the header but the magic.
