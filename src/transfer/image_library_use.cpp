@@ -24,7 +24,10 @@ LoadedImage::~LoadedImage() {
 }
 
 void LoadedImage::remove() {
-    images_.remove(std::exchange(id_, 0));
+    const std::uint32_t id = std::exchange(id_, 0);
+    images_.bind(id);
+    // The system takes its time to take back so much memory.
+    facade_.longWork().run(facade_.boundSides().pixels(), [&] { images_.remove(id); });
     images_.check("ilDeleteImages");
 }
 

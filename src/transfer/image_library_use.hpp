@@ -31,7 +31,7 @@ class LoadedImage {
 public:
     LoadedImage(ImageLibraryFacade& facade, const LibraryImages& images, const std::string& path,
                 const PictureWords& words = {})
-        : images_(images), loaded_(facade.loadImage(path, id_, words)) {}
+        : facade_(facade), images_(images), loaded_(facade.loadImage(path, id_, words)) {}
     ~LoadedImage();
     LoadedImage(const LoadedImage&) = delete;
     LoadedImage& operator=(const LoadedImage&) = delete;
@@ -44,6 +44,7 @@ public:
     void remove();
 
 private:
+    ImageLibraryFacade& facade_;
     const LibraryImages& images_;
     std::uint32_t id_ = 0;
     bool loaded_;
