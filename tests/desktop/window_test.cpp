@@ -235,6 +235,8 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
         }
         EXPECT_EQ(nameless.join(' ').toStdString(), "");
         EXPECT_EQ(program.main.window.handle(), program.window.winId());
+        const QImage swatch = widget<QRadioButton>("backViewportColor2").grab().toImage();
+        EXPECT_EQ(swatch.pixelColor(swatch.rect().center()), QColor(255, 0, 0));
         auto* first = &widget<QLineEdit>("Text1");
         first->setFocus();
         QStringList visited;

@@ -66,7 +66,10 @@ TEST_F(Picture, IsDrawnWhenItIsNew) {
                   [&] { main.cmdShow[2].select(); },
                   [&] { main.backViewportColor[8].select(); },
                   [&] { surface.record.ready = false, main.backViewportColor[0].select(); },
-                  [&] { surface.record.ready = surface.record.frames.size() == 5; },
+                  [&] {
+                      EXPECT_EQ(surface.record.frames.size(), 5U) << "nothing before it is ready";
+                      surface.record.ready = true;
+                  },
                   [&] { surface.record.scale = 1.5; }, // on another screen
                   [&] { show("DXT5", 8, 64); },        // the same sides, another texture
                   [&] { display(false); }};
