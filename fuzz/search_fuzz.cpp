@@ -189,7 +189,8 @@ struct Real {
     test::RecordingBoxes boxes;
     TextureViewer viewer{{session.viewer, surface, pump, boxes, controls.Label11, controls.cmdShow}};
     IncrementalSearch search{{box, list, pane}};
-    TextureChoice choice{{controls.Output, list, controls.Label11}, session, viewer, boxes};
+    TextureLook look{controls.texelStrip, session, viewer, boxes};
+    TextureChoice choice{{controls.Output, list, controls.Label11}, session, viewer, look, boxes};
     int shown = 0;
     Connection counter = pane.click.connect([this] { ++shown; });
 };
