@@ -29,11 +29,13 @@ std::optional<std::future<void>> started(const std::function<void()>& work) try 
 void LongWork::showBy(BusySign* sign, std::string what) {
     if (std::exchange(shown_, false)) sign_->clear();
     sign_ = sign;
+    shownFrom_ = std::this_thread::get_id();
     what_ = std::move(what);
     last_ = Clock::now();
 }
 
 void LongWork::run(std::uint64_t pixels, const std::function<void()>& work) {
+    if (std::this_thread::get_id() != shownFrom_) return work();
     showInTime();
     std::optional<std::future<void>> running;
     if (sign_ != nullptr && pixels >= manyPixels) running = started(work);

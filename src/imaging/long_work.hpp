@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <thread>
 
 namespace pelrath {
 
@@ -18,7 +19,8 @@ public:
 
     /// Runs `work` and returns at its end; what it raises leaves here. The sign is shown from this thread, at
     /// least ten times a second however often this is called. Work on many pixels runs on a thread of its own
-    /// meanwhile, so that it must show no message; nothing else may use what it uses.
+    /// meanwhile, so that it must show no message; nothing else may use what it uses. Work that is begun
+    /// inside other work is part of that.
     void run(std::uint64_t pixels, const std::function<void()>& work);
 
 private:
@@ -26,6 +28,7 @@ private:
 
     using Clock = std::chrono::steady_clock;
     BusySign* sign_ = nullptr;
+    std::thread::id shownFrom_;
     std::string what_;
     bool shown_ = false;
     Clock::time_point last_;

@@ -78,12 +78,9 @@ void ImageInsertion::buildAndWrite(ImageFileKind kind, const Choice& choice, Ins
     if (!chooseFormat()) return;
     built.emplace(builtFileOf(source));
     try {
-        const std::uint64_t pixels = imaging_.facade.boundSides().pixels();
         if (!build(built->path(), image.id(), choice, run.archive())) return;
-        imaging_.facade.longWork().run(pixels, [&] {
-            writer.writeMipmapLevels(built->path(), session_.selectedTexture, choice.chained,
-                                     choice.selectedLevel);
-        });
+        writer.writeMipmapLevels(built->path(), session_.selectedTexture, choice.chained,
+                                 choice.selectedLevel);
     } catch (const SourceTooShort&) {
         run.say(source + " is too short." + lineBreak); // the image is: it gives too little data
     }

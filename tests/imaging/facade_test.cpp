@@ -4,6 +4,7 @@
 #include "library_fixture.hpp"
 
 #include <future>
+#include <thread>
 
 namespace pelrath::test {
 namespace {
@@ -153,12 +154,18 @@ TEST(LongWork, ShowsItsSignWhileItGoesOnAndHandsOutWhatItRaises) {
     OneSign sign;
     LongWork work;
     work.showBy(&sign, "Reading");
+    constexpr std::uint64_t much = 1U << 20;
+    work.run(much, [&] {
+        const auto here = std::this_thread::get_id();
+        work.run(much,
+                 [&] { EXPECT_EQ(std::this_thread::get_id(), here) << "signs are shown from one thread"; });
+    });
     const auto waiting = [&] {
         const bool seen =
             sign.shown.get_future().wait_for(std::chrono::seconds{60}) == std::future_status::ready;
         throw makeError(seen ? ErrorNumber::DiskFull : ErrorNumber::InvalidCall, "work");
     };
-    EXPECT_EQ(failureOf([&] { work.run(1U << 20, waiting); }).number(), 61);
+    EXPECT_EQ(failureOf([&] { work.run(much, waiting); }).number(), 61);
     work.showBy(nullptr);
     EXPECT_EQ(sign.seen, "Reading cleared");
     for (const std::size_t count : {0U, 1U, 7U, 1000U}) {
