@@ -129,8 +129,12 @@ std::vector<LevelSides> TextureLevels::showable(std::int16_t texture) const {
 
 BlockFormat TextureLevels::format() const { return formatOf(texture_); }
 
+// The archive may have been replaced by one with fewer textures.
 BlockFormat TextureLevels::formatOf(std::int16_t texture) const {
-    const auto kind = nativeImageKind(session_.archive.textures.at(static_cast<std::size_t>(texture)));
+    const auto& textures = session_.archive.textures;
+    const auto index = static_cast<std::size_t>(texture);
+    if (texture < 0 || index >= textures.size()) return BlockFormat::Dxt1;
+    const auto kind = nativeImageKind(textures[index]);
     return kind && kind->kind == ImageFileKind::Tga ? BlockFormat::Dxt5 : BlockFormat::Dxt1;
 }
 
