@@ -200,7 +200,8 @@ public:
 private:
     /// Which makes it the program's first start, where settings begin anew.
     static bool saysThatSettingsAreMissing(const Call& call, const std::string& file, const Spoil& spoil) {
-        return call.number == SYS_openat && file.ends_with("/Pelrath.ini") &&
+        const bool looksForIt = call.number == SYS_openat || call.number == SYS_newfstatat;
+        return looksForIt && file.ends_with("/Pelrath.ini") &&
                (spoil.name == "ENOENT" || spoil.name == "ENOTDIR");
     }
     Fate within(const Call& call) override {
