@@ -2,7 +2,7 @@
 #include "no_associations.hpp"
 #include "working_user.hpp"
 
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "transfer/texture_extraction_insertion.hpp"
 
 #include <benchmark/benchmark.h>

@@ -3,7 +3,7 @@
 #include "working_user.hpp"
 
 #include "archive/reader.hpp"
-#include "platform/file_copy.hpp"
+#include "platform/posix/file_copy.hpp"
 #include "transfer/dds_builder.hpp"
 #include "transfer/image_copy.hpp"
 #include "transfer/image_library_use.hpp"

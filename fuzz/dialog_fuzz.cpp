@@ -1,4 +1,4 @@
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "require.hpp"
 #include "transfer/transfer_harness.hpp"
 

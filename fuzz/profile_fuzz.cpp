@@ -1,4 +1,4 @@
-#include "platform/profile_file.hpp"
+#include "platform/posix/profile_file.hpp"
 #include "platform/text.hpp"
 #include "require.hpp"
 #include "settings/application_settings.hpp"

@@ -1,6 +1,6 @@
 #include "desktop/application.hpp"
 #include "desktop/list_box_view.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "user_script.hpp"
 
 #include <QAbstractButton>

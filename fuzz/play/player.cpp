@@ -2,7 +2,7 @@
 
 #include "desktop/application.hpp"
 #include "desktop/units.hpp"
-#include "platform/end_signals.hpp"
+#include "platform/posix/end_signals.hpp"
 #include "support/values.hpp"
 
 #include <QSocketNotifier>

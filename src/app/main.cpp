@@ -1,5 +1,5 @@
 #include "desktop/application.hpp"
-#include "platform/end_signals.hpp"
+#include "platform/posix/end_signals.hpp"
 
 #include <QApplication>
 #include <QSocketNotifier>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "archive/reader.hpp"
-#include "platform/file_lock.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/file_lock.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <cstdint>

@@ -3,7 +3,7 @@
 #include "archive/archive_file.hpp"
 #include "archive/catalogue.hpp"
 #include "platform/dds_header.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 
 #include <cstddef>
 #include <cstdint>

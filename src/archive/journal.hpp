@@ -1,7 +1,7 @@
 #pragma once
 
 #include "archive/journal_record.hpp"
-#include "platform/locked_file.hpp"
+#include "platform/posix/locked_file.hpp"
 
 #include <optional>
 #include <string>

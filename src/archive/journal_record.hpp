@@ -1,9 +1,9 @@
 #pragma once
 
 #include "archive/catalogue.hpp"
-#include "platform/file_identity.hpp"
-#include "platform/file_mode.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/file_identity.hpp"
+#include "platform/posix/file_mode.hpp"
+#include "platform/posix/files.hpp"
 
 #include <cstddef>
 #include <cstdint>

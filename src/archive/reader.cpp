@@ -1,7 +1,7 @@
 #include "archive/reader.hpp"
 
 #include "archive/table_source.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/text.hpp"
 
 #include <limits>

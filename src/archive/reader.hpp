@@ -2,7 +2,7 @@
 
 #include "archive/catalogue.hpp"
 #include "archive/records.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 
 #include <cstdint>
 #include <stdexcept>

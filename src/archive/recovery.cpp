@@ -2,9 +2,9 @@
 
 #include "archive/journal.hpp"
 #include "archive/reader.hpp"
-#include "platform/file_mode.hpp"
-#include "platform/file_patch.hpp"
-#include "platform/locked_file.hpp"
+#include "platform/posix/file_mode.hpp"
+#include "platform/posix/file_patch.hpp"
+#include "platform/posix/locked_file.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/file_identity.hpp"
+#include "platform/posix/file_identity.hpp"
 
 #include <cstddef>
 #include <cstdint>

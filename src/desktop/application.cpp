@@ -2,7 +2,7 @@
 
 #include "desktop/artwork.hpp"
 #include "desktop/whole_frames.hpp"
-#include "platform/program_folder.hpp"
+#include "platform/posix/program_folder.hpp"
 
 #include <QApplication>
 #include <QSurfaceFormat>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/private_folder.hpp"
+#include "platform/posix/private_folder.hpp"
 
 #include <QImage>
 #include <QMimeData>

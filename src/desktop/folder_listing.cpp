@@ -1,8 +1,8 @@
 #include "desktop/folder_listing.hpp"
 
 #include "desktop/units.hpp"
-#include "platform/files.hpp"
-#include "platform/sub_folders.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/sub_folders.hpp"
 
 namespace pelrath::desktop {
 

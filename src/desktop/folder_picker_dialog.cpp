@@ -4,9 +4,9 @@
 #include "desktop/folder_tree_view.hpp"
 #include "desktop/path_edit.hpp"
 #include "desktop/units.hpp"
-#include "platform/files.hpp"
-#include "platform/full_path.hpp"
-#include "platform/sub_folders.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/full_path.hpp"
+#include "platform/posix/sub_folders.hpp"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

@@ -1,9 +1,9 @@
 #include "desktop/folder_tree_model.hpp"
 
 #include "desktop/units.hpp"
-#include "platform/files.hpp"
-#include "platform/full_path.hpp"
-#include "platform/special_folders.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/full_path.hpp"
+#include "platform/posix/special_folders.hpp"
 #include "platform/text.hpp"
 
 #include <QApplication>

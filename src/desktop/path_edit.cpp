@@ -2,8 +2,8 @@
 
 #include "desktop/folder_listing.hpp"
 #include "desktop/units.hpp"
-#include "platform/full_path.hpp"
-#include "platform/special_folders.hpp"
+#include "platform/posix/full_path.hpp"
+#include "platform/posix/special_folders.hpp"
 
 #include <QAbstractItemView>
 #include <QCompleter>

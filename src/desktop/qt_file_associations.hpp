@@ -3,6 +3,7 @@
 #include "desktop/background.hpp"
 #include "desktop/refresh.hpp"
 #include "platform/file_associations.hpp"
+#include "platform/posix/desktop_associations.hpp"
 
 #include <QElapsedTimer>
 #include <QObject>

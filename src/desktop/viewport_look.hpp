@@ -3,7 +3,7 @@
 #include "desktop/refresh.hpp"
 #include "desktop/viewport_widget.hpp"
 #include "mainwindow/texture_look.hpp"
-#include "platform/private_folder.hpp"
+#include "platform/posix/private_folder.hpp"
 
 #include <QImage>
 #include <QObject>

@@ -1,11 +1,11 @@
 #include "dialogs/browse_for_folder.hpp"
 
-#include "platform/files.hpp"
-#include "platform/full_path.hpp"
-#include "platform/program_folder.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/full_path.hpp"
+#include "platform/posix/program_folder.hpp"
+#include "platform/posix/special_folders.hpp"
 #include "platform/runtime_error.hpp"
 #include "platform/scoped_flag.hpp"
-#include "platform/special_folders.hpp"
 #include "platform/text.hpp"
 
 namespace pelrath {

@@ -1,6 +1,6 @@
 #include "dialogs/folder_selection.hpp"
 
-#include "platform/full_path.hpp"
+#include "platform/posix/full_path.hpp"
 
 namespace pelrath {
 

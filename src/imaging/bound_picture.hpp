@@ -6,7 +6,7 @@
 #include "imaging/refusal.hpp"
 #include "imaging/resample.hpp"
 #include "imaging/save_image_options.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,7 +3,7 @@
 #include "imaging/error_names.hpp"
 #include "imaging/library_error.hpp"
 #include "imaging/loadable_file.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/text.hpp"
 
 #include <IL/il.h>

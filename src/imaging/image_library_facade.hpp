@@ -7,8 +7,8 @@
 #include "imaging/refusal.hpp"
 #include "imaging/save_image_options.hpp"
 #include "imaging/trace.hpp"
-#include "platform/files.hpp"
 #include "platform/message_boxes.hpp"
+#include "platform/posix/files.hpp"
 
 #include <cstdint>
 #include <string>

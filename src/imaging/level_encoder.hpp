@@ -2,7 +2,7 @@
 
 #include "imaging/block_decoder.hpp"
 #include "imaging/bound_pixels.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 
 #include <cstddef>
 #include <span>

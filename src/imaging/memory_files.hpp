@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 
 #include <cstddef>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include "imaging/refusal.hpp"
 #include "imaging/save_image_options.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 
 #include <cstddef>
 #include <cstdint>

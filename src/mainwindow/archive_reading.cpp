@@ -2,7 +2,7 @@
 
 #include "archive/listing.hpp"
 #include "archive/number_text.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <string_view>

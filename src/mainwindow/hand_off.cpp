@@ -1,7 +1,7 @@
 #include "mainwindow/hand_off.hpp"
 
-#include "platform/files.hpp"
-#include "platform/full_path.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/full_path.hpp"
 #include "platform/text.hpp"
 
 namespace pelrath {

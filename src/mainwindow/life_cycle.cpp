@@ -1,8 +1,8 @@
 #include "mainwindow/life_cycle.hpp"
 
-#include "platform/files.hpp"
-#include "platform/full_path.hpp"
-#include "platform/leftovers.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/full_path.hpp"
+#include "platform/posix/leftovers.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <array>

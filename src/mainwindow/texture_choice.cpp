@@ -2,7 +2,7 @@
 
 #include "archive/image_file_kind.hpp"
 #include "mainwindow/main_controls.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/runtime_error.hpp"
 #include "platform/text.hpp"
 

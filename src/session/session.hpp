@@ -3,7 +3,7 @@
 #include "archive/archive_file.hpp"
 #include "archive/catalogue.hpp"
 #include "mainwindow/viewer/viewer_state.hpp"
-#include "platform/working_folder.hpp"
+#include "platform/posix/working_folder.hpp"
 #include "settings/application_settings.hpp"
 
 #include <cstdint>

@@ -1,10 +1,10 @@
 #include "settings/csetting.hpp"
 
-#include "platform/files.hpp"
-#include "platform/program_folder.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/program_folder.hpp"
+#include "platform/posix/user_registry.hpp"
 #include "platform/runtime_error.hpp"
 #include "platform/text.hpp"
-#include "platform/user_registry.hpp"
 
 #include <charconv>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/profile_file.hpp"
+#include "platform/posix/profile_file.hpp"
 
 #include <cstdint>
 #include <optional>

@@ -1,8 +1,8 @@
 #include "transfer/bazar_temp_copy.hpp"
 
 #include "archive/image_file_kind.hpp"
-#include "platform/files.hpp"
-#include "platform/leftovers.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/leftovers.hpp"
 #include "platform/runtime_error.hpp"
 #include "transfer/failure_report.hpp"
 #include "transfer/image_file_name.hpp"

@@ -1,8 +1,8 @@
 #include "transfer/dds_builder.hpp"
 
-#include "platform/file_patch.hpp"
-#include "platform/files.hpp"
-#include "platform/scratch_file.hpp"
+#include "platform/posix/file_patch.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/scratch_file.hpp"
 #include "transfer/known_blocks.hpp"
 #include "transfer/level_bytes.hpp"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/working_folder.hpp"
+#include "platform/posix/working_folder.hpp"
 #include "transfer/held_archive.hpp"
 #include "transfer/level_source.hpp"
 #include "transfer/texture_extraction.hpp"

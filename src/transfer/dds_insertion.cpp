@@ -1,6 +1,6 @@
 #include "transfer/dds_insertion.hpp"
 
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "transfer/image_file_name.hpp"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "transfer/destinations.hpp"
 
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 
 namespace pelrath {
 

@@ -1,7 +1,7 @@
 #include "transfer/editor_launch.hpp"
 
-#include "platform/files.hpp"
-#include "platform/temporary_file.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/temporary_file.hpp"
 
 namespace pelrath {
 

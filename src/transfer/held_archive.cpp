@@ -1,6 +1,6 @@
 #include "transfer/held_archive.hpp"
 
-#include "platform/full_path.hpp"
+#include "platform/posix/full_path.hpp"
 #include "platform/runtime_error.hpp"
 #include "platform/text.hpp"
 #include "transfer/level_bytes.hpp"

@@ -1,7 +1,7 @@
 #include "transfer/image_file_name.hpp"
 
 #include "archive/dds_export.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/runtime_error.hpp"
 #include "platform/text.hpp"
 

@@ -1,7 +1,7 @@
 #include "transfer/image_insertion.hpp"
 
-#include "platform/files.hpp"
-#include "platform/leftovers.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/leftovers.hpp"
 #include "transfer/image_file_name.hpp"
 #include "transfer/image_library_use.hpp"
 

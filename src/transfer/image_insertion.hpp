@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/folder_lock.hpp"
 #include "platform/message_boxes.hpp"
-#include "platform/scratch_file.hpp"
+#include "platform/posix/folder_lock.hpp"
+#include "platform/posix/scratch_file.hpp"
 #include "session/session.hpp"
 #include "transfer/dds_builder.hpp"
 #include "transfer/insertion_run.hpp"

@@ -1,6 +1,6 @@
 #include "transfer/level_bytes.hpp"
 
-#include "platform/file_patch.hpp"
+#include "platform/posix/file_patch.hpp"
 
 namespace pelrath {
 

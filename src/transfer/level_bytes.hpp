@@ -1,7 +1,7 @@
 #pragma once
 
 #include "archive/dds_export.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/file_mode.hpp"
 #include "platform/message_boxes.hpp"
+#include "platform/posix/file_mode.hpp"
 #include "transfer/held_archive.hpp"
 
 #include <cstdint>

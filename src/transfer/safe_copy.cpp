@@ -1,8 +1,8 @@
 #include "transfer/safe_copy.hpp"
 
-#include "platform/file_copy.hpp"
-#include "platform/files.hpp"
-#include "platform/leftovers.hpp"
+#include "platform/posix/file_copy.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/leftovers.hpp"
 #include "platform/runtime_error.hpp"
 #include "transfer/failure_report.hpp"
 

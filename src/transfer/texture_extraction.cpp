@@ -1,7 +1,7 @@
 #include "transfer/texture_extraction.hpp"
 
-#include "platform/files.hpp"
-#include "platform/leftovers.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/leftovers.hpp"
 #include "transfer/failure_report.hpp"
 #include "transfer/image_file_name.hpp"
 

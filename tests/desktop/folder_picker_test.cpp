@@ -3,7 +3,7 @@
 #include "desktop/folder_tree_view.hpp"
 #include "desktop/real_user.hpp"
 #include "dialogs/browse_for_folder.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "support/temporary_folder.hpp"
 
 #include <atomic>

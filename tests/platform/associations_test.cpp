@@ -1,6 +1,6 @@
-#include "platform/file_associations.hpp"
+#include "platform/posix/desktop_associations.hpp"
 
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "support/temporary_folder.hpp"
 #include "support/values.hpp"
 

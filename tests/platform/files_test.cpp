@@ -1,7 +1,7 @@
-#include "platform/file_mode.hpp"
-#include "platform/file_patch.hpp"
-#include "platform/full_path.hpp"
-#include "platform/sub_folders.hpp"
+#include "platform/posix/file_mode.hpp"
+#include "platform/posix/file_patch.hpp"
+#include "platform/posix/full_path.hpp"
+#include "platform/posix/sub_folders.hpp"
 #include "support/refusals.hpp"
 #include "support/temporary_folder.hpp"
 

@@ -1,6 +1,6 @@
-#include "platform/file_copy.hpp"
-#include "platform/file_mode.hpp"
-#include "platform/scratch_file.hpp"
+#include "platform/posix/file_copy.hpp"
+#include "platform/posix/file_mode.hpp"
+#include "platform/posix/scratch_file.hpp"
 #include "support/refusals.hpp"
 #include "support/temporary_folder.hpp"
 

@@ -1,8 +1,8 @@
-#include "platform/files.hpp"
-#include "platform/folder_lock.hpp"
-#include "platform/leftovers.hpp"
+#include "platform/posix/files.hpp"
+#include "platform/posix/folder_lock.hpp"
+#include "platform/posix/leftovers.hpp"
+#include "platform/posix/working_folder.hpp"
 #include "platform/runtime_error.hpp"
-#include "platform/working_folder.hpp"
 #include "support/refusals.hpp"
 #include "support/temporary_folder.hpp"
 

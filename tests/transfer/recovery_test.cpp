@@ -1,5 +1,5 @@
 #include "archive/journal.hpp"
-#include "platform/file_lock.hpp"
+#include "platform/posix/file_lock.hpp"
 #include "transfer_harness.hpp"
 
 namespace pelrath::test {

@@ -1,7 +1,7 @@
 #include "mainwindow/viewer/dds_file.hpp"
 
 #include "mainwindow/viewer/dds_probe.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 
 #include <algorithm>
 #include <new>

@@ -1,6 +1,6 @@
 #include "mainwindow/viewer/dds_probe.hpp"
 
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/runtime_error.hpp"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "mainwindow/viewer/texture_viewer.hpp"
 
 #include "mainwindow/viewer/dds_probe.hpp"
-#include "platform/files.hpp"
+#include "platform/posix/files.hpp"
 #include "platform/scoped_flag.hpp"
 
 #include <algorithm>
