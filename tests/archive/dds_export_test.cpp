@@ -54,6 +54,7 @@ TEST_F(DdsExportTest, FailsWithoutTouchingWhatIsThere) {
         {"out.dds", 0, -1, "9 the texture \"t.bmp\" has no level -1 in " + path + ". Please choose another"},
         {"out.dds", 1, 0,
          "9 texture 2 is not among those read from " + path + ". Please read the archive again"},
+        {"out.dds", -1, 0, "9 texture 0 is not among those read from "},
         {"out.dds", 0, 1, "6 Overflow"}, // where no file grows past a size
         {"new.dds", 0, 1, "6 Overflow"},
         {"folder.dds", 0, 1, "75 "},

@@ -93,8 +93,7 @@ TEST(Reader, SkipsZeroBytesAndKeepsEveryOther) {
 // Every prefix of an archive lacks at least the last byte of a level.
 TEST(Reader, RefusesAnArchiveCutAnywhere) {
     for (const CddsType type : bothLayouts) {
-        ArchiveBuilder builder{
-            type, {{"a.bmp", "DXT1", {{8, 8, std::string(32, 'a')}, {4, 4, std::string(8, 'b')}}}}};
+        ArchiveBuilder builder{type, {{"a.bmp", "DXT1", {{8, 8, std::string(32, 'a')}, {4, 4, "b"}}}}};
         const std::string whole = builder.build();
         EXPECT_EQ(damageOf(whole), "no damage");
         for (std::size_t length = 0; length < whole.size(); ++length) {

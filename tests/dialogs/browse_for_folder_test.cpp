@@ -83,6 +83,12 @@ TEST_F(BrowseForFolderTest, TheDialogIsSpokenToOnlyWhileItIsShown) {
         browser.SetFolder("/a/../b/");
         EXPECT_FALSE(picker.confirmMissing("x"));
         EXPECT_EQ(picker.told.take(), "status[now] select[/b] focus no-ok status[Path invalid: x]");
+        for (const bool allowed : {true, false}) {
+            const Connection judge = browser.SelectionChanged.connect(
+                [&](const std::string&, bool& bAllowOk) { bAllowOk = allowed; });
+            picker.select("/c");
+            EXPECT_EQ(picker.told.take(), allowed ? "status[/c]" : "status[/c] no-ok");
+        }
         EXPECT_EQ(failure([&] { browser.SetFolder(""); }), system(ENOENT));
         throw std::runtime_error{"out of the middle"};
     };

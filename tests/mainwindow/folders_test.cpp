@@ -28,8 +28,11 @@ TEST_F(Folders, EachDialogStoresItsOwn) {
     const auto choose = [&](const char* path) { browse(dialog.cmdGetExtractInsertFolder, path); };
     const auto ok = [&] { dialog.cmdOK.press(); };
     const auto cancel = [&] { dialog.cmdCancel.press(); };
+    Log log;
+    log.watch(dialog.selectedFolder.focusRequested, "to be typed anew");
     const auto refused = [&] {
         ok();
+        EXPECT_EQ(log.take(), "to be typed anew");
         boxes.expect({"Invalid Folder. Please select another folder.", "Undefined folder"});
     };
     // The user's doing, the folder stored, what the box shows, whether that closed the dialog.

@@ -25,6 +25,9 @@ TEST_F(Picture, ItsFormatDecidesWhichModesThereAre) {
     EXPECT_EQ(modes(), "0, false, false");
     show("DXT5", 8, 64);
     EXPECT_EQ(modes(), "0, true, true");
+    main.cmdShow[1].select();
+    display(false), display(true);
+    EXPECT_EQ(modes(), "0, true, true");
     EXPECT_FALSE(main.Label11.visible());
 }
 

@@ -15,8 +15,10 @@ TEST_F(Dialog, TakesTheLongestChain) {
     show(in, [&] {
         act({single, noLevel});
         EXPECT_EQ(dialog.List1.checkedCount(), 0);
-        act({embedded, noLevel, unmark(0)});
-        EXPECT_EQ(dialog.List1.checkedCount(), 32767);
+        for (const auto whole : {embedded, create}) {
+            act({single, whole, noLevel, unmark(0)});
+            EXPECT_EQ(dialog.List1.checkedCount(), 32767);
+        }
     });
 }
 

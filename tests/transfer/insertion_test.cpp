@@ -71,7 +71,7 @@ TEST(Insertion, TakesEveryLevelBackFromItsImage) {
             h.extract({images, level});
             h.rewrite(h.outside(before, i));
             const std::string name = h.files();
-            EXPECT_EQ(h.insert({images, single, withoutSafeCopy, level}),
+            EXPECT_EQ(h.insert({images, single, filter(0), withoutSafeCopy, level}),
                       noCopy + "out/" + name + "|1 mipmaps(s) inserted.");
             EXPECT_TRUE(name.ends_with(extension) && h.outside(h.archive(), i) == h.outside(before, i))
                 << name;
@@ -223,6 +223,9 @@ TEST_F(TroubledInsertion, SaysWhatIsMissingOrTooShortAndWritesNoneOfIt) {
     EXPECT_EQ(insert({external, unmark(1)}),
               copyLine(0) + "out/wall-4x4.dds not found.|out/wall-1x1.dds inserted.|1 mipmap(s) inserted.|");
     EXPECT_TRUE(levelOf(archive(), 2) == "xxxxxxxx" && outside(archive(), 2) == outside(before, 2));
+    open({cdds, {{"wall.xyz", "DXT1", {{4, 4, "12345678"}, {1, 1, ""}}}}});
+    EXPECT_EQ(insert({single, mark(1), withoutSafeCopy}), noCopy + "0 mipmap(s) inserted.|");
+    boxes.expect("level 1 of the texture has no data in ");
 }
 
 TEST_F(TroubledInsertion, TakesFromAnImageOfAnotherSizeWhatLiesInTheLevelsPlaces) {

@@ -1,6 +1,7 @@
 #include "mainwindow/viewer/dds_probe.hpp"
 
 #include "mainwindow/viewer/dds_file.hpp"
+#include "mainwindow/viewer/quad.hpp"
 #include "support/recording_boxes.hpp"
 #include "support/temporary_folder.hpp"
 
@@ -31,6 +32,24 @@ TEST(Probe, ReadsTheHeadAndTellsWhatIsNotOne) {
     const std::string other = folder.write("other", ddsFile("DXT3", 4, 4, std::string(16, 'x')));
     EXPECT_EQ(failureOf([&] { (void)readDdsPicture(other, 4); }).description(),
               "Its pixels are neither DXT1 nor DXT5, and no others can be shown.");
+    for (const auto& [width, height] : {std::pair{8U, 4U}, {4U, 8U}}) {
+        const std::string large = folder.write("large", ddsFile("DXT1", width, height, std::string(16, 'x')));
+        EXPECT_NE(failureOf([&] { (void)readDdsPicture(large, 4); }).description().find("no side above 4"),
+                  std::string::npos);
+    }
+}
+
+TEST(Quad, KeepsItsShapeAndNeverGrows) {
+    // Sides of the texture and of its quad, in a viewport of 512 x 256 for a buffer of the same size.
+    const std::tuple<std::uint32_t, std::uint32_t, float, float> cases[] = {
+        {256, 128, 256, 128}, {1024, 256, 512, 128}, {512, 1024, 128, 256}, {2048, 1024, 512, 256}};
+    ViewerState state;
+    state.viewPortWidth = state.referenceWidth = 512;
+    state.viewPortHeight = state.referenceHeight = 256;
+    for (const auto& [width, height, right, bottom] : cases) {
+        const Quad quad = fitQuad(width, height, state);
+        EXPECT_EQ(row(quad[3].x, quad[3].y), row(right, bottom));
+    }
 }
 
 } // namespace
