@@ -94,10 +94,13 @@ public:
         require(folder_.read(journal_) == (stays ? asText(encodeJournal(record_)) : ""),
                 "its journal stays, or goes");
         require(stays != told[0].reason.empty(), "with a reason");
-        if (other_ || is(Path)) return requireUntouched();
-        const bool written = outcome == Outcome::Completed;
-        require(folder_.read("a.cdds") == (written ? whole_ : old_), "every level is wholly new, or old");
-        const bool again = (record_.mode & 0200U) == 0 && mode_ == (record_.mode | 0200U);
+        if (other_ || is(Path)) {
+            require(folder_.read("a.cdds") == found_, "no byte of the archive is another");
+        } else {
+            const bool written = outcome == Outcome::Completed;
+            require(folder_.read("a.cdds") == (written ? whole_ : old_), "every level is wholly new, or old");
+        }
+        const bool again = isItsFile() && (record_.mode & 0200U) == 0 && mode_ == (record_.mode | 0200U);
         require(mode() == (again ? record_.mode : mode_) && told[0].readOnlyAgain == again,
                 "what was read-only is so again");
     }
@@ -118,6 +121,11 @@ private:
     }
     void requireUntouched() const {
         require(folder_.read("a.cdds") == found_ && mode() == mode_, "the archive is as it was");
+    }
+    /// Whose permissions are given back, unless there is nothing else to do in it.
+    [[nodiscard]] bool isItsFile() const {
+        const bool isAnother = is(Path) || is(Size) || is(Birth) || (is(Inode) && record_.archive.born == 0);
+        return !isAnother && !(other_ && record_.levels.empty());
     }
     [[nodiscard]] Outcome expected() const {
         if (is(Path) || (other_ && !record_.levels.empty())) return Outcome::Kept;
@@ -163,7 +171,7 @@ private:
         const auto at = static_cast<std::size_t>(level.dataOffset);
         if (is(Half) && level.data.size() > 1)
             found_.replace(at, level.data.size() / 2, whole_, at, level.data.size() / 2);
-        if (!is(Strange) || &level != &record_.levels.front()) return;
+        if (!is(Strange) || &level != &record_.levels.front() || level.data.empty()) return;
         const std::size_t last = at + level.data.size() - 1;
         char strange = 0;
         while (strange == old_[last] || strange == whole_[last])
@@ -176,9 +184,10 @@ private:
         const bool moved = (which & 64U) != 0, larger = (which & 128U) != 0;
         const auto size = static_cast<std::size_t>(level.dataSize) + (larger ? 1 : 0);
         const auto at = static_cast<std::size_t>(level.dataOffset) + (moved ? 1 : 0);
-        const Bytes old = std::as_bytes(std::span{old_}).subspan(at, std::min(size, old_.size() - at));
+        const Bytes old = std::as_bytes(std::span{old_}.subspan(std::min(at, old_.size())));
+        const Bytes known = old.first(std::min(size, old.size()));
         record_.levels.push_back({static_cast<std::int64_t>(at), std::vector(size, std::byte(fill))});
-        record_.old.push_back({static_cast<std::int64_t>(at), {old.begin(), old.end()}});
+        record_.old.push_back({static_cast<std::int64_t>(at), {known.begin(), known.end()}});
         record_.old.back().data.resize(size);
         other_ = other_ || moved || larger;
         if (!moved && !larger)

@@ -44,8 +44,8 @@ public:
     /// The program itself has written into a level of the opened file, or tried to.
     void bringUpToDate(const InputFile& file);
 
-    /// The program has completed an insertion into a file of such tables, which is now like this. Where that
-    /// is this file, with this catalogue, it is not taken for another's change.
+    /// The program has completed an insertion into a file of such tables, or undone it, which is now like
+    /// this. Where that is this file, with this catalogue, it is not taken for another's change.
     void heedCompletion(const FileIdentity& now, std::uint32_t tables, const CddsArchive& catalogue);
 
     [[nodiscard]] const std::string& path() const { return path_; }

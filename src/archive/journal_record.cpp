@@ -14,7 +14,6 @@ namespace {
 
 constexpr std::string_view magic = "PELRATHJ";
 constexpr std::uint32_t format = 2;
-constexpr std::size_t startSize = 24;
 
 std::uint32_t checksum(Bytes bytes) {
     return static_cast<std::uint32_t>(
@@ -116,7 +115,8 @@ std::optional<std::uint64_t> readStart(Reading& in, Bytes bytes) {
     if (in.failed()) return std::nullopt;
     Writing start;
     writeStart(start, size);
-    return std::ranges::equal(start.bytes(), bytes.first(startSize)) ? std::optional{size} : std::nullopt;
+    return std::ranges::equal(start.bytes(), bytes.first(journalStartSize)) ? std::optional{size}
+                                                                            : std::nullopt;
 }
 
 void readLevels(Reading& in, JournalRecord& record) {
@@ -179,13 +179,19 @@ std::vector<std::byte> encodeJournal(const JournalRecord& record) {
     Writing fields;
     writeFields(fields, record);
     Writing out;
-    const std::size_t size = startSize + fields.bytes().size() + sizeof(std::uint32_t);
+    const std::size_t size = journalStartSize + fields.bytes().size() + sizeof(std::uint32_t);
     out.expect(size);
     writeStart(out, size);
     out.block(fields.bytes());
     out.number(checksum(out.bytes()));
     return out.take();
 }
+
+std::optional<std::uint64_t> journalSize(Bytes start) {
+    Reading in{start};
+    return readStart(in, start);
+}
+
 std::optional<JournalRecord> decodeJournal(Bytes bytes) {
     Reading in{bytes};
     if (readStart(in, bytes) != bytes.size()) return std::nullopt;
@@ -196,7 +202,7 @@ std::optional<JournalRecord> decodeJournal(Bytes bytes) {
 }
 
 bool isCutShort(Bytes bytes) {
-    if (bytes.size() < startSize) {
+    if (bytes.size() < journalStartSize) {
         const auto letters = std::as_bytes(std::span{magic});
         const std::size_t known = std::min(bytes.size(), letters.size());
         return std::ranges::equal(bytes.first(known), letters.first(known));

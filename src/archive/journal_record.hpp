@@ -44,6 +44,11 @@ struct JournalRecord {
 /// all before it.
 [[nodiscard]] std::vector<std::byte> encodeJournal(const JournalRecord& record);
 
+/// How much of a record's beginning says its length, in bytes, and that length, the beginning among it;
+/// nothing where that is no beginning of a record of this format.
+inline constexpr std::size_t journalStartSize = 24;
+[[nodiscard]] std::optional<std::uint64_t> journalSize(Bytes start);
+
 /// Nothing where the bytes are no whole record, or of another format.
 [[nodiscard]] std::optional<JournalRecord> decodeJournal(Bytes bytes);
 

@@ -98,8 +98,8 @@ public:
     Completion(const InputFile& archive, const JournalRecord& record)
         : archive_(archive), record_(record), before_(fileMode(archive)) {}
 
-    void writeAll() {
-        if (!record_.levels.empty()) write();
+    void writeAll(const std::vector<LevelBytes>& levels) {
+        if (!levels.empty()) write(levels);
     }
     /// True when permissions that had been changed are back.
     bool giveModeBack() {
@@ -109,14 +109,14 @@ public:
     }
 
 private:
-    void write() {
+    void write(const std::vector<LevelBytes>& levels) {
         if (!isReadOnly(before_)) {
-            writeLevels();
+            writeEach(levels);
             return;
         }
         try {
             setFileMode(archive_, writable(before_));
-            writeLevels();
+            writeEach(levels);
         } catch (...) {
             lockAgain();
             throw;
@@ -124,8 +124,8 @@ private:
         setFileMode(archive_, before_);
     }
 
-    void writeLevels() {
-        for (const LevelBytes& level : record_.levels) {
+    void writeEach(const std::vector<LevelBytes>& levels) {
+        for (const LevelBytes& level : levels) {
             overwrite(archive_, static_cast<std::uint64_t>(level.dataOffset), level.data);
         }
     }
@@ -188,16 +188,30 @@ private:
         } catch (const OtherArchive&) {
             if (!record_.levels.empty()) {
                 found_.reason = record_.archivePath + " is another file now, or has been changed";
+                giveModeBack(archive);
                 return;
             }
             finish(Outcome::NothingWritten); // and its permissions are none of ours
+        } catch (const RuntimeError&) {
+            giveModeBack(archive);
+            throw;
+        }
+    }
+
+    /// What is kept can be completed read-only as well. Another file's permissions are none of ours.
+    void giveModeBack(const InputFile& archive) {
+        if (!isSameFile(archive.identity(), record_.archive)) return;
+        try {
+            found_.readOnlyAgain = Completion{archive, record_}.giveModeBack();
+        } catch (const RuntimeError&) { // what failed first is what is told
         }
     }
 
     void complete(const InputFile& archive) {
         const bool asIs = record_.levels.empty() || isAsBefore(archive);
         Completion completion{archive, record_};
-        if (!asIs) completion.writeAll();
+        // The old bytes, too: what a disk has refused still looks written to whoever reads it.
+        completion.writeAll(asIs ? record_.old : record_.levels);
         found_.readOnlyAgain = completion.giveModeBack();
         found_.archive = archive.identity();
         found_.tables = record_.tables;

@@ -25,14 +25,15 @@ struct RecoveredInsertion {
     bool readOnlyAgain = false; ///< the archive has got the permissions back that it had before
     std::string reason;         ///< why the journal is still there, without a full stop
     FileIdentity archive;       ///< as it is now, and
-    std::uint32_t tables = 0;   ///< its tablesChecksum(): both of Completed alone
+    std::uint32_t tables = 0;   ///< its tablesChecksum(); nothing of these two where it is another
 };
 
-/// Looks for journals in the program folder and brings each archive that one is of into a state of which the
+/// Looks for journals in a program folder and brings each archive that one is of into a state of which the
 /// whole insertion or nothing of it is part. Only what is a mixture of old and new bytes is written over; an
-/// archive that holds anything else by now is somebody else's work, and the journal is kept. An archive that
-/// a living program works on is left alone and not in the answer; so is a journal whose end is missing, which
-/// is removed: nothing had been written then. Never throws.
+/// archive that holds anything else by now is somebody else's work: it gets no more than its permissions
+/// back, and the journal is kept. An archive that a living program works on is left alone and not in the
+/// answer; so is a journal whose end is missing, which is removed: nothing had been written then. Never
+/// throws.
 [[nodiscard]] std::vector<RecoveredInsertion> recoverInsertions(const std::string& programFolder);
 
 } // namespace pelrath

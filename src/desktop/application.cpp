@@ -20,6 +20,7 @@ Application::Application()
     QApplication::setStyle(new WholeFrames);    // the application owns it
     QApplication::setWindowIcon(programIcon()); // of message boxes before the first window, too
     session.programFolder = programFolder();
+    session.otherProgramFolder = otherProgramFolder();
     windows.add(main.disclaimer.window, disclaimer);
     windows.add(main.transfer.window, transfer);
     windows.add(main.frmGetBazarTempFolder.window, bazarTempFolder);

@@ -17,6 +17,7 @@ enum class DialogMode : std::int16_t { Insertion = 0, Extraction = 1 };
 /// The values that the program's windows share. Made once, in main(), and handed on by reference.
 struct Session {
     WorkingFolder programFolder;
+    std::string otherProgramFolder; ///< which a program with other permissions has; empty: there is none
 
     CddsArchive archive;     ///< of the last read; replaced whole
     ArchiveFile archiveFile; ///< that `archive` describes; levels are read from and written into no other

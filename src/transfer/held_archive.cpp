@@ -41,7 +41,7 @@ void HeldArchive::note() {
         record_.textureName = session_.chosenTexture().name;
         record_.archive = file()->identity(); // for the journal's name
         record_.tables = tablesChecksum(session_.archive);
-        journal_.emplace(session_.programFolder.path(), record_);
+        journal_.emplace(session_.programFolder.path(), record_, session_.otherProgramFolder);
     }
     record_.archive = file()->identity();
     journal_->note(record_);
@@ -76,7 +76,10 @@ void HeldArchive::overwriteAll(const std::vector<LevelBytes>& levels) {
         }
     } catch (...) {
         putBack(std::span{record_.old}.first(begun));
-        forgetLevels();
+        try {
+            forgetLevels();
+        } catch (const RuntimeError&) { // what failed first is what is told; finish() tries again
+        }
         throw;
     }
 }
@@ -94,19 +97,23 @@ void HeldArchive::overwriteOne(const LevelBytes& level) {
 // Levels may share bytes: each gets back what it had before the first one was written.
 void HeldArchive::putBack(std::span<const LevelBytes> old) {
     torn_ = true; // until all is done, whatever may end it
-    try {
-        for (const LevelBytes& level : old) {
+    std::optional<RuntimeError> failure;
+    for (const LevelBytes& level : old) {
+        try {
             putBackOne(level);
+        } catch (const RuntimeError& error) {
+            failure = error;
+        } catch (const std::bad_alloc&) {
+            failure = makeError(ErrorNumber::OutOfMemory, "putBack");
         }
-        torn_ = false;
-    } catch (const RuntimeError& error) {
-        throw RuntimeError{
-            error.number(), "putBack",
-            error.description() + ". Neither could the old data be put back: the texture \"" +
-                visibleText(record_.textureName) +
-                "\" is damaged until the insertion can be completed. The program tries to when it "
-                "is started again"};
     }
+    torn_ = failure.has_value();
+    if (!torn_) return;
+    throw RuntimeError{failure->number(), "putBack",
+                       failure->description() + ". Neither could the old data be put back: the texture \"" +
+                           visibleText(record_.textureName) +
+                           "\" is damaged until the insertion can be completed. The program tries to when it "
+                           "is started again"};
 }
 
 // No more than what differs: where the write was refused, one of the rest would be as well.
@@ -135,10 +142,19 @@ void HeldArchive::forgetLevels() {
 
 void HeldArchive::finish(bool modeIsOwed) {
     if (!journal_ || torn_) return;
-    if (!modeIsOwed) {
-        journal_->remove();
-    } else if (!record_.levels.empty()) {
-        forgetLevels();
+    try {
+        if (!modeIsOwed) {
+            journal_->remove();
+        } else if (!record_.levels.empty()) {
+            forgetLevels();
+        }
+    } catch (const RuntimeError& error) {
+        throw RuntimeError{
+            error.number(), error.source(),
+            error.description() + ". The insertion has ended as its summary says, but its journal " +
+                journal_->path() +
+                " is still there. Please start the program again, which removes it, or remove it "
+                "yourself"};
     }
 }
 

@@ -11,11 +11,6 @@ namespace {
 
 constexpr const char* lineBreak = "\r\n";
 
-std::string builtFileOf(const std::string& source) {
-    std::string name{withoutExtension(fileName(source))};
-    return joinPath(parentFolder(source), name.append(builtFileEnd));
-}
-
 } // namespace
 
 ImageInsertion::ImageInsertion(const Controls& controls, MessageBoxes& boxes, const Session& session,
@@ -50,8 +45,18 @@ std::optional<ImageInsertion::Choice> ImageInsertion::choose() const {
     return Choice{level, false, level};
 }
 
-void ImageInsertion::takeFolder(std::optional<FolderLock>& folder) const {
+std::string ImageInsertion::builtFileOf(const std::string& source) const {
+    if (!isAlone_) {
+        std::string own = session_.programFolder.privatePathFor(temporaryNames[1]);
+        if (!own.empty()) return own;
+    }
+    std::string name{withoutExtension(fileName(source))};
+    return joinPath(parentFolder(source), name.append(builtFileEnd));
+}
+
+void ImageInsertion::takeFolder(std::optional<FolderLock>& folder) {
     folder.emplace(session_.exportImportFolder, session_.programFolder);
+    isAlone_ = folder->isCertain();
     removeHiddenLeftovers(session_.exportImportFolder);
     removeBuiltLeftovers(*folder);
 }

@@ -31,7 +31,7 @@ public:
     /// The same for a run that has begun, with its folder taken.
     void insertImage(ImageFileKind kind, InsertionRun& run);
     /// Takes the folder in which a file is going to be built, and clears it up. Fails as FolderLock does.
-    void takeFolder(std::optional<FolderLock>& folder) const;
+    void takeFolder(std::optional<FolderLock>& folder);
 
 private:
     /// Which level's image is the source, and what of the built file goes where.
@@ -46,6 +46,9 @@ private:
     /// The file that was built, if it came to that, is the caller's to remove.
     void buildAndWrite(ImageFileKind kind, const Choice& choice, InsertionRun& run, LevelWriter& writer,
                        std::optional<ScratchFile>& built);
+    /// Beside the source, or, where another copy of the program could build one of that name, in a place of
+    /// its own.
+    [[nodiscard]] std::string builtFileOf(const std::string& source) const;
     bool chooseFormat();
     bool build(const std::string& path, std::uint32_t image, const Choice& choice, HeldArchive& archive);
 
@@ -55,6 +58,7 @@ private:
     const TransferState& state_;
     TransferImaging imaging_;
     DdsBuilder builder_;
+    bool isAlone_ = false; ///< in the folder of the images
 };
 
 } // namespace pelrath

@@ -2,6 +2,8 @@
 
 #include "platform/text.hpp"
 
+#include <string_view>
+
 namespace pelrath {
 
 namespace {
@@ -28,7 +30,13 @@ std::string kept(const RecoveredInsertion& one) {
                "Nothing is to be written any more, but the archive may have to be made read only again, as " +
                one.journal + " says. " + rest;
     }
+    if (one.archivePath.empty()) {
+        return beginning(one) + " and cannot be completed: " + one.reason + "." + paragraph +
+               "Please compare the archives that were worked on last with their safe copies, and remove " +
+               one.journal + ".";
+    }
     return beginning(one) + " and cannot be completed: " + one.reason + "." + paragraph +
+           (one.readOnlyAgain ? "The archive is read only again. " : "") +
            "What was to be written is kept in " + one.journal + ". " + rest;
 }
 
@@ -58,14 +66,23 @@ std::string textOf(const RecoveredInsertion& one) {
 
 void InsertionRecovery::look() {
     std::string text;
-    for (const RecoveredInsertion& one : recoverInsertions(session_.programFolder.path())) {
-        if (one.outcome == Outcome::Completed)
-            session_.archiveFile.heedCompletion(one.archive, one.tables, session_.archive);
-        if (one.outcome != Outcome::Kept) told_.erase(one.journal);
-        if (one.outcome == Outcome::Kept && !told_.insert(one.journal).second) continue;
-        text += (text.empty() ? "" : paragraph) + textOf(one);
+    for (const std::string& folder : {session_.programFolder.path(), session_.otherProgramFolder}) {
+        for (const RecoveredInsertion& one : recoverInsertions(folder)) {
+            text += toTell(one);
+        }
     }
-    if (!text.empty()) boxes_.exclamation(text, "Pelrath - Interrupted insertion");
+    if (text.empty()) return;
+    text.resize(text.size() - std::string_view{paragraph}.size());
+    boxes_.exclamation(text, "Pelrath - Interrupted insertion");
+}
+
+std::string InsertionRecovery::toTell(const RecoveredInsertion& one) {
+    if (one.outcome != Outcome::Kept)
+        session_.archiveFile.heedCompletion(one.archive, one.tables, session_.archive);
+    const bool stays = !one.reason.empty();
+    if (!stays) told_.erase(one.journal);
+    if (stays && !told_.insert(one.journal).second) return {};
+    return textOf(one) + paragraph;
 }
 
 } // namespace pelrath

@@ -14,11 +14,14 @@ class InsertionRecovery {
 public:
     InsertionRecovery(MessageBoxes& boxes, Session& session) : boxes_(boxes), session_(session) {}
 
-    /// Is to come before an archive is read or written. What can neither be completed nor given up is told
-    /// once. The archive in use stays in use.
+    /// Is to come before an archive is read or written. What stays, for whatever reason, is told once. The
+    /// archive in use stays in use.
     void look();
 
 private:
+    /// With an empty line behind it; nothing where it has been told.
+    [[nodiscard]] std::string toTell(const RecoveredInsertion& one);
+
     MessageBoxes& boxes_;
     Session& session_;
     std::set<std::string> told_; ///< journals

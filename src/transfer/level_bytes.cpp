@@ -5,10 +5,13 @@
 namespace pelrath {
 
 std::vector<std::byte> readFileBytes(const std::string& path, std::int64_t position, std::int64_t size) {
-    const InputFile file{path};
+    return readFileBytes(InputFile{path}, position, size);
+}
+
+std::vector<std::byte> readFileBytes(const InputFile& file, std::int64_t position, std::int64_t size) {
     const auto offset = static_cast<std::uint64_t>(position - 1);
     const auto length = static_cast<std::uint64_t>(size);
-    if (offset > file.size() || length > file.size() - offset) throw SourceTooShort{path};
+    if (offset > file.size() || length > file.size() - offset) throw SourceTooShort{file.path()};
     std::vector<std::byte> bytes(static_cast<std::size_t>(length));
     file.readAt(offset, bytes);
     return bytes;

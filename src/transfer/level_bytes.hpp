@@ -21,8 +21,10 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// `size` bytes from the position of a file, which is opened for this one read. SourceTooShort where it does
-/// not have them.
+/// `size` bytes from the position of a file. SourceTooShort where it does not have them.
+[[nodiscard]] std::vector<std::byte> readFileBytes(const InputFile& file, std::int64_t position,
+                                                   std::int64_t size);
+/// The same of a file that is opened for this one read.
 [[nodiscard]] std::vector<std::byte> readFileBytes(const std::string& path, std::int64_t position,
                                                    std::int64_t size);
 

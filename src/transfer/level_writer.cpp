@@ -3,10 +3,13 @@
 #include "archive/table_places.hpp"
 #include "platform/runtime_error.hpp"
 
+#include <optional>
+
 namespace pelrath {
 
 void LevelWriter::readMipmapLevels(const std::string& sourcePath, std::int16_t textureIndex, bool chained,
                                    std::int16_t selectedLevel) {
+    std::optional<InputFile> source; // one opening: another file can take its place at any time
     std::int64_t skip = 0;
     std::int16_t i = 0;
     for (const MipmapRecord& level :
@@ -18,8 +21,9 @@ void LevelWriter::readMipmapLevels(const std::string& sourcePath, std::int16_t t
         }
         if (level.dataSize > 0 && (selectedLevel == everyLevel || selectedLevel == i)) {
             archive_.run(static_cast<std::uint64_t>(level.dataSize), [&] {
+                if (!source) source.emplace(sourcePath);
                 held_.push_back(
-                    {level.dataOffset, readFileBytes(sourcePath, firstLevelPosition + skip, level.dataSize)});
+                    {level.dataOffset, readFileBytes(*source, firstLevelPosition + skip, level.dataSize)});
             });
         }
         if (chained) skip += level.dataSize;

@@ -34,6 +34,8 @@ const Disk disks[] = {
     {"shows no opened files", {{Call::Link, ENOENT, 0, 1}}, nullptr, nullptr},
     {"copies nothing by itself", {{Call::Copy, EXDEV}}, nullptr, nullptr},
     {"refuses a part in between", {{Call::FlushPart, EIO}}, "Device I/O", nullptr},
+    {"finds a bad place in between", {{Call::FlushPart, ENODATA, 0, 1}}, "Device I/O", nullptr},
+    {"flushes no parts", {{Call::FlushPart, ENOSYS}}, nullptr, nullptr},
     {"has no links", {{Call::Link, ENOSYS}}, nullptr, nullptr},
     {"has no locks", {{Call::NamelessFile, ENOSYS}, {Call::Lock, ENOLCK}}, nullptr, nullptr},
     {"has neither links nor renames that replace nothing",

@@ -48,6 +48,10 @@ TEST_F(Places, TemporaryFilesAreInTheProgramFolderWhereTheyCanBePutThere) {
     (void)folder.write("program/tmp2.dds", "x");
     folder.permit("program/tmp2.dds", 0400);
     EXPECT_EQ(row(placeOf("tmp.dds"), placeOf("tmp1.dds"), placeOf("tmp2.dds")), "program, own, own");
+    {
+        const Refusal noLocks{Call::Lock, ENOLCK};
+        EXPECT_EQ(placeOf("tmp.dds"), "own") << "another could be at work there";
+    }
     const fs::path before = fs::path{working.pathFor("tmp1.dds")}.parent_path();
     EXPECT_EQ(fs::status(before).permissions(), fs::perms::owner_all);
     fs::remove_all(before); // as a cleaner does during a long run

@@ -1,5 +1,6 @@
 #include "archive/journal.hpp"
 #include "platform/posix/file_lock.hpp"
+#include "support/refusals.hpp"
 #include "transfer_harness.hpp"
 
 namespace pelrath::test {
@@ -77,7 +78,7 @@ TEST(Recovery, CompletesOrGivesUpWhatWasInterrupted) {
         {"a level is torn", true, &Case::tear, completed, true, 0444, false},
         {"the archive was restored from a copy", true, &Case::putBack, old, false, 0444, false},
         {"a level has bytes of somebody else", true,
-         [](Case& at) { at.write(at.after.substr(0, at.after.size() - 1) + "?"); }, kept, false, 0644, true},
+         [](Case& at) { at.write(at.after.substr(0, at.after.size() - 1) + "?"); }, kept, false, 0444, true},
         {"somebody made it read-only again", true,
          [](Case& at) { at.tear(), fs::permissions(at.path, fs::perms{0444}); },
          " was interrupted. It has been completed now: all its 2 levels have the new data.", true, 0444,
@@ -91,9 +92,9 @@ TEST(Recovery, CompletesOrGivesUpWhatWasInterrupted) {
          0600, false},
         {"a twin stands in its place", true, [](Case& at) { at.replaceByATwin(); }, kept, false, 0644, true},
         {"other tables", true, [](Case& at) { at.write("cdds" + std::string(at.before.size() - 4, '\0')); },
-         kept, false, 0644, true},
-        {"another word in its header", true,
-         [](Case& at) { at.write(at.after.substr(0, 28) + "?" + at.after.substr(29)); }, kept, false, 0644,
+         kept, false, 0444, true},
+        {"another name in its tables", true,
+         [](Case& at) { at.write(at.after.substr(0, 32) + "?" + at.after.substr(33)); }, kept, false, 0444,
          true},
         {"longer", true, [](Case& at) { at.write(at.after + "x"); }, kept, false, 0644, true},
         {"gone", true, [](Case& at) { fs::rename(at.path, at.path + "~"); }, kept, false, 0, true},
@@ -104,6 +105,9 @@ TEST(Recovery, CompletesOrGivesUpWhatWasInterrupted) {
              (void)at.folder.write(at.journal(), bytes);
          },
          damaged, false, 0644, true},
+        {"a journal whose length has run wild", true,
+         [](Case& at) { fs::resize_file(at.folder.file(at.journal()), std::uintmax_t{1} << 40); }, damaged,
+         false, 0644, true},
         {"half a journal", true,
          [](Case& at) {
              at.write(at.before);
@@ -164,6 +168,24 @@ TEST(Recovery, ComesBeforeTheNextInsertionWhichIsRefusedWhereItFails) {
     EXPECT_NE(shown[0].text.find("It has been completed now"), std::string::npos) << shown[0];
     EXPECT_EQ(row(at.archive() == at.after, at.files("program")), "true, ");
 
+    // Bytes that look old can be new on a disk that has refused to take them.
+    at.rewrite(at.before);
+    at.die();
+    at.putBack();
+    fs::permissions(at.path, fs::perms{0444}); // so that nothing else asks the disk
+    {
+        const Refusal broken{Call::Flush, EIO};
+        at.recovery.look();
+        at.boxes.expect("cannot be completed: Device I/O error");
+    }
+    EXPECT_EQ(at.folder.names("program").size(), 1U);
+    at.session.otherProgramFolder = at.session.programFolder.path(); // of a run with other permissions
+    at.session.programFolder = at.folder.file("copies");
+    at.recovery.look();
+    at.boxes.expect("and the archive has the old data");
+    EXPECT_EQ(at.files("program"), "");
+    at.session.programFolder = at.folder.file("program");
+
     at.rewrite(at.after);
     at.die();
     const std::string journal = at.folder.file(at.journal());
@@ -186,7 +208,7 @@ TEST(Recovery, ComesBeforeTheNextInsertionWhichIsRefusedWhereItFails) {
     EXPECT_NE(at.insert({withoutSafeCopy}).find("|0 Mipmap(s) inserted.|"), std::string::npos);
     const std::vector<ShownBox> refused = at.boxes.take();
     ASSERT_FALSE(refused.empty());
-    EXPECT_NE(refused.back().text.find("an earlier insertion into " + other), std::string::npos);
+    EXPECT_NE(refused.back().text.find("put the archive back to " + at.path), std::string::npos);
     EXPECT_TRUE(at.folder.read("elsewhere.cdds") == torn) << "it would hide what is still to be completed";
 }
 

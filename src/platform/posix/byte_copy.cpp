@@ -1,5 +1,7 @@
 #include "platform/posix/byte_copy.hpp"
 
+#include "platform/posix/folder_handle.hpp"
+
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
@@ -78,7 +80,7 @@ public:
         const int error = waited ? 0 : errno;
         flushed_ = waited ? started_ : done;
         started_ = done;
-        return error == EIO || error == ENOSPC || error == EDQUOT ? error : 0;
+        return isNoFlush(error) ? 0 : error; // nobody would be told of it a second time
     }
     /// As far as is known.
     [[nodiscard]] std::uint64_t flushed() const { return flushed_; }

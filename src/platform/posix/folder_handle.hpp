@@ -56,11 +56,20 @@ using FolderReading = std::unique_ptr<DIR, CloseFolder>;
            isSame(opened, named);
 }
 
+/// True for the errors (errno) that say that a file system, or what watches over it, has no such flush; 0 is
+/// none of them. Any other may be what the disk has refused.
+[[nodiscard]] inline bool isNoFlush(int error) {
+    return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP || error == EPERM || error == ESPIPE;
+}
+
 /// Makes the changes of names in it last, where the file system lets that be asked for. False when the disk
 /// refused it. What could not be opened to be read is not ours to settle.
 [[nodiscard]] inline bool flushFolder(const FileHandle& folder) {
-    if (!folder || ::fsync(folder.get()) == 0) return true;
-    return errno != EIO && errno != ENOSPC && errno != EDQUOT;
+    if (!folder) return true;
+    while (::fsync(folder.get()) != 0) {
+        if (errno != EINTR) return isNoFlush(errno);
+    }
+    return true;
 }
 
 } // namespace pelrath

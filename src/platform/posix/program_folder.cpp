@@ -14,12 +14,29 @@ std::string executablePath() {
     return std::filesystem::read_symlink("/proc/self/exe", unknown).string();
 }
 
+namespace {
+
+std::string ownFolder() { return std::string{parentFolder(executablePath())}; }
+std::string dataFolder() { return joinPath(g_get_user_data_dir(), "pelrath"); }
+
+bool isOwnUsed() {
+    const std::string own = ownFolder();
+    return !own.empty() && ::access(own.c_str(), W_OK | X_OK) == 0;
+}
+
+} // namespace
+
 std::string programFolder() {
-    std::string own{parentFolder(executablePath())};
-    if (!own.empty() && ::access(own.c_str(), W_OK | X_OK) == 0) return own;
-    std::string data = joinPath(g_get_user_data_dir(), "pelrath");
-    g_mkdir_with_parents(data.c_str(), 0700); // a failure shows at the first file written there
+    if (isOwnUsed()) return ownFolder();
+    std::string data = dataFolder();
+    if (!folderExists(data)) {
+        g_mkdir_with_parents(data.c_str(), 0700); // a failure shows at the first file written there
+        (void)flushFolderOf(data);
+        (void)flushFolderOf(std::string{parentFolder(data)});
+    }
     return data;
 }
+
+std::string otherProgramFolder() { return isOwnUsed() ? dataFolder() : ownFolder(); }
 
 } // namespace pelrath

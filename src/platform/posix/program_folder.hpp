@@ -10,5 +10,8 @@ namespace pelrath {
 /// The folder for the program's own files: the executable's own when it can be written, else the user's
 /// data folder for the program (below XDG_DATA_HOME), made on first use. Never ends with a separator.
 [[nodiscard]] std::string programFolder();
+/// The other one of these two, whether it is there or not: what the program left under other permissions can
+/// be in it.
+[[nodiscard]] std::string otherProgramFolder();
 
 } // namespace pelrath

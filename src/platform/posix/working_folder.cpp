@@ -35,14 +35,19 @@ bool WorkingFolder::isFolder(int handle) const {
 
 std::string WorkingFolder::pathFor(std::string_view name) const {
     std::string here = joinPath(path_, name);
-    const bool ours = isOurs();
-    if (ours && canBePut(here)) return here;
-    if (const std::string& folder = private_.path(); !folder.empty()) return joinPath(folder, name);
-    if (ours) return here;
+    const LockAnswer answer = lock();
+    if (answer == LockAnswer::Held && canBePut(here)) return here;
+    if (std::string own = privatePathFor(name); !own.empty()) return own;
+    if (answer != LockAnswer::Taken) return here;
     throw makeError(ErrorNumber::PermissionDenied, "WorkingFolder",
                     here + " is in use by another running copy of this program, and there is no room for "
                            "another in the system's folder for temporary files. Please end that copy, or "
                            "make room");
+}
+
+std::string WorkingFolder::privatePathFor(std::string_view name) const {
+    const std::string& folder = private_.path();
+    return folder.empty() ? std::string{} : joinPath(folder, name);
 }
 
 std::vector<std::string> WorkingFolder::removeTemporaryFiles() const {

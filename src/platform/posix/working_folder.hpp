@@ -12,7 +12,7 @@ namespace pelrath {
 
 /// The folder of the program's own files. Its temporary files (temporaryNames) have one user at a time: the
 /// first program that lives has the folder locked until it ends, and any other puts its own into a private
-/// folder. So does the first where a file cannot be put here.
+/// folder. So does the first where a file cannot be put here, or where the file system has no locks.
 class WorkingFolder {
 public:
     /// None: relative to the current one.
@@ -24,10 +24,10 @@ public:
 
     [[nodiscard]] const std::string& path() const { return path_; }
 
-    /// Held: it is this program's, as it becomes once no other lives that had it before. Unknown, where the
-    /// file system has no locks, is taken for the same.
+    /// Held: it is this program's, as it becomes once no other lives that had it before. Unknown: the file
+    /// system has no locks.
     [[nodiscard]] LockAnswer lock() const;
-    [[nodiscard]] bool isOurs() const { return lock() != LockAnswer::Taken; }
+    [[nodiscard]] bool isOurs() const { return lock() == LockAnswer::Held; }
     /// True for a handle that has opened this very folder.
     [[nodiscard]] bool isFolder(int handle) const;
 
@@ -35,6 +35,8 @@ public:
     /// folder: what is wrong is then told by whoever writes the file. Fails instead where another program has
     /// the one here.
     [[nodiscard]] std::string pathFor(std::string_view name) const;
+    /// Where a file can be put that no other program sees; empty where there is no room.
+    [[nodiscard]] std::string privatePathFor(std::string_view name) const;
 
     /// Removes all temporary files that are this program's, read-only or not. What cannot be removed, and
     /// why: one line each.
