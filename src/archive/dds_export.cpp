@@ -80,7 +80,8 @@ void DdsExport::writeDdsLevelFile(const std::string& path, std::int16_t textureI
     replaceFile(path, pieces, durability);
 }
 
-void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureIndex) const {
+void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureIndex,
+                                  Durability durability) const {
     DdsHeader header = buildDdsHeader(textureIndex, 0);
     header.flags |= DdsHeader::MipmapCountGiven;
     header.mipmapCount = static_cast<std::uint32_t>(texture(textureIndex).mipmapCount);
@@ -104,7 +105,7 @@ void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureI
         readLevel(archive, record, data);
         file.write(data);
     }
-    file.finish(Durability::Flushed);
+    file.finish(durability);
 }
 
 } // namespace pelrath

@@ -33,7 +33,8 @@ public:
                            Durability durability = Durability::Flushed) const;
 
     /// Writes one file of all levels: level 0's header, made a chain's, and the data of each level in order.
-    void writeDdsChainFile(const std::string& path, std::int16_t textureIndex) const;
+    void writeDdsChainFile(const std::string& path, std::int16_t textureIndex,
+                           Durability durability = Durability::Flushed) const;
 
     /// How messages name the texture: its name, quoted, and the archive's path.
     [[nodiscard]] std::string describe(std::int16_t textureIndex) const;

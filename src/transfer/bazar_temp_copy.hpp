@@ -2,7 +2,7 @@
 
 #include "platform/message_boxes.hpp"
 #include "session/session.hpp"
-#include "transfer/texture_extraction.hpp"
+#include "transfer/level_image.hpp"
 
 #include <cstdint>
 #include <string>

@@ -2,8 +2,8 @@
 
 #include "platform/posix/working_folder.hpp"
 #include "transfer/held_archive.hpp"
+#include "transfer/level_image.hpp"
 #include "transfer/level_source.hpp"
-#include "transfer/texture_extraction.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -20,6 +20,9 @@ public:
     DdsBuilder(const TransferImaging& imaging, const WorkingFolder& programFolder)
         : imaging_(imaging), programFolder_(programFolder) {}
 
+    /// From now on files are built in the texture's own format. A texture that is neither DXT1 nor DXT5 is
+    /// taken for DXT5.
+    bool chooseFormat(const TextureRecord& texture);
     /// Builds the file from the bound image, with the chain that the library makes of it. It is going to be
     /// `count` levels of the chosen texture, from `first` on.
     bool buildWithLibraryChain(const std::string& path, HeldArchive& archive, std::size_t first,

@@ -80,7 +80,7 @@ void ImageInsertion::buildAndWrite(ImageFileKind kind, const Choice& choice, Ins
         boxes_.critical("LoadImage " + source + " error", "SimpleImageInsertion");
         return;
     }
-    if (!chooseFormat()) return;
+    if (!builder_.chooseFormat(session_.chosenTexture())) return;
     built.emplace(builtFileOf(source));
     try {
         if (!build(built->path(), image.id(), choice, run.archive())) return;
@@ -93,14 +93,6 @@ void ImageInsertion::buildAndWrite(ImageFileKind kind, const Choice& choice, Ins
         boxes_.critical("Error during insertion in CDDS.", "performSimpleImageInsertion");
     }
     image.remove();
-}
-
-bool ImageInsertion::chooseFormat() {
-    const auto native = nativeImageKind(session_.chosenTexture());
-    const OutputFileType type =
-        native && native->kind == ImageFileKind::Bmp ? OutputFileType::DdsDxt1 : OutputFileType::DdsDxt5;
-    return imaging_.facade.setSaveImageOptions(static_cast<std::int32_t>(type), imaging_.options.imageType,
-                                               imaging_.options.extension);
 }
 
 bool ImageInsertion::build(const std::string& path, std::uint32_t image, const Choice& choice,

@@ -6,8 +6,8 @@
 #include "session/session.hpp"
 #include "transfer/dds_builder.hpp"
 #include "transfer/insertion_run.hpp"
+#include "transfer/level_image.hpp"
 #include "transfer/level_writer.hpp"
-#include "transfer/texture_extraction.hpp"
 #include "transfer/transfer_controls.hpp"
 
 #include <optional>
@@ -49,7 +49,6 @@ private:
     /// Beside the source, or, where another copy of the program could build one of that name, in a place of
     /// its own.
     [[nodiscard]] std::string builtFileOf(const std::string& source) const;
-    bool chooseFormat();
     bool build(const std::string& path, std::uint32_t image, const Choice& choice, HeldArchive& archive);
 
     Controls c_;

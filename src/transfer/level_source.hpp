@@ -2,7 +2,7 @@
 
 #include "imaging/refusal.hpp"
 #include "transfer/image_copy.hpp"
-#include "transfer/texture_extraction.hpp"
+#include "transfer/level_image.hpp"
 
 #include <cstdint>
 #include <optional>

@@ -4,6 +4,7 @@
 #include "platform/runtime_error.hpp"
 
 #include <optional>
+#include <utility>
 
 namespace pelrath {
 
@@ -29,6 +30,16 @@ void LevelWriter::readMipmapLevels(const std::string& sourcePath, std::int16_t t
         if (chained) skip += level.dataSize;
         ++i;
     }
+}
+
+void LevelWriter::holdLevel(std::int16_t textureIndex, std::int16_t level, std::vector<std::byte> data) {
+    const TextureRecord& texture =
+        archive_.session().archive.textures.at(static_cast<std::size_t>(textureIndex));
+    const MipmapRecord& record = texture.mipmaps.at(static_cast<std::size_t>(level));
+    if (data.size() != static_cast<std::size_t>(record.dataSize)) {
+        throw makeError(ErrorNumber::InvalidCall, "holdLevel", texture.name);
+    }
+    held_.push_back({record.dataOffset, std::move(data)});
 }
 
 void LevelWriter::checkArchive() const {

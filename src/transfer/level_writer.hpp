@@ -3,6 +3,7 @@
 #include "transfer/held_archive.hpp"
 #include "transfer/level_bytes.hpp"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -22,6 +23,9 @@ public:
     /// are left out; selected, such a level fails.
     void readMipmapLevels(const std::string& sourcePath, std::int16_t textureIndex, bool chained,
                           std::int16_t selectedLevel);
+
+    /// Holds these bytes for the level, which must be as long.
+    void holdLevel(std::int16_t textureIndex, std::int16_t level, std::vector<std::byte> data);
 
     /// Writes what is held, in the order in which it was read, all of it or, when it fails, nothing
     /// (HeldArchive::overwriteLevels()), and answers written(). ArchiveRefused, before the first write, where

@@ -7,7 +7,6 @@
 #include "transfer/held_archive.hpp"
 #include "transfer/transfer_controls.hpp"
 
-#include <cstdint>
 #include <string>
 
 namespace pelrath {
@@ -33,8 +32,6 @@ public:
 
 private:
     void requireFolder();
-    [[nodiscard]] std::string copyArchive(const InputFile& archive) const;
-    [[nodiscard]] std::string nameOf(std::int32_t number) const;
     [[nodiscard]] std::string noCopyLine() const;
 
     Controls c_;

@@ -100,8 +100,7 @@ void TextureExtraction::writeLevels() {
 }
 
 void TextureExtraction::writeLong(std::int16_t level, const std::function<void()>& write) {
-    const std::int64_t bytes = dds_.level(session_.selectedTexture, level).dataSize;
-    imaging_.facade.longWork().run(static_cast<std::uint64_t>(bytes), write);
+    runOnLevel(imaging_.facade.longWork(), dds_, session_.selectedTexture, level, write);
 }
 
 void TextureExtraction::extractToImages(ImageFileKind kind) {
@@ -121,35 +120,11 @@ void TextureExtraction::writeImage(ImageFileKind kind) {
         summary_ = std::string{"No mipmap selected."} + lineBreak;
         return;
     }
-    const std::string staged = session_.programFolder.pathFor("tmp1.dds");
-    writeLong(static_cast<std::int16_t>(level), [&] {
-        dds_.writeDdsLevelFile(staged, session_.selectedTexture, static_cast<std::int16_t>(level),
-                               Durability::Scratch);
-    });
-    LoadedImage image{
-        imaging_.facade,
-        imaging_.images,
-        staged,
-        {"The texture " + dds_.describe(session_.selectedTexture), "another copy of the archive may help"}};
-    if (!image) {
-        boxes_.critical("LoadImage " + staged + " error", "SimpleImageInsertion");
-        return;
-    }
-    const auto fileType =
-        static_cast<std::int32_t>(kind == ImageFileKind::Bmp ? OutputFileType::Bmp : OutputFileType::Tga);
-    if (!imaging_.facade.setSaveImageOptions(fileType, imaging_.options.imageType,
-                                             imaging_.options.extension)) {
-        return;
-    }
-    editorPath_ = buildImageFileName(session_, static_cast<std::int16_t>(level), kind);
-    extractFile(editorPath_, [this, &image] {
-        imaging_.options.buildMipmaps = false;
-        imaging_.options.targaFirstRow = FirstRow::Top; // upright in every reader
-        const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, editorPath_, true);
-        imaging_.images.check("saveImage");
-        if (saved) image.remove();
-        return saved;
-    });
+    const auto chosen = static_cast<std::int16_t>(level);
+    LevelImage image{imaging_, boxes_, dds_};
+    if (!image.load(session_.programFolder, session_.selectedTexture, chosen, kind)) return;
+    editorPath_ = buildImageFileName(session_, chosen, kind);
+    extractFile(editorPath_, [this, &image] { return image.save(editorPath_); });
 }
 
 } // namespace pelrath

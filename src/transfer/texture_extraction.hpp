@@ -2,26 +2,16 @@
 
 #include "archive/dds_export.hpp"
 #include "archive/image_file_kind.hpp"
-#include "imaging/image_library_facade.hpp"
-#include "imaging/save_image_options.hpp"
 #include "platform/message_boxes.hpp"
 #include "session/session.hpp"
 #include "transfer/editor_launch.hpp"
-#include "transfer/image_library_use.hpp"
+#include "transfer/level_image.hpp"
 #include "transfer/transfer_controls.hpp"
 
 #include <functional>
 #include <string>
 
 namespace pelrath {
-
-/// The image library as the operations of the dialog use it.
-struct TransferImaging {
-    ImageLibraryFacade& facade;
-    const LibraryImages& images;
-    SaveImageOptions& options;
-    ImageLibraryUse& use;
-};
 
 /// Writes levels of the chosen texture to files in the Export/Import folder and says in the summary box what
 /// was written. What fails is told in a message; then no partial file is left and an existing one is as it
