@@ -139,6 +139,11 @@ std::string visibleText(std::string_view text) {
     return visible;
 }
 
+bool matchesPattern(const std::string& pattern, const std::string& text) {
+    return g_utf8_validate(pattern.c_str(), -1, nullptr) != FALSE &&
+           g_pattern_match_simple(pattern.c_str(), text.c_str()) != FALSE;
+}
+
 void appendPadded(std::string& line, std::string_view text, std::size_t width) {
     line.append(text);
     const std::size_t count = characterCount(text);

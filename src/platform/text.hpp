@@ -44,6 +44,10 @@ void makeUpperCase(std::span<char> ascii);
 /// messages.
 [[nodiscard]] std::string visibleText(std::string_view text);
 
+/// True where `*` stands for any characters and `?` for any one character of `text`, and every other one for
+/// itself. False for a pattern that is no UTF-8.
+[[nodiscard]] bool matchesPattern(const std::string& pattern, const std::string& text);
+
 /// Appends `text` with blanks behind it up to `width` characters; a longer text is kept whole.
 void appendPadded(std::string& line, std::string_view text, std::size_t width);
 

@@ -38,13 +38,17 @@ const std::string& checkedFileName(const std::string& name) {
     return name;
 }
 
+std::string imageFileName(const std::string& baseName, const MipmapRecord& level, ImageFileKind kind) {
+    const std::string name =
+        baseName + "-" + std::to_string(level.width) + "x" + std::to_string(level.height) + extensionOf(kind);
+    requireFileName(name, baseName);
+    return name;
+}
+
 std::string buildImageFileName(const Session& session, std::int16_t level, ImageFileKind kind) {
     const DdsExport dds{session.archive, session.archivePath, session.archiveFile};
     const MipmapRecord& mipmap = dds.level(session.selectedTexture, level);
-    const std::string name = session.selectedBaseName + "-" + std::to_string(mipmap.width) + "x" +
-                             std::to_string(mipmap.height) + extensionOf(kind);
-    requireFileName(name, session.selectedBaseName);
-    return joinPath(session.exportImportFolder, name);
+    return joinPath(session.exportImportFolder, imageFileName(session.selectedBaseName, mipmap, kind));
 }
 
 } // namespace pelrath

@@ -7,6 +7,7 @@
 #include <csignal>
 
 #include <fcntl.h>
+#include <poll.h>
 
 namespace pelrath {
 
@@ -56,6 +57,11 @@ EndSignals::~EndSignals() {
     }
     react(SIGXFSZ, SIG_DFL);
     wakeUp = -1;
+}
+
+bool EndSignals::asked() const {
+    pollfd waiting{handle(), POLLIN, 0};
+    return ::poll(&waiting, 1, 0) > 0;
 }
 
 void EndSignals::taken() const {

@@ -17,6 +17,8 @@ public:
 
     /// Readable once the end was asked for.
     [[nodiscard]] int handle() const { return reading_.get(); }
+    /// The same without a wait.
+    [[nodiscard]] bool asked() const;
     /// Until it is asked for again.
     void taken() const;
 

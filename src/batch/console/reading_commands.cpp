@@ -1,0 +1,49 @@
+#include "batch/comparison.hpp"
+#include "batch/console/commands.hpp"
+#include "batch/console/list.hpp"
+#include "batch/console/telling.hpp"
+#include "batch/opened_archive.hpp"
+
+#include <ostream>
+
+namespace pelrath::batch {
+
+namespace {
+
+int exitCodeOf(std::size_t findings, const Console& console) {
+    if (console.stopIsAsked()) return Stopped;
+    return findings == 0 ? AllWell : NotAll;
+}
+
+} // namespace
+
+int listTextures(const Arguments& arguments, const Console& console) {
+    Session session;
+    openArchive(session, arguments.archive);
+    if (arguments.json) {
+        listAsJson(session.archive, arguments.archive, console.out);
+    } else {
+        listAsTable(session.archive, console.out);
+    }
+    return AllWell;
+}
+
+int checkArchive(const Arguments& arguments, const Console& console) {
+    Session session;
+    const ArchiveContents contents = openArchive(session, arguments.archive);
+    Telling telling{console, false, nullptr};
+    const auto tell = [&telling](const std::string& finding) { telling.result(finding); };
+    return exitCodeOf(checkLevels(session, contents, telling, tell), console);
+}
+
+int compareTwoArchives(const Arguments& arguments, const Console& console) {
+    Session one;
+    Session other;
+    openArchive(one, arguments.archive);
+    openArchive(other, arguments.other);
+    Telling telling{console, false, nullptr};
+    const auto tell = [&telling](const std::string& finding) { telling.result(finding); };
+    return exitCodeOf(compareArchives(one, other, telling, tell), console);
+}
+
+} // namespace pelrath::batch

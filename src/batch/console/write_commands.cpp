@@ -1,0 +1,91 @@
+#include "batch/console/commands.hpp"
+
+#include "batch/console/telling.hpp"
+#include "batch/insertion.hpp"
+#include "batch/opened_archive.hpp"
+#include "batch/restoration.hpp"
+#include "platform/text.hpp"
+#include "transfer/insertion_recovery.hpp"
+
+#include <functional>
+
+namespace pelrath::batch {
+
+namespace {
+
+std::string levelAndPath(const TextureReport& texture, const FileReport& file) {
+    const std::string level =
+        file.file.level == wholeChain ? "all levels" : "level " + std::to_string(file.file.level);
+    return visibleText(texture.name) + ", " + level + ": " + file.file.path;
+}
+
+/// Completes what was interrupted, and reads the archive behind that.
+void openToWrite(Session& session, const Arguments& arguments, const Console& console, Telling& telling) {
+    session.programFolder = console.programFolder;
+    if (!arguments.dryRun) {
+        CollectedMessages messages;
+        InsertionRecovery{messages, session}.look();
+        for (const std::string& line : messages.take()) {
+            telling.message(line);
+        }
+    }
+    openArchive(session, arguments.archive);
+}
+
+Report asIfDone(const Plan& plan) {
+    Report report;
+    for (const PlannedTexture& texture : plan) {
+        report.textures.push_back(untried(texture));
+        settle(report.textures.back(), Outcome::Done);
+    }
+    return report;
+}
+
+using Run = std::function<Report(const WritingTerms&)>;
+
+/// `words` say what is done with what the plan has: "files inserted".
+int carryOut(const Arguments& arguments, Session& session, const Plan& plan, const std::string& words,
+             Telling& telling, const Run& run) {
+    if (arguments.dryRun) {
+        const Report report = asIfDone(plan);
+        for (const TextureReport& texture : report.textures) {
+            telling.ended(texture);
+        }
+        return telling.conclude(report, words + ", were it no dry run");
+    }
+    const Report report = run({arguments.safeCopyFolder, arguments.writeReadOnly, &telling});
+    (void)session.programFolder.removeTemporaryFiles();
+    if (!report.safeCopy.empty() && !arguments.quiet) telling.message("safe copy: " + report.safeCopy);
+    return telling.conclude(report, words);
+}
+
+} // namespace
+
+int insertTextures(const Arguments& arguments, const Console& console) {
+    Session session;
+    Telling telling{console, arguments.quiet, levelAndPath};
+    openToWrite(session, arguments, console, telling);
+    const InsertionWish wish{arguments.create, arguments.filter};
+    const Plan plan = planInsertion(session, arguments.chosen, wish);
+    return carryOut(arguments, session, plan, "file(s) inserted", telling, [&](const WritingTerms& terms) {
+        return runInsertion(session, plan, wish, terms, telling);
+    });
+}
+
+int restoreTextures(const Arguments& arguments, const Console& console) {
+    Session session;
+    Session copy;
+    Telling telling{console, arguments.quiet, levelAndPath};
+    openToWrite(session, arguments, console, telling);
+    openArchive(copy, arguments.other);
+    std::vector<std::string> unmatched;
+    const auto textures = chosenTextures(session.archive, arguments.chosen, unmatched);
+    const Plan plan = planRestoration(session, copy, textures);
+    const int exitCode =
+        carryOut(arguments, session, plan, "level(s) restored", telling, [&](const WritingTerms& terms) {
+            return runRestoration(session, copy, plan, terms, telling);
+        });
+    return telling.missing(unmatched, arguments.archive, exitCode);
+}
+
+} // namespace pelrath::batch
