@@ -202,7 +202,7 @@ bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overw
         if (!file) return;
         requireFree(fileName, overwrite); // it may have come meanwhile
         const std::array<Bytes, 1> pieces{*file};
-        replaceFile(fileName, pieces, Durability::Flushed);
+        replaceFile(fileName, pieces, options_.durability);
         written = true;
     });
     return written;

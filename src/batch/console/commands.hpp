@@ -8,6 +8,8 @@ namespace pelrath::batch {
 
 [[nodiscard]] int listTextures(const Arguments& arguments, const Console& console);
 [[nodiscard]] int extractTextures(const Arguments& arguments, const Console& console);
+/// Extracts what comes in as jobs.
+[[nodiscard]] int workOnTextures(const Arguments& arguments, const Console& console);
 [[nodiscard]] int insertTextures(const Arguments& arguments, const Console& console);
 [[nodiscard]] int checkArchive(const Arguments& arguments, const Console& console);
 [[nodiscard]] int compareTwoArchives(const Arguments& arguments, const Console& console);

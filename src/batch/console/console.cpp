@@ -24,8 +24,8 @@ int perform(const Arguments& arguments, const Console& console) {
         return compareTwoArchives(arguments, console);
     case Command::Restore:
         return restoreTextures(arguments, console);
-    default:
-        break;
+    case Command::Work:
+        return workOnTextures(arguments, console);
     }
     return WrongUsage;
 }
