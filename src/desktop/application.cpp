@@ -30,9 +30,15 @@ Application::Application()
     };
 }
 
-void Application::start() {
+void Application::start(const CommandLine& asked) {
     refresh.deliver([this] { main.load(); });
-    if (!main.window.isUnloaded()) window.appear();
+    if (main.window.isUnloaded()) return;
+    if (asked.wish == CommandLine::Wish::Refuse) {
+        window.ready = [this, text = asked.text] { boxes.exclamation(text, programTitle); };
+    } else if (!asked.archive.empty()) {
+        window.ready = [this, archive = asked.archive] { main.openArchive(archive); };
+    }
+    window.appear();
 }
 
 void Application::prepareGraphics() {

@@ -11,6 +11,7 @@
 #include "desktop/qt_services.hpp"
 #include "desktop/transfer_dialog.hpp"
 #include "mainwindow/main.hpp"
+#include "opening/command_line.hpp"
 #include "session/session.hpp"
 
 namespace pelrath::desktop {
@@ -21,8 +22,9 @@ class Application {
 public:
     Application();
 
-    /// Loads the main window and shows it.
-    void start();
+    /// Loads the main window, shows it, and opens in it the archive that was asked for, or says why there is
+    /// none.
+    void start(const CommandLine& asked = {});
 
     /// Before the QApplication is made: which OpenGL contexts are made.
     static void prepareGraphics();

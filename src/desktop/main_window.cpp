@@ -1,5 +1,6 @@
 #include "desktop/main_window.hpp"
 
+#include "desktop/archive_drop.hpp"
 #include "desktop/artwork.hpp"
 #include "desktop/bordered_box.hpp"
 #include "desktop/key_line_edit.hpp"
@@ -8,6 +9,7 @@
 #include "desktop/placing.hpp"
 #include "desktop/swatch_button.hpp"
 #include "desktop/viewport_look.hpp"
+#include "desktop/window_keys.hpp"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -18,7 +20,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -60,6 +61,7 @@ MainWindow::MainWindow(Main& model, Binder& binder, QtViewportSurface& surface)
     buildViewport(surface);
     buildStructure();
     orderTabs();
+    buildWays();
     followWindow();
 }
 
@@ -86,8 +88,9 @@ void MainWindow::buildArchiveFrame() {
     QPushButton& browse = make<QPushButton>("Command1", frame);
     browse.setToolTip("Choose a CDDS file (Ctrl+O)");
     binder_.bind(model_.Command1, browse);
-    connect(new QShortcut{QKeySequence::Open, this}, &QShortcut::activated, &browse, &QPushButton::click);
-    binder_.bind(model_.cmdReadCDDS, make<QPushButton>("cmdReadCDDS", frame), 'R');
+    QPushButton& read = make<QPushButton>("cmdReadCDDS", frame);
+    read.setToolTip("Read the CDDS file again (F5)");
+    binder_.bind(model_.cmdReadCDDS, read, 'R');
     QLabel& folder = label(model_.Label9, "Label9", frame, 'E');
     QLineEdit& folderBox = make<QLineEdit>("Text8", frame);
     binder_.bind(model_.Text8, folderBox);
@@ -95,8 +98,12 @@ void MainWindow::buildArchiveFrame() {
     QPushButton& browseFolder = make<QPushButton>("cmdGetExtractInsertFolder", frame);
     browseFolder.setToolTip("Choose the Export/Import folder");
     binder_.bind(model_.cmdGetExtractInsertFolder, browseFolder);
-    binder_.bind(model_.cmdExtract, make<QPushButton>("cmdExtract", frame), 'x');
-    binder_.bind(model_.cmdInsert, make<QPushButton>("cmdInsert", frame), 'I');
+    QPushButton& extract = make<QPushButton>("cmdExtract", frame);
+    extract.setToolTip("Extract the texture to image files (Ctrl+E)");
+    binder_.bind(model_.cmdExtract, extract, 'x');
+    QPushButton& insert = make<QPushButton>("cmdInsert", frame);
+    insert.setToolTip("Insert image files into the texture (Ctrl+I)");
+    binder_.bind(model_.cmdInsert, insert, 'I');
     QLabel& search = label(model_.Label13, "Label13", frame, 'T');
     KeyLineEdit& box = make<KeyLineEdit>("incrementalSearchText", frame);
     binder_.bind(model_.incrementalSearchText, box);
@@ -280,6 +287,24 @@ void MainWindow::orderTabs() {
     }
 }
 
+void MainWindow::buildWays() {
+    auto* keys = new WindowKeys{*this};
+    const auto press = [this, keys](const QKeySequence& key, const char* name) {
+        auto* button = findChild<QPushButton*>(name);
+        keys->add(key, [button] { button->click(); });
+    };
+    press(QKeySequence::Open, "Command1");
+    press(Qt::Key_F5, "cmdReadCDDS");
+    press(Qt::CTRL | Qt::Key_E, "cmdExtract");
+    press(Qt::CTRL | Qt::Key_I, "cmdInsert");
+    auto* search = findChild<QLineEdit*>("incrementalSearchText");
+    keys->add(Qt::CTRL | Qt::Key_F, [search] {
+        search->setFocus(Qt::ShortcutFocusReason);
+        search->selectAll();
+    });
+    new ArchiveDrop{*this, binder_.refresh(), [this](const std::string& path) { model_.openArchive(path); }};
+}
+
 void MainWindow::followWindow() {
     auto* binding = new Binding{this, [this] { pushWindow(); }};
     connections_.push_back(
@@ -335,6 +360,10 @@ void MainWindow::showEvent(QShowEvent* event) {
 void MainWindow::activate() {
     activated_ = true;
     binder_.refresh().deliver([this] { model_.activate(); });
+    if (!ready) return;
+    binder_.refresh().gate().whenQuiet(*this, [this] {
+        if (ready) binder_.refresh().operate(*this, std::exchange(ready, {}));
+    });
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {

@@ -23,6 +23,8 @@ public:
     /// What the model does when it becomes the program's active window.
     void activate();
 
+    std::function<void()> ready; ///< runs once, as a command of the user's, behind the first activation
+
 protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -38,6 +40,8 @@ private:
     void buildStructure();
     ListBoxView& buildPane(std::size_t pane);
     void orderTabs();
+    /// What the window takes beside its controls.
+    void buildWays();
     void followWindow();
     void pushWindow();
     void end();

@@ -1,6 +1,7 @@
 #include "dialogs/disclaimer.hpp"
 
 #include "dialogs/disclaimer_texts.hpp"
+#include "platform/version.hpp"
 
 namespace pelrath {
 
@@ -34,7 +35,7 @@ void Disclaimer::show() {
 
 void Disclaimer::load() {
     window.load();
-    window.setCaption("Pelrath V1.0-1 - Disclaimer");
+    window.setCaption(std::string{"Pelrath V"} + programVersion + " - Disclaimer");
     window.moveTo(screen_.left() + (screen_.width() - window.box().width) / 2,
                   screen_.top() + (screen_.height() - window.box().height) / 2);
     Option1[0].deselect();

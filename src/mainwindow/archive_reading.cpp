@@ -61,9 +61,17 @@ void ArchiveReading::browse() {
     listing_.resetArchiveDisplay();
     const auto chosen = services_.fileOpen.choose({"Select .CDDS file to analyse", "Cdds File (*.cdds)",
                                                    std::string{parentFolder(session_.archivePath)}});
-    if (!chosen) return;
-    session_.archivePath = *chosen;
-    c_.Text1.setText(*chosen);
+    if (chosen) take(*chosen);
+}
+
+void ArchiveReading::open(const std::string& path) {
+    listing_.resetArchiveDisplay();
+    take(path);
+}
+
+void ArchiveReading::take(const std::string& path) {
+    session_.archivePath = path;
+    c_.Text1.setText(path);
     openArchive();
 }
 

@@ -53,8 +53,12 @@ public:
     ArchiveReading(const Controls& controls, const Services& services, Session& session,
                    ListingPanes& listing, WindowLayout& layout, Splash& splash, TextureViewer& viewer);
 
+    /// As if the user had chosen it by the browse button: a path from the root.
+    void open(const std::string& path);
+
 private:
     void browse();
+    void take(const std::string& path);
     void openArchive();
     void readFile();
     struct ReadTables {

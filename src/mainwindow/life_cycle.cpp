@@ -4,6 +4,7 @@
 #include "platform/posix/full_path.hpp"
 #include "platform/posix/leftovers.hpp"
 #include "platform/runtime_error.hpp"
+#include "platform/version.hpp"
 
 #include <array>
 #include <utility>
@@ -124,7 +125,7 @@ bool LifeCycle::passFirstRunGate() {
 
 void LifeCycle::Form_Activate() {
     if (c_.window.isUnloaded()) return;
-    c_.window.setCaption("Pelrath V1.0-1");
+    c_.window.setCaption(std::string{"Pelrath V"} + programVersion);
     c_.Label11.setWidth((session_.viewer.viewPortWidth + 4) * screen_.twipsPerPixel());
     c_.Label11.setVisible(false);
     c_.Label11.setCaption("");

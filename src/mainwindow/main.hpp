@@ -50,6 +50,9 @@ public:
     /// The layout pass as it runs before the window is first shown.
     void layOut() { layout_.Form_Resize(); }
 
+    /// What choosing that archive does, a path from the root.
+    void openArchive(const std::string& path) { reading_.open(path); }
+
     [[nodiscard]] TextureLook& look() { return look_; }
 
     InsertionRecovery recovery;

@@ -1,11 +1,12 @@
 #include "mainwindow/splash.hpp"
 
+#include "platform/version.hpp"
+
 namespace pelrath {
 
 namespace {
 
-constexpr const char* credits = "Pelrath\r\n"
-                                "V1.0-1\r\n"
+constexpr const char* credits = "\r\n"
                                 "\r\n"
                                 "The textures of CDDS archives:\r\n"
                                 "seen, taken out, painted, put back.\r\n"
@@ -21,7 +22,7 @@ constexpr const char* disclaimer =
 
 Splash::Splash(const Controls& controls, const Screen& screen) : c_(controls) {
     c_.SplashPicture.setBox({0, 0, 512 * screen.twipsPerPixel(), 428 * screen.twipsPerPixel()});
-    c_.SplashText[0].setText(credits);
+    c_.SplashText[0].setText(std::string{"Pelrath\r\nV"} + programVersion + credits);
     c_.SplashText[1].setText(disclaimer);
 }
 

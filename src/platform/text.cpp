@@ -1,5 +1,7 @@
 #include "platform/text.hpp"
 
+#include "platform/posix/glib_owned.hpp"
+
 #include <algorithm>
 #include <array>
 
@@ -43,6 +45,13 @@ bool isAscii(std::string_view text) {
         all |= static_cast<unsigned char>(c);
     }
     return all < 0x80;
+}
+
+bool isUtf8(std::string_view text) { return g_utf8_validate_len(text.data(), text.size(), nullptr) != FALSE; }
+
+std::string validUtf8(std::string_view text) {
+    const GlibOwned<char> valid{g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()))};
+    return valid.get();
 }
 
 std::string ansiToUtf8(std::string_view ansi) {

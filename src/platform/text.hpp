@@ -31,6 +31,11 @@ namespace pelrath {
 
 [[nodiscard]] bool isAscii(std::string_view text);
 
+[[nodiscard]] bool isUtf8(std::string_view text);
+
+/// `text` with U+FFFD in the place of what is no UTF-8.
+[[nodiscard]] std::string validUtf8(std::string_view text);
+
 /// Upper case in place, of a text that is ASCII.
 void makeUpperCase(std::span<char> ascii);
 

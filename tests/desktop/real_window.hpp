@@ -31,7 +31,7 @@ struct RealWindow : RealUser {
     void run(bool closing = true) {
         if (closing) user.then([this] { program.window.close(); });
         const auto start = [this] { // the first run's terms are shown before start() returns
-            program.start();
+            program.start(asked);
             QApplication::exec();
         };
         runFor(start, [this] { program.window.close(); });
@@ -71,6 +71,7 @@ struct RealWindow : RealUser {
     TemporaryFolder folder, temporary;
     TemporaryFilesIn temporaryFiles{temporary.path()};
     std::string archive;
+    CommandLine asked;
     desktop::Application program;
 };
 

@@ -60,6 +60,59 @@ TEST_F(RealWindow, ATextureIsFoundByTypingAndSeen) {
     EXPECT_EQ(folder.names(), (std::vector<std::string>{"Pelrath.ini", "demo.cdds"}));
 }
 
+// Whether it is taken.
+bool drop(QWidget& on, const QStringList& files) {
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const QString& file : files) {
+        urls << QUrl::fromLocalFile(file);
+    }
+    data.setUrls(urls);
+    QDragEnterEvent enter{{5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {}};
+    QApplication::sendEvent(&on, &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent end{{5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {}};
+    QApplication::sendEvent(&on, &end);
+    return end.dropAction() == Qt::CopyAction;
+}
+
+TEST_F(RealWindow, AnArchiveComesFromOutsideAndCommandsHaveKeysInEachBox) {
+    asked.archive = archive;
+    const std::string bytes =
+        ArchiveBuilder{CddsType::TypeCdds, {{"one.bmp", "DXT1", {{4, 4, plainBlocks(4, 4, 0x07E0)}}}}}
+            .build();
+    const QString other = QString::fromStdString(folder.write("\u00E9t\u00E9.CDDS", bytes));
+    auto& box = widget<QLineEdit>("incrementalSearchText");
+    auto& label = widget<QLabel>("Label1");
+    user.until("the picture", [this] { return pixelAt(0, 0) == QColor(255, 0, 0); }).then([&, other] {
+        EXPECT_EQ(widget<QLineEdit>("Text1").text().toStdString(), archive);
+        EXPECT_EQ(
+            row(list("Output0").model()->rowCount(), widget<QCheckBox>("chkGraphicDisplay").isChecked()),
+            "204, true");
+        widget<QLineEdit>("Text8").setFocus();
+        QTest::keyClick(&widget<QLineEdit>("Text8"), Qt::Key_F, Qt::ControlModifier);
+        EXPECT_EQ(row(box.hasFocus(), box.selectedText() == "first.bmp"), "true, true");
+        (void)folder.write("demo.cdds", bytes);
+        press(box, Qt::Key_F5);
+        EXPECT_EQ(list("Output0").model()->rowCount(), 1);
+        {
+            const desktop::Gate::Reaction operation{program.refresh.gate()};
+            EXPECT_FALSE(drop(label, {other}));
+        }
+        EXPECT_FALSE(drop(label, {other, other}));
+        EXPECT_FALSE(drop(label, {"/a.bmp"}));
+        EXPECT_TRUE(drop(box, {other}));
+    });
+    user.until("the dropped one",
+               [&, other] { return widget<QLineEdit>("Text1").text() == other && box.text() == "one.bmp"; });
+    for (const Qt::Key key : {Qt::Key_E, Qt::Key_I}) {
+        user.then([&box, key] { QTest::keyClick(&box, key, Qt::ControlModifier); });
+        acceptMessage(); // no folder is chosen
+    }
+    run();
+    EXPECT_EQ(program.session.mode, DialogMode::Insertion);
+}
+
 TEST_F(RealWindow, TheLoopStopsAndStartsButNotInsideAMessageBox) {
     openArchive();
     auto& display = widget<QCheckBox>("chkGraphicDisplay");
