@@ -5,6 +5,7 @@
 #include "platform/posix/program_folder.hpp"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QSurfaceFormat>
 
 namespace pelrath::desktop {
@@ -16,9 +17,12 @@ Application::Application()
       binder(refresh, screen), window(main, binder, surface), disclaimer(main.disclaimer, binder),
       transfer(main.transfer, binder),
       bazarTempFolder(main.frmGetBazarTempFolder, "frmGetBazarTempFolder", binder),
-      cddsBackupFolder(main.frmGetCDDSBackupFolder, "frmGetCDDSBackupFolder", binder) {
-    QApplication::setStyle(new WholeFrames);    // the application owns it
-    QApplication::setWindowIcon(programIcon()); // of message boxes before the first window, too
+      cddsBackupFolder(main.frmGetCDDSBackupFolder, "frmGetCDDSBackupFolder", binder),
+      fileManager(refresh,
+                  [this](const std::string& why) { boxes.exclamation(why, "Pelrath - File manager"); }),
+      textMenus(refresh, fileManager), recentMenu(window, main, session.settings.recentArchives, refresh) {
+    QApplication::setStyle(new WholeFrames);           // the application owns it
+    QApplication::setWindowIcon(programIcon());        // of message boxes before the first window, too
     session.programFolder = programFolder();
     session.otherProgramFolder = otherProgramFolder();
     windows.add(main.disclaimer.window, disclaimer);
@@ -28,6 +32,8 @@ Application::Application()
     windows.returned = [this] {
         if (window.isVisible()) window.activate();
     };
+    window.help = [this] { refresh.act(window, [this] { showGuide(); }); };
+    textMenus.extend(*window.findChild<QLineEdit*>("Text1"), [this](QMenu& menu) { recentMenu.addTo(menu); });
 }
 
 void Application::start(const CommandLine& asked) {
@@ -39,6 +45,16 @@ void Application::start(const CommandLine& asked) {
         window.ready = [this, archive = asked.archive] { main.openArchive(archive); };
     }
     window.appear();
+}
+
+void Application::showGuide() {
+    const std::string file = guideFile();
+    if (file.empty()) {
+        boxes.exclamation("The guide is not there: it comes with the installed program.", "Pelrath - Guide");
+        return;
+    }
+    if (!guide_) guide_ = std::make_unique<GuideWindow>(toQString(file));
+    guide_->open();
 }
 
 void Application::prepareGraphics() {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "desktop/disclaimer_dialog.hpp"
+#include "desktop/file_manager.hpp"
 #include "desktop/folder_choice_dialog.hpp"
+#include "desktop/guide_window.hpp"
 #include "desktop/main_window.hpp"
 #include "desktop/mnemonics.hpp"
 #include "desktop/qt_busy_sign.hpp"
@@ -9,10 +11,14 @@
 #include "desktop/qt_folder_picker.hpp"
 #include "desktop/qt_modal_windows.hpp"
 #include "desktop/qt_services.hpp"
+#include "desktop/recent_menu.hpp"
+#include "desktop/text_menus.hpp"
 #include "desktop/transfer_dialog.hpp"
 #include "mainwindow/main.hpp"
 #include "opening/command_line.hpp"
 #include "session/session.hpp"
+
+#include <memory>
 
 namespace pelrath::desktop {
 
@@ -48,6 +54,14 @@ public:
     TransferDialog transfer;
     FolderChoiceDialog bazarTempFolder;
     FolderChoiceDialog cddsBackupFolder;
+    FileManager fileManager;
+    TextMenus textMenus;
+    RecentMenu recentMenu;
+
+private:
+    void showGuide();
+
+    std::unique_ptr<GuideWindow> guide_;
 };
 
 } // namespace pelrath::desktop

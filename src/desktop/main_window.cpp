@@ -6,6 +6,7 @@
 #include "desktop/key_line_edit.hpp"
 #include "desktop/line_title.hpp"
 #include "desktop/list_box_view.hpp"
+#include "desktop/pane_menu.hpp"
 #include "desktop/placing.hpp"
 #include "desktop/swatch_button.hpp"
 #include "desktop/viewport_look.hpp"
@@ -236,6 +237,7 @@ void MainWindow::buildStructure() {
     header.bindTo(model_.Output[HeaderPane], binder_);
     headerTitle.standOver(header);
     headerCaption.setBuddy(&header);
+    new PaneMenu{header, HeaderPane, model_.copies()};
 
     QLabel& textures = label(model_.Label4, "Label4", *this, 'F');
     label(model_.Label6, "Label6", *this).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -247,7 +249,7 @@ void MainWindow::buildStructure() {
     levels.setBuddy(&buildPane(MipmapPane));
 }
 
-ListBoxView& MainWindow::buildPane(std::size_t pane) {
+ListBoxView& MainWindow::buildPane(Pane pane) {
     BorderedBox& box = make<BorderedBox>(numbered("Picture1", pane), *this);
     binder_.bind(model_.Picture1.at(pane), box);
     QWidget& container = box.inside();
@@ -259,6 +261,7 @@ ListBoxView& MainWindow::buildPane(std::size_t pane) {
     list.setFrameShape(QFrame::NoFrame);
     list.setFont(binder_.screen().fixedFont());
     list.bindTo(model_.Output.at(pane), binder_);
+    new PaneMenu{list, pane, model_.copies()};
     title.standOver(list);
     QScrollBar& bar = make<QScrollBar>(numbered("HScroll", pane), container);
     bar.setOrientation(Qt::Horizontal);
@@ -297,6 +300,9 @@ void MainWindow::buildWays() {
     press(Qt::Key_F5, "cmdReadCDDS");
     press(Qt::CTRL | Qt::Key_E, "cmdExtract");
     press(Qt::CTRL | Qt::Key_I, "cmdInsert");
+    keys->add(Qt::Key_F1, [this] {
+        if (help) help();
+    });
     auto* search = findChild<QLineEdit*>("incrementalSearchText");
     keys->add(Qt::CTRL | Qt::Key_F, [search] {
         search->setFocus(Qt::ShortcutFocusReason);

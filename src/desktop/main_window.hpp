@@ -23,6 +23,7 @@ public:
     /// What the model does when it becomes the program's active window.
     void activate();
 
+    std::function<void()> help;  ///< what F1 does
     std::function<void()> ready; ///< runs once, as a command of the user's, behind the first activation
 
 protected:
@@ -38,7 +39,7 @@ private:
     void buildViewport(QtViewportSurface& surface);
     void buildStrip();
     void buildStructure();
-    ListBoxView& buildPane(std::size_t pane);
+    ListBoxView& buildPane(Pane pane);
     void orderTabs();
     /// What the window takes beside its controls.
     void buildWays();

@@ -111,6 +111,8 @@ void ArchiveReading::readFile() {
     if (c_.window.isUnloaded()) return; // closed behind its message
     const std::optional<ReadTables> read = readTables();
     if (!read) return;
+    if (!std::holds_alternative<NotAnArchive>(read->contents))
+        session_.settings.recentArchives.add(session_.archivePath);
     if (const auto* tables = std::get_if<Tables0C>(&read->contents)) show(*tables, read->file);
     if (const auto* tables = std::get_if<TablesCdds>(&read->contents)) show(*tables, read->file);
 }

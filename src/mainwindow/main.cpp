@@ -25,6 +25,7 @@ Main::Main(Session& session, const MainServices& services)
                  cmdShowMask, cmdShowAlphaChannel, Output[TexturePane], Timer1},
                 session, viewer_, layout_),
       listing_({Output, incrementalSearchList, Text2, Text3, Text4, Text5, Text7, Text9, Label11}),
+      copies_({Output, Text2, Text9}, session),
       choice_({Output, incrementalSearchList, Label11}, session, viewer_, look_, services.boxes),
       search_({incrementalSearchText, incrementalSearchList, Output[TexturePane]}),
       reading_({window,

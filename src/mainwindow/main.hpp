@@ -10,6 +10,7 @@
 #include "mainwindow/life_cycle.hpp"
 #include "mainwindow/listing_panes.hpp"
 #include "mainwindow/main_controls.hpp"
+#include "mainwindow/pane_copies.hpp"
 #include "mainwindow/splash.hpp"
 #include "mainwindow/texture_choice.hpp"
 #include "mainwindow/texture_look.hpp"
@@ -54,6 +55,7 @@ public:
     void openArchive(const std::string& path) { reading_.open(path); }
 
     [[nodiscard]] TextureLook& look() { return look_; }
+    [[nodiscard]] const PaneCopies& copies() const { return copies_; }
 
     InsertionRecovery recovery;
     Disclaimer disclaimer;
@@ -69,6 +71,7 @@ private:
     WindowLayout layout_;
     ViewportControls viewport_;
     ListingPanes listing_;
+    PaneCopies copies_;
     TextureChoice choice_;
     IncrementalSearch search_;
     ArchiveReading reading_;

@@ -77,6 +77,7 @@ CSetting storeFor(const std::string& settingsBaseName) try {
 void loadApplicationSettings(const std::string& settingsBaseName, ApplicationSettings& settings) {
     settings = {};
     CSetting store = storeFor(settingsBaseName);
+    settings.recentArchives.load(store.pass()); // which cannot fail half-way
     eachKey(settings, Load{store});
 }
 
@@ -84,6 +85,7 @@ void saveApplicationSettings(const std::string& settingsBaseName, const Applicat
     CSetting store = storeFor(settingsBaseName);
     try {
         eachKey(settings, Save{store});
+        settings.recentArchives.save(store.pass());
     } catch (const SettingsPassEnded&) {
         store.endPass();
         throw;

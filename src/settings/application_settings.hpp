@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/recent_archives.hpp"
+
 #include <cstdint>
 #include <functional>
 #include <stdexcept>
@@ -21,6 +23,7 @@ struct ApplicationSettings {
     std::int16_t viewPortColor = 0;      ///< below backgroundColors
     std::string bazarTempFolder;
     std::string cddsBackupFolder;
+    RecentArchives recentArchives;
 };
 
 /// A load or save pass that ended at a key. The keys before it are done, it and those behind it are not.

@@ -36,6 +36,8 @@ public:
 
     /// From here on every get and save of a profile file is of this one reading. Fails as Profile does.
     void beginPass();
+    /// The reading itself, during a pass.
+    [[nodiscard]] Profile& pass() { return pass_.value(); }
     /// Writes what the pass has saved, all of it or nothing.
     void endPass();
 

@@ -105,6 +105,29 @@ TEST_F(RealWindow, AnArchiveComesFromOutsideAndCommandsHaveKeysInEachBox) {
     });
     user.until("the dropped one",
                [&, other] { return widget<QLineEdit>("Text1").text() == other && box.text() == "one.bmp"; });
+    // The menu of a text, by its entries; one of them is taken.
+    const auto menu = [this](QWidget& view, const QString& taken) {
+        QContextMenuEvent wish{QContextMenuEvent::Mouse, {3, 3}, view.mapToGlobal(QPoint{3, 3})};
+        QApplication::sendEvent(&view, &wish);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QStringList entries;
+        for (QAction* entry : menu->actions()) {
+            if (entry->isEnabled()) entries << entry->text().section('\t', 0, 0);
+            if (entry->text().contains(taken)) entry->trigger();
+        }
+        menu->close();
+        return entries.join(';').toStdString();
+    };
+    user.then([&, menu] {
+            auto& lines = list("Output1");
+            lines.selectAll();
+            EXPECT_EQ(menu(*lines.viewport(), "Offset"), "&Copy Lines;Copy &Name;Copy &Offset in Hex");
+            const QString offset = QApplication::clipboard()->text();
+            QTest::keyClick(&lines, Qt::Key_C, Qt::ControlModifier);
+            EXPECT_TRUE(QApplication::clipboard()->text().endsWith("\t" + offset));
+            EXPECT_EQ(menu(widget<QLineEdit>("Text1"), "demo.cdds"), "");
+        })
+        .until("the one before", [this] { return list("Output0").model()->rowCount() == 1; });
     for (const Qt::Key key : {Qt::Key_E, Qt::Key_I}) {
         user.then([&box, key] { QTest::keyClick(&box, key, Qt::ControlModifier); });
         acceptMessage(); // no folder is chosen

@@ -39,6 +39,42 @@ TEST_F(Reading, FillsThePanesAndChoosesTheFirstTexture) {
               "Select .CDDS file to analyse, Cdds File (*.cdds), " + folder.path());
 }
 
+TEST_F(Reading, ItsLinesCanBeTakenAsText) {
+    // The layout, the pane, its lines' cells, and what else can be copied of them.
+    const char* textures = "Index\tFile Name\tWidth\tHeight\tType\tNbMMap\t";
+    const char* levels = "Index\tSize\tWidth\tHeight\tAdrDec\tAdrHex\tOffsetDec\tOffsetHex\tTrgDec\tTrgHex\n";
+    for (const CddsType type : {CddsType::Type0C, CddsType::TypeCdds}) {
+        const bool cdds = type == CddsType::TypeCdds;
+        open({type,
+              {{"first", "DXT1", {{4, 4, "12345678"}}},
+               {" a\tb c.bmp", "D 1", {{1000000, 2, "12345678"}, {2, 2, "abcdefgh"}}}}});
+        choose(1);
+        const auto copy = [this](Pane pane, PaneCopy what) { return main.copies().text(pane, what); };
+        const std::string line = copy(TexturePane, PaneCopy::Lines);
+        EXPECT_EQ(line.substr(0, line.find("NbMMap") + 7), textures);
+        EXPECT_NE(line.find("\n2\ta\uFFFDb c.bmp\t1000000\t2\tD 1\t2\t"), std::string::npos) << line;
+        EXPECT_EQ(std::count(line.begin(), line.end(), '\t'), cdds ? 44 : 26);
+        EXPECT_EQ(copy(TexturePane, PaneCopy::Names), " a\uFFFDb c.bmp");
+        const std::string offset = copy(TexturePane, PaneCopy::Offsets);
+        EXPECT_NE(line.find("\t" + std::to_string(std::stoi(offset, nullptr, 16)) + "\t" + offset),
+                  std::string::npos);
+        main.Output[MipmapPane].choose({{0, 0}, {2, 2}});
+        const std::string chosen = copy(MipmapPane, PaneCopy::Lines);
+        EXPECT_EQ(chosen.substr(0, chosen.find('\n') + 1), levels);
+        EXPECT_NE(chosen.find("\n3\t8\t2\t2\t"), std::string::npos) << chosen;
+        EXPECT_EQ(copy(MipmapPane, PaneCopy::Names), "first\n a\uFFFDb c.bmp");
+        const auto position = static_cast<std::size_t>(session.archive.textures[1].mipmaps[1].dataOffset);
+        std::ostringstream hex;
+        hex << std::hex << std::uppercase << position;
+        EXPECT_TRUE(copy(MipmapPane, PaneCopy::Offsets).ends_with("\n" + hex.str()));
+        EXPECT_EQ(copy(HeaderPane, PaneCopy::Lines), "");
+        main.Output[HeaderPane].setSelected(0, true);
+        EXPECT_EQ(copy(HeaderPane, PaneCopy::Offsets), "");
+        EXPECT_TRUE(
+            copy(HeaderPane, PaneCopy::Lines).starts_with(cdds ? "Long1\tLong2\t" : "FileNb\tLong1\t"));
+    }
+}
+
 TEST_F(Reading, CancellingLeavesTheArchiveAndEmptiesTheDisplay) {
     open(archiveOf({"a.bmp", "b.bmp"}));
     fileOpen.answer.reset();

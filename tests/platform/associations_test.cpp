@@ -34,6 +34,7 @@ struct Associations : testing::Test {
         know("text", program("prose", "exit 126\n") + " %f");
         know("bus", "DBusActivatable=true");
         know("alone", "");
+        defaults += "inode/directory=pot.desktop\n";
         (void)folder.write("data/mime/globs2", kinds);
         (void)folder.write("config/mimeapps.list", defaults);
         setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + folder.file("none")).c_str(), 1);
@@ -68,6 +69,8 @@ TEST_F(Associations, AProgramIsFoundByTheNameAloneAndGetsThePathAsOneArgument) {
     const std::string picture = folder.write("a folder/caf\u00E9 \"x\" $y.pot", "no picture");
     associations.open(picture);
     EXPECT_EQ(folder.read("brush.said"), "--new|" + picture + "|pelrath_TIME0|");
+    associations.showInFolder({picture}); // where no file manager answers by message
+    EXPECT_EQ(folder.read("brush.said"), "--new|" + folder.file("a folder") + "|pelrath_TIME0|");
     EXPECT_EQ(children(), ""); // not even a dead one
 }
 

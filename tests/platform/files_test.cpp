@@ -1,6 +1,7 @@
 #include "platform/posix/file_mode.hpp"
 #include "platform/posix/file_patch.hpp"
 #include "platform/posix/full_path.hpp"
+#include "platform/posix/named_files.hpp"
 #include "platform/posix/sub_folders.hpp"
 #include "support/refusals.hpp"
 #include "support/temporary_folder.hpp"
@@ -137,6 +138,21 @@ TEST(Folders, TellWhyTheyCannotBeReadOrMade) {
     EXPECT_EQ(row(readSubFolders(file).systemError, readSubFolders(folder.file("none")).systemError),
               row(ENOTDIR, ENOENT));
     EXPECT_EQ(row(makeFolder(file), makeFolder(folder.file("a/b"))), row(EEXIST, ENOENT));
+}
+
+TEST(NamedFiles, AreThoseOnTheDiskThatATextNames) {
+    const TemporaryFolder folder;
+    const std::string one = folder.write("a b.dds", ""), two = folder.write("c", "");
+    const std::tuple<const char*, std::string, std::vector<std::string>> cases[] = {
+        {"a summary", one + " written\r\n" + two + " not overwritten.\r\n2 file(s).", {one, two}},
+        {"a message", "The file \"" + two + "\" and (" + one + ").", {two, one}},
+        {"one named twice", two + ": " + two, {two}},
+        {"a path alone", one, {one}},
+        {"a folder, and what is not there", folder.path() + " " + one + "x", {}},
+        {"a part of another path", "x" + two, {}}};
+    for (const auto& [what, text, files] : cases) {
+        EXPECT_EQ(filesNamedIn(text), files) << what;
+    }
 }
 
 } // namespace

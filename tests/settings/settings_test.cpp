@@ -163,5 +163,28 @@ TEST(ApplicationSettingsFile, HoldsNineKeys) {
     EXPECT_EQ(row(settings.mainTop, settings.extractionFolder), "0, ");
 }
 
+TEST(RecentArchivesFile, KeepsTheTenNewestInASectionOfItsOwn) {
+    const TemporaryFolder folder;
+    ApplicationSettings settings;
+    saveApplicationSettings(folder.file("Pelrath"), settings);
+    const std::string before = folder.read("Pelrath.ini");
+    for (const char* path :
+         {"/0", "/1", "/2", "/3", "/4", "/5", "/6", "/7", "/8", "/\u05D0 b ", "/1", "/x\ny", ""}) {
+        settings.recentArchives.add(path);
+    }
+    settings.recentArchives.add("/" + std::string(300, 'z'));
+    const std::string kept = "[Recent]\n1=/" + std::string(300, 'z') +
+                             "\n2=/1\n3=\"/\u05D0 b \"\n4=/8\n5=/7\n6=/6\n7=/5\n8=/4\n9=/3\n10=/2\n";
+    saveApplicationSettings(folder.file("Pelrath"), settings);
+    EXPECT_EQ(folder.read("Pelrath.ini"), before + kept);
+    loadApplicationSettings(folder.file("Pelrath"), settings);
+    EXPECT_EQ(row(settings.recentArchives.paths().size(), settings.recentArchives.paths().at(2)),
+              "10, /\u05D0 b ");
+    settings.recentArchives.clear();
+    saveApplicationSettings(folder.file("Pelrath"), settings);
+    loadApplicationSettings(folder.file("Pelrath"), settings);
+    EXPECT_TRUE(settings.recentArchives.paths().empty());
+}
+
 } // namespace
 } // namespace pelrath::test

@@ -1,5 +1,6 @@
 #include "platform/posix/desktop_associations.hpp"
 
+#include "platform/posix/file_uri.hpp"
 #include "platform/posix/files.hpp"
 #include "platform/posix/glib_owned.hpp"
 #include "platform/runtime_error.hpp"
@@ -8,6 +9,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <functional>
 
 #include <sys/wait.h>
 
@@ -91,6 +93,49 @@ int runToTheEnd(GAppInfo* program, GList* uris, GError** error) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 0;
 }
 
+// What to say of a program that does not start, given the reason.
+using Refusal = std::function<RuntimeError(const std::string& reason)>;
+
+// Through its desktop entry, as a sandboxed program has no other way to be started.
+void startWith(GAppInfo* program, const std::string& file, const Refusal& refusal) {
+    const GlibOwned<char> uri{g_filename_to_uri(file.c_str(), nullptr, nullptr)};
+    const GlibOwned<GList> uris{g_list_append(nullptr, uri.get())};
+    GError* error = nullptr;
+    int ending = 0;
+    const auto start = std::chrono::steady_clock::now();
+    if (isStartedByMessage(program)) {
+        awaitAnswer(program, uris.get(), &error);
+    } else {
+        ending = runToTheEnd(program, uris.get(), &error);
+    }
+    const GlibOwned<GError> failure{error};
+    if (failure) throw refusal(reasonOf(*failure));
+    const bool atOnce = std::chrono::steady_clock::now() - start < startingTime;
+    if (atOnce && meansNotRun(ending)) {
+        throw refusal(executableOf(program) + " does not run (exit code " + std::to_string(ending) +
+                      "): it is damaged, or something that it needs is missing");
+    }
+}
+
+// False where nobody answers to the name of a file manager.
+bool askFileManager(const std::vector<std::string>& files) {
+    const GlibObject<GDBusConnection> bus{g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr)};
+    if (!bus) return false;
+    g_dbus_connection_set_exit_on_close(bus.get(), FALSE); // the program outlives its desktop's messages
+    GVariantBuilder uris;
+    g_variant_builder_init(&uris, G_VARIANT_TYPE("as"));
+    for (const std::string& file : files) {
+        g_variant_builder_add(&uris, "s", uriOfPath(file).c_str());
+    }
+    GVariant* answer = g_dbus_connection_call_sync(
+        bus.get(), "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
+        "org.freedesktop.FileManager1", "ShowItems", g_variant_new("(ass)", &uris, ""), nullptr,
+        G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr);
+    if (answer == nullptr) return false;
+    g_variant_unref(answer);
+    return true;
+}
+
 } // namespace
 
 std::string DesktopAssociations::executableFor(const std::string& file) {
@@ -102,28 +147,26 @@ std::string DesktopAssociations::executableFor(const std::string& file) {
     return entry == nullptr ? "" : entry;
 }
 
-// Through its desktop entry, as a sandboxed program has no other way to be started.
 void DesktopAssociations::open(const std::string& file) {
+    const auto refusal = [&file](const std::string& reason) { return notStarted(file, reason); };
     const GlibObject<GAppInfo> program = programFor(file);
-    if (!program) throw notStarted(file, "there is none any more");
-    const GlibOwned<char> uri{g_filename_to_uri(file.c_str(), nullptr, nullptr)};
-    const GlibOwned<GList> uris{g_list_append(nullptr, uri.get())};
-    GError* error = nullptr;
-    int ending = 0;
-    const auto start = std::chrono::steady_clock::now();
-    if (isStartedByMessage(program.get())) {
-        awaitAnswer(program.get(), uris.get(), &error);
-    } else {
-        ending = runToTheEnd(program.get(), uris.get(), &error);
-    }
-    const GlibOwned<GError> failure{error};
-    if (failure) throw notStarted(file, reasonOf(*failure));
-    const bool atOnce = std::chrono::steady_clock::now() - start < startingTime;
-    if (atOnce && meansNotRun(ending)) {
-        throw notStarted(file, executableOf(program.get()) + " does not run (exit code " +
-                                   std::to_string(ending) +
-                                   "): it is damaged, or something that it needs is missing");
-    }
+    if (!program) throw refusal("there is none any more");
+    startWith(program.get(), file, refusal);
+}
+
+void DesktopAssociations::showInFolder(const std::vector<std::string>& files) {
+    if (files.empty() || askFileManager(files)) return;
+    const std::string folder{parentFolder(files.front())};
+    const auto refusal = [&folder](const std::string& reason) {
+        return RuntimeError{static_cast<int>(ErrorNumber::FileNotFound), "showInFolder",
+                            "The file manager cannot be started: " + reason +
+                                ".\r\n\r\nPlease choose a program for folders in the settings of your "
+                                "desktop, or open " +
+                                folder + " by hand."};
+    };
+    const GlibObject<GAppInfo> program{g_app_info_get_default_for_type("inode/directory", FALSE)};
+    if (!program) throw refusal("there is none");
+    startWith(program.get(), folder, refusal);
 }
 
 } // namespace pelrath

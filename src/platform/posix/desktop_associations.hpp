@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace pelrath {
 
@@ -14,6 +15,10 @@ public:
     /// where it is started by message, taken the message. Fails where it cannot be started, with a
     /// description that says what to do.
     static void open(const std::string& file);
+
+    /// Has the file manager show the folder of these files, with the files marked where it can do that. Fails
+    /// where there is none that starts.
+    static void showInFolder(const std::vector<std::string>& files);
 };
 
 } // namespace pelrath

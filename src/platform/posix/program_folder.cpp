@@ -39,4 +39,13 @@ std::string programFolder() {
 
 std::string otherProgramFolder() { return isOwnUsed() ? dataFolder() : ownFolder(); }
 
+std::string guideFile() {
+    const std::string own{parentFolder(executablePath())};
+    for (const char* place : {"../share/doc/pelrath/guide.md", "../../../docs/guide.md"}) {
+        std::string file = std::filesystem::path{joinPath(own, place)}.lexically_normal().string();
+        if (fileExists(file)) return file;
+    }
+    return {};
+}
+
 } // namespace pelrath

@@ -14,4 +14,7 @@ namespace pelrath {
 /// be in it.
 [[nodiscard]] std::string otherProgramFolder();
 
+/// The guide's text where it was installed, or where the program was built; empty where there is none.
+[[nodiscard]] std::string guideFile();
+
 } // namespace pelrath
