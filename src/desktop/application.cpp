@@ -1,5 +1,6 @@
 #include "desktop/application.hpp"
 
+#include "desktop/accessible_frame.hpp"
 #include "desktop/artwork.hpp"
 #include "desktop/whole_frames.hpp"
 #include "platform/posix/program_folder.hpp"
@@ -22,7 +23,9 @@ Application::Application()
                   [this](const std::string& why) { boxes.exclamation(why, "Pelrath - File manager"); }),
       textMenus(refresh, fileManager), recentMenu(window, main, session.settings.recentArchives, refresh) {
     QApplication::setStyle(new WholeFrames);           // the application owns it
+    QApplication::setLayoutDirection(Qt::LeftToRight); // places are fixed, and so are the texts in them
     QApplication::setWindowIcon(programIcon());        // of message boxes before the first window, too
+    tellWindowsApart();
     session.programFolder = programFolder();
     session.otherProgramFolder = otherProgramFolder();
     windows.add(main.disclaimer.window, disclaimer);

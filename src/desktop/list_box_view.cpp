@@ -55,10 +55,10 @@ void ListBoxView::resizeEvent(QResizeEvent* event) {
 
 void ListBoxView::bindTo(ListBox& list, Binder& binder) {
     list_ = &list;
-    refresh_ = &binder.refresh();
     lines_ = new ListBoxModel{list, this};
     setSelectionMode(list.choice() == ListBox::Choice::Single ? SingleSelection : ExtendedSelection);
     setModel(lines_);
+    refresh_ = &binder.refresh(); // what came before is no act of the user's
     binder.attach(list, *this, [this] { push(); });
 }
 

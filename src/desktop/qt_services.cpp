@@ -35,6 +35,7 @@ BoxAnswer QtMessageBoxes::show(const std::string& text, const std::string& title
     box.setTextFormat(Qt::PlainText); // paths and names are shown as they are
     box.setText(toQString(text).replace("\r\n", "\n"));
     box.setWindowTitle(toQString(title));
+    box.setAccessibleDescription(box.text()); // or only the label inside would say it
     box.setIcon(iconOf(icon));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     box.setStandardButtons(buttons == BoxButtons::Ok ? QMessageBox::Ok

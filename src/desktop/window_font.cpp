@@ -122,13 +122,17 @@ void WindowFont::choose() {
     window_.setFont(font);
 }
 
-bool WindowFont::holds(const QFont& font) const {
+bool WindowFont::holds(const QFont& font) {
     const QFontMetrics metrics{font};
-    return std::all_of(views_.begin(), views_.end(), [&metrics](const QPointer<QWidget>& view) {
-        if (view.isNull() || view->testAttribute(Qt::WA_SetFont) || view->size().isEmpty()) return true;
-        const Caption caption = captionOf(*view);
-        return caption.text.isEmpty() || fits(caption, metrics);
-    });
+    const auto tooNarrow =
+        std::find_if(views_.begin(), views_.end(), [&metrics](const QPointer<QWidget>& view) {
+            if (view.isNull() || view->testAttribute(Qt::WA_SetFont) || view->size().isEmpty()) return false;
+            const Caption caption = captionOf(*view);
+            return !caption.text.isEmpty() && !fits(caption, metrics);
+        });
+    if (tooNarrow == views_.end()) return true;
+    std::rotate(views_.begin(), tooNarrow, tooNarrow + 1); // the next font is most likely too wide there, too
+    return false;
 }
 
 } // namespace pelrath::desktop

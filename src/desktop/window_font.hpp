@@ -28,7 +28,7 @@ protected:
 private:
     WindowFont(QWidget& window, Refresh& refresh);
     void choose();
-    [[nodiscard]] bool holds(const QFont& font) const;
+    [[nodiscard]] bool holds(const QFont& font);
 
     QWidget& window_;
     Refresh& refresh_;
