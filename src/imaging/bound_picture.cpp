@@ -3,6 +3,7 @@
 #include "imaging/block_decoder.hpp"
 #include "imaging/bound_pixels.hpp"
 #include "imaging/chain_encoder.hpp"
+#include "imaging/dds_format.hpp"
 #include "imaging/library_error.hpp"
 #include "imaging/loadable_file.hpp"
 #include "imaging/memory_files.hpp"
@@ -45,12 +46,31 @@ bool withNearestFilter(const LibraryFunctions& library, Call call) {
     return done;
 }
 
-/// Leaves a file alone whose levels are not those that the blocks are of.
-void putBlocks(Bytes blocks, std::vector<std::byte>& file) {
-    if (file.size() == LoadableFile::blocksAt + blocks.size()) {
-        std::ranges::copy(blocks, file.begin() + LoadableFile::blocksAt);
+/// A picture of one pixel, bound for as long as it lives in the place of the one that is.
+class OnePixel {
+public:
+    static constexpr Sides sides{1, 1};
+
+    OnePixel(const LibraryFunctions& library, const LibraryImages& images)
+        : images_(images), before_(static_cast<ILuint>(library.ilGetInteger(IL_CUR_IMAGE))),
+          image_(images.generate()) {
+        images_.bind(image_);
+        ILubyte pixel[bytesPerTexel]{};
+        library.ilTexImage(sides.width, sides.height, 1, bytesPerTexel, IL_RGBA, IL_UNSIGNED_BYTE, pixel);
     }
-}
+    ~OnePixel() {
+        images_.bind(before_);
+        images_.remove(image_);
+        (void)images_.readErrorCode(); // the file is what counts
+    }
+    OnePixel(const OnePixel&) = delete;
+    OnePixel& operator=(const OnePixel&) = delete;
+
+private:
+    const LibraryImages& images_;
+    ILuint before_;
+    ILuint image_;
+};
 
 } // namespace
 
@@ -137,10 +157,25 @@ bool BoundPicture::buildChain() {
 
 /// Nothing where the library fails without a code.
 std::optional<std::vector<std::byte>> BoundPicture::save(const std::string& fileName, Bytes known) {
-    const Sides sides = this->sides();
-    const bool dds = options_.imageType == IL_DDS;
-    std::optional<ChainEncoder> encoder;
-    if (dds) startEncoding(encoder, known);
+    const std::vector<Pixels> levels =
+        options_.imageType == IL_DDS ? levelsToCompress() : std::vector<Pixels>{};
+    if (levels.empty()) return savedByLibrary(fileName, sides());
+    // The library's encoder loses colours: one pixel is enough of it, as its file gets other levels.
+    std::optional<std::vector<std::byte>> file;
+    {
+        const OnePixel bound{library_, images_};
+        file = savedByLibrary(fileName, OnePixel::sides);
+    }
+    if (file) {
+        const BlockFormat format = blockFormatOf(ddsHeaderOf(*file));
+        const std::span<std::byte> blocks = makeRoomForLevels(format, levels, *file);
+        encodeChain(format, levels, known, blocks);
+    }
+    return file;
+}
+
+/// The whole file of a picture of these sides, which is bound.
+std::optional<std::vector<std::byte>> BoundPicture::savedByLibrary(const std::string& fileName, Sides sides) {
     WritingToMemory writing;
     const bool saved = librarySaves(fileName);
     bindWholeImage();
@@ -153,23 +188,20 @@ std::optional<std::vector<std::byte>> BoundPicture::save(const std::string& file
     if (!isWholeFile(options_.imageType, sides, file)) {
         throw ImageLibraryError{IL_FILE_WRITE_ERROR, "saveImage"};
     }
-    // An earlier save may have left its chain on the image.
-    if (dds && !options_.buildMipmaps) dropChain(sides, file);
     if (options_.imageType == IL_TGA) finishTarga(sides, options_.targaFirstRow, file);
-    if (encoder) putBlocks(encoder->finish(), file);
     return file;
 }
 
-/// Begins to compress the levels that are going to be saved: the library only reads their pixels meanwhile.
-void BoundPicture::startEncoding(std::optional<ChainEncoder>& encoder, Bytes known) {
+/// The levels that are going to be saved; none where they could not be converted to what is compressed.
+std::vector<Pixels> BoundPicture::levelsToCompress() {
     const auto below = static_cast<std::uint32_t>(library_.ilGetInteger(IL_NUM_MIPMAPS));
+    const std::uint32_t wanted = options_.buildMipmaps ? below + 1 : 1;
     std::vector<Pixels> levels;
-    forEachLevel(options_.buildMipmaps ? below + 1 : 1, [&](const Pixels& level) {
+    forEachLevel(wanted, [&](const Pixels& level) {
         if (level.format == IL_RGBA && !level.values.empty()) levels.push_back(level);
     });
-    const bool dxt1 = library_.ilGetInteger(IL_DXTC_FORMAT) == IL_DXT1;
-    encoder.emplace(dxt1 ? BlockFormat::Dxt1 : BlockFormat::Dxt5, levels, known);
-    encoder->start();
+    if (levels.size() != wanted) levels.clear();
+    return levels;
 }
 
 /// Saving a chain leaves its last level as the one that the next call would work on.

@@ -16,7 +16,6 @@
 
 namespace pelrath {
 
-class ChainEncoder;
 struct LoadableFile;
 
 /// The library's bound image, with the pixels and blocks as they should be where the library's own are not.
@@ -49,7 +48,9 @@ public:
 private:
     void putExactPixels(const LoadableFile& file);
     [[nodiscard]] ColourUnderAlpha coloursInForce() const;
-    void startEncoding(std::optional<ChainEncoder>& encoder, Bytes known);
+    [[nodiscard]] std::optional<std::vector<std::byte>> savedByLibrary(const std::string& fileName,
+                                                                       Sides sides);
+    [[nodiscard]] std::vector<Pixels> levelsToCompress();
     template <typename Work>
     void forEachLevel(std::uint32_t levels, Work work);
     void bindWholeImage();

@@ -24,6 +24,7 @@ const LibraryFunctions& imageLibrary() {
         .ilBindImage = ::ilBindImage,
         .ilCopyImage = ::ilCopyImage,
         .ilDeleteImages = ::ilDeleteImages,
+        .ilTexImage = ::ilTexImage,
         .ilActiveMipmap = ::ilActiveMipmap,
         .ilGetData = ::ilGetData,
         .ilLoad = ::ilLoad,

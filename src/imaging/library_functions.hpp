@@ -24,6 +24,9 @@ struct LibraryFunctions {
     void (*ilBindImage)(std::uint32_t image);
     std::uint8_t (*ilCopyImage)(std::uint32_t source);
     void (*ilDeleteImages)(std::size_t count, const std::uint32_t* images);
+    std::uint8_t (*ilTexImage)(std::uint32_t width, std::uint32_t height, std::uint32_t depth,
+                               std::uint8_t channels, std::uint32_t format, std::uint32_t dataType,
+                               void* data);
     std::uint8_t (*ilActiveMipmap)(std::uint32_t level);
     std::uint8_t* (*ilGetData)();
     std::uint8_t (*ilLoad)(std::uint32_t imageType, const char* fileName);

@@ -1,5 +1,6 @@
 #include "imaging/saved_file.hpp"
 
+#include "imaging/chain_encoder.hpp"
 #include "imaging/dds_format.hpp"
 #include "imaging/library_error.hpp"
 #include "imaging/loadable_file.hpp"
@@ -70,13 +71,19 @@ bool isWholeFile(std::int32_t imageType, Sides sides, Bytes bytes) try {
     return false; // too short for a header
 }
 
-void dropChain(Sides sides, std::vector<std::byte>& file) {
+std::span<std::byte> makeRoomForLevels(BlockFormat format, std::span<const Pixels> levels,
+                                       std::vector<std::byte>& file) {
     DdsHeader header = ddsHeaderOf(file);
-    const std::uint64_t level = bytesPerLevel(blockFormatOf(header), sides.width, sides.height);
-    file.resize(LoadableFile::blocksAt + static_cast<std::size_t>(level));
-    header.mipmapCount = 1;
+    const Sides sides = levels.front().sides;
+    header.width = sides.width;
+    header.height = sides.height;
+    header.linearSize = static_cast<std::uint32_t>(bytesOfLevels(format, levels.first(1)));
+    header.mipmapCount = static_cast<std::uint32_t>(levels.size());
     header.capabilities[0] = DdsHeader::Texture;
-    std::ranges::copy(bytesOf(header), file.begin());
+    if (levels.size() > 1) header.capabilities[0] |= DdsHeader::Complex | DdsHeader::Mipmap;
+    file.assign(bytesOf(header).begin(), bytesOf(header).end());
+    file.resize(LoadableFile::blocksAt + static_cast<std::size_t>(bytesOfLevels(format, levels)));
+    return std::span{file}.subspan(LoadableFile::blocksAt);
 }
 
 void finishTarga(Sides sides, FirstRow firstRow, std::vector<std::byte>& file) {

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "imaging/block_decoder.hpp"
+#include "imaging/bound_pixels.hpp"
 #include "imaging/refusal.hpp"
 #include "imaging/save_image_options.hpp"
 #include "platform/posix/files.hpp"
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace pelrath {
@@ -15,8 +18,9 @@ namespace pelrath {
 /// `imageType` is the library's number.
 [[nodiscard]] bool isWholeFile(std::int32_t imageType, Sides sides, Bytes file);
 
-/// Leaves level 0 alone in a whole DDS file of a picture of these sides.
-void dropChain(Sides sides, std::vector<std::byte>& file);
+/// Makes a whole DDS file of any picture one of these levels, whose blocks are what is left to be filled in.
+[[nodiscard]] std::span<std::byte> makeRoomForLevels(BlockFormat format, std::span<const Pixels> levels,
+                                                     std::vector<std::byte>& file);
 
 /// Rewrites a whole TGA file of a picture of these sides: what the library leaves to chance is cleared, the
 /// rows stand as asked, a valid footer ends it, and the header claims the alpha that 32-bit pixels hold:

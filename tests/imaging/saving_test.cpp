@@ -45,9 +45,14 @@ TEST_F(Saving, WritesEachOutputWholeAndUpright) {
         const std::string file = folder.read(name);
         EXPECT_TRUE(file.starts_with(start) && (length == 0 || file.size() == length))
             << name << ' ' << file.size();
-        EXPECT_TRUE(levels == 0 || file.substr(28, 4) == little(levels, 4)) << name;
+        if (levels == 0 || name[0] == 'd') continue;
+        // What a reader of the header is told is what the library says of the same picture.
+        EXPECT_TRUE(imageLibrary().ilSaveImage(folder.file("d.dds").c_str()));
+        images.bind(image); // the library leaves the last level bound
+        EXPECT_EQ(folder.read("d.dds").substr(0, 128), file.substr(0, 128)) << name;
     }
     EXPECT_EQ(folder.names().size(), std::size(cases));
+    EXPECT_EQ(folder.read("d.dds").substr(28, 4), little(1, 4));
     EXPECT_EQ(folder.read("d.dds").substr(108, 4), little(0x1000, 4)) << "a texture and nothing more";
     for (const char* name : {"a.bmp", "a.TGA", "a.dds", "b.dds", "c.dds", "d.dds"}) {
         EXPECT_TRUE(pixelsOf(folder.file(name)) == pixels(std::string(16, 'R') + std::string(16, 'B')))
