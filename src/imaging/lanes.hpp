@@ -1,5 +1,7 @@
 #pragma once
 
+#include "imaging/wide_registers.hpp"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -38,8 +40,5 @@ using LaneInts = std::int32_t __attribute__((vector_size(4 * laneCount)));
     }
     return any != 0;
 }
-
-/// Whether the processor has registers of eight lanes (AVX2).
-[[nodiscard]] inline bool hasWideRegisters() { return __builtin_cpu_supports("avx2") != 0; }
 
 } // namespace pelrath

@@ -6,10 +6,12 @@
 #include <cstring>
 
 #ifdef __SSE2__
-#include <emmintrin.h>
+#include <immintrin.h>
 #endif
 
-/// Arithmetic on the channels of two pixels at once, in narrow whole numbers.
+/// Arithmetic on the channels of two pixels at once, in narrow whole numbers, or on two such pairs where the
+/// processor has registers that are as wide. The wide ones keep the pairs apart: each half of a result comes
+/// from the halves of what went in.
 namespace pelrath {
 
 inline constexpr std::size_t lanes = 4; ///< for a pixel's channels; those that there are not hold anything
@@ -17,17 +19,24 @@ inline constexpr std::size_t lanes = 4; ///< for a pixel's channels; those that 
 using Shorts = std::int16_t __attribute__((vector_size(4 * lanes)));
 using Sums = std::int32_t __attribute__((vector_size(4 * lanes)));
 
-[[nodiscard]] inline Shorts shortsAt(const std::int16_t* values) {
-    Shorts shorts;
-    std::memcpy(&shorts, values, sizeof shorts);
-    return shorts;
+struct NarrowRegisters {
+    using Values = Shorts;
+    using Totals = Sums;
+};
+
+template <typename Values>
+[[nodiscard]] Values valuesAt(const std::int16_t* from) {
+    Values values;
+    std::memcpy(&values, from, sizeof values);
+    return values;
 }
 
 /// Two numbers, in turns.
-[[nodiscard]] inline Shorts pairOf(const std::int16_t* two) {
+template <typename Registers>
+[[nodiscard]] typename Registers::Values pairOf(const std::int16_t* two) {
     std::int32_t both = 0;
     std::memcpy(&both, two, sizeof both);
-    return reinterpret_cast<Shorts>(Sums{} + both);
+    return reinterpret_cast<typename Registers::Values>(typename Registers::Totals{} + both);
 }
 
 [[nodiscard]] inline Shorts lowInterleaved(Shorts a, Shorts b) {
@@ -79,27 +88,59 @@ using Sums = std::int32_t __attribute__((vector_size(4 * lanes)));
 #endif
 }
 
-/// Puts eight numbers as bytes, cut to 0..255.
-inline void putBytes(Shorts values, std::uint8_t* bytes) {
+/// The same as bytes, cut to 0..255.
+[[nodiscard]] inline std::uint64_t packedBytes(Shorts values) {
+    std::uint64_t bytes = 0;
 #ifdef __SSE2__
     const auto whole = reinterpret_cast<__m128i>(values);
-    _mm_storel_epi64(reinterpret_cast<__m128i*>(bytes), _mm_packus_epi16(whole, whole));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(&bytes), _mm_packus_epi16(whole, whole));
 #else
     for (std::size_t i = 0; i < 2 * lanes; ++i) {
-        bytes[i] = static_cast<std::uint8_t>(std::clamp<std::int16_t>(values[i], 0, 255));
+        bytes |= std::uint64_t{static_cast<std::uint8_t>(std::clamp<std::int16_t>(values[i], 0, 255))}
+                 << 8 * i;
     }
 #endif
+    return bytes;
 }
+
+#ifdef __SSE2__
+using WideShorts = std::int16_t __attribute__((vector_size(8 * lanes)));
+using WideSums = std::int32_t __attribute__((vector_size(8 * lanes)));
+struct WideRegisters {
+    using Values = WideShorts;
+    using Totals = WideSums;
+};
+
+[[nodiscard, gnu::target("avx2")]] inline WideShorts lowInterleaved(WideShorts a, WideShorts b) {
+    return reinterpret_cast<WideShorts>(
+        _mm256_unpacklo_epi16(reinterpret_cast<__m256i>(a), reinterpret_cast<__m256i>(b)));
+}
+[[nodiscard, gnu::target("avx2")]] inline WideShorts highInterleaved(WideShorts a, WideShorts b) {
+    return reinterpret_cast<WideShorts>(
+        _mm256_unpackhi_epi16(reinterpret_cast<__m256i>(a), reinterpret_cast<__m256i>(b)));
+}
+[[nodiscard, gnu::target("avx2")]] inline WideSums addedProducts(WideShorts a, WideShorts b) {
+    return reinterpret_cast<WideSums>(
+        _mm256_madd_epi16(reinterpret_cast<__m256i>(a), reinterpret_cast<__m256i>(b)));
+}
+[[nodiscard, gnu::target("avx2")]] inline WideShorts packed(WideSums a, WideSums b) {
+    return reinterpret_cast<WideShorts>(
+        _mm256_packs_epi32(reinterpret_cast<__m256i>(a), reinterpret_cast<__m256i>(b)));
+}
+#endif
 
 /// Pairs of bytes, of which the last of 2 or 4 channels is alpha: colours times alpha, and alpha, with 255
 /// as 64 times 255.
-[[nodiscard]] inline Shorts multipliedByAlpha(Shorts pair, std::size_t channels) {
+template <std::size_t channels>
+[[nodiscard]] Shorts multipliedByAlpha(Shorts pair) {
     using Unsigned = std::uint16_t __attribute__((vector_size(4 * lanes)));
-    const auto channelsOf = reinterpret_cast<Sums>(pair);
-    constexpr std::int32_t opaque = 255 << 16 | 255;
-    Sums factors = Sums{} + channelsOf[channels - 1];
-    factors[channels - 1] = opaque;
-    const auto products = reinterpret_cast<Unsigned>(pair) * reinterpret_cast<Unsigned>(factors);
+    constexpr int alpha = 2 * (channels - 1);
+    const Shorts opaque = Shorts{} + 255;
+    const auto factors = reinterpret_cast<Unsigned>(
+        channels == 2 ? __builtin_shufflevector(pair, opaque, alpha, alpha + 1, 8, 9, 8, 9, 8, 9)
+                      : __builtin_shufflevector(pair, opaque, alpha, alpha + 1, alpha, alpha + 1, alpha,
+                                                alpha + 1, 8, 9));
+    const auto products = reinterpret_cast<Unsigned>(pair) * factors;
     return reinterpret_cast<Shorts>((products + (products >> 8)) >> 2);
 }
 

@@ -78,9 +78,10 @@ double weight(int filter, std::uint32_t from, std::uint32_t to, std::uint32_t so
 
 TEST(Resampling, GivesWhatTheDefinitionOfEachFilterGivesOfColourAndAlphaApart) {
     std::minstd_rand random{7};
-    const std::pair<Sides, Sides> cases[] = {{{8, 8}, {4, 4}},     {{9, 5}, {1, 1}},  {{16, 7}, {5, 3}},
-                                             {{5, 3}, {15, 13}},   {{6, 4}, {3, 11}}, {{7, 16}, {7, 4}},
-                                             {{512, 512}, {3, 64}}}; // which more than one core does
+    const std::pair<Sides, Sides> cases[] = {{{8, 8}, {4, 4}},      {{9, 5}, {1, 1}},  {{16, 7}, {5, 3}},
+                                             {{5, 3}, {15, 13}},    {{6, 4}, {3, 11}}, {{7, 16}, {7, 4}},
+                                             {{512, 512}, {3, 64}},  // which more than one core does
+                                             {{25, 1024}, {18, 1}}}; // in strips
     for (const auto& [before, after] : cases) {
         for (std::size_t channels = 1; channels <= 4; ++channels) {
             std::vector<std::uint8_t> values(before.pixels() * channels), seen(after.pixels() * channels);
