@@ -15,11 +15,12 @@ unsigned squaredDistance(unsigned a, unsigned b) { return (a - b) * (a - b); }
 
 void AlphaEncoder::add(const SourceBlock& block, std::optional<std::uint64_t> known,
                        std::span<std::byte, 8> coding) {
-    Task task{{}, block.inside, known, coding.data()};
+    Task task{{}, block.inside, {}, coding.data()};
     for (std::size_t i = 0; i < texelsPerBlock; ++i) {
         task.values[i] = block.texels[i].alpha;
     }
-    if (known && errorOf(task, *known) == 0) return settle(task, {*known, 0});
+    if (known) task.known = {*known, errorOf(task, *known)};
+    if (task.known && task.known->error == 0) return settle(task, *task.known);
     if (const auto easy = easyCoding(task)) return settle(task, *easy);
     tasks_[size_++] = task;
     if (size_ == laneCount) finish();
@@ -107,7 +108,7 @@ std::optional<AlphaEncoder::Candidate> AlphaEncoder::exactCoding(const Task& tas
 /// Puts the nearest of a coding, an exact one if there is any, and the known one in its place.
 void AlphaEncoder::settle(const Task& task, Candidate candidate) {
     if (candidate.error > 0) candidate = exactCoding(task).value_or(candidate);
-    if (task.known && errorOf(task, *task.known) <= candidate.error) candidate.coding = *task.known;
+    if (task.known && task.known->error <= candidate.error) candidate = *task.known;
     const std::span<std::byte> coding{task.coding, 8};
     writeLong(coding, 0, static_cast<std::uint32_t>(candidate.coding));
     writeLong(coding, 4, static_cast<std::uint32_t>(candidate.coding >> 32));

@@ -22,15 +22,15 @@ public:
     void finish();
 
 private:
-    struct Task {
-        std::array<std::uint8_t, texelsPerBlock> values;
-        TexelMarks inside;
-        std::optional<std::uint64_t> known;
-        std::byte* coding;
-    };
     struct Candidate {
         std::uint64_t coding;
         unsigned error;
+    };
+    struct Task {
+        std::array<std::uint8_t, texelsPerBlock> values;
+        TexelMarks inside;
+        std::optional<Candidate> known;
+        std::byte* coding;
     };
 
     [[nodiscard]] static unsigned errorOf(const Task& task, std::uint64_t coding);

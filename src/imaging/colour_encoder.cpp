@@ -4,6 +4,7 @@
 #include "imaging/exact_coding.hpp"
 
 #include <algorithm>
+#include <bit>
 
 namespace pelrath {
 
@@ -16,7 +17,11 @@ unsigned squaredDistance(const Texel& a, const Texel& b) {
     return static_cast<unsigned>(red * red + green * green + blue * blue);
 }
 
-bool sameColour(const Texel& a, const Texel& b) { return squaredDistance(a, b) == 0; }
+/// In one comparison: this is asked for most pairs of texels.
+bool sameColour(const Texel& a, const Texel& b) {
+    constexpr std::uint32_t colours = 0xFFFFFF;
+    return ((std::bit_cast<std::uint32_t>(a) ^ std::bit_cast<std::uint32_t>(b)) & colours) == 0;
+}
 
 std::uint32_t packed(const ColourEnds& ends) { return ends.first | std::uint32_t{ends.second} << 16; }
 
@@ -63,7 +68,7 @@ struct Colours {
 
 void ColourEncoder::add(const SourceBlock& block, std::optional<std::uint64_t> known,
                         std::span<std::byte, 8> coding) {
-    Task task{block.texels, block.inside, 0, known, coding.data()};
+    Task task{block.texels, block.inside, 0, {}, coding.data()};
     if (format_ == BlockFormat::Dxt1) {
         for (std::size_t i = 0; i < texelsPerBlock; ++i) {
             if (block.texels[i].alpha < 128) task.clear = static_cast<TexelMarks>(task.clear | 1U << i);
@@ -71,7 +76,10 @@ void ColourEncoder::add(const SourceBlock& block, std::optional<std::uint64_t> k
         task.clear &= block.inside;
         task.visible = static_cast<TexelMarks>(block.inside & ~task.clear);
     }
-    if (known && errorOf(task, *known) == 0U) return settle(task, {*known, 0});
+    if (known) {
+        if (const auto error = errorOf(task, *known)) task.known = {*known, *error};
+        if (task.known && task.known->error == 0) return settle(task, *task.known);
+    }
     if (task.visible == 0) return settle(task, {allClear, 0});
     if (const auto flat = flatCoding(task)) return settle(task, *flat);
     Queue& queue = task.clear != 0 ? cutOut_ : whole_;
@@ -102,17 +110,20 @@ ColourEncoder::Candidate ColourEncoder::codingWith(const Task& task, std::uint32
     const BlockPalette palette = paletteOf(format_, ends);
     const std::size_t entries = palette[3].alpha == 0 ? 3 : 4;
     Candidate candidate{ends, 0};
+    unsigned nearest = 0;
+    std::uint64_t chosen = 0;
     for (std::size_t i = 0; i < texelsPerBlock; ++i) {
-        std::uint64_t choice = 3;
-        if (!isMarked(task.clear, i)) {
-            const auto nearer = [&](const Texel& a, const Texel& b) {
-                return squaredDistance(a, task.texels[i]) < squaredDistance(b, task.texels[i]);
-            };
-            const auto* const best = std::min_element(palette.data(), palette.data() + entries, nearer);
-            choice = static_cast<std::uint64_t>(best - palette.data());
-            if (isMarked(task.visible, i)) candidate.error += squaredDistance(*best, task.texels[i]);
+        if (i == 0 || !sameColour(task.texels[i], task.texels[i - 1])) {
+            nearest = ~0U;
+            for (std::size_t entry = 0; entry < entries; ++entry) {
+                const unsigned distance = squaredDistance(palette[entry], task.texels[i]);
+                if (distance < nearest) chosen = entry;
+                nearest = std::min(nearest, distance);
+            }
         }
-        candidate.coding |= choice << (32 + 2 * i);
+        const bool clear = isMarked(task.clear, i);
+        candidate.coding |= (clear ? 3 : chosen) << (32 + 2 * i);
+        if (isMarked(task.visible, i)) candidate.error += nearest;
     }
     return candidate;
 }
@@ -173,10 +184,7 @@ void ColourEncoder::run(Queue& queue, bool cutOut) const {
 /// Puts the nearest of a coding, an exact one if there is any, and the known one in its place.
 void ColourEncoder::settle(const Task& task, Candidate candidate) const {
     if (candidate.error > 0) candidate = exactCoding(task).value_or(candidate);
-    if (task.known) {
-        const auto error = errorOf(task, *task.known);
-        if (error && *error <= candidate.error) candidate.coding = *task.known;
-    }
+    if (task.known && task.known->error <= candidate.error) candidate = *task.known;
     const std::span<std::byte> coding{task.coding, 8};
     writeLong(coding, 0, static_cast<std::uint32_t>(candidate.coding));
     writeLong(coding, 4, static_cast<std::uint32_t>(candidate.coding >> 32));

@@ -25,20 +25,20 @@ public:
     void finish();
 
 private:
+    struct Candidate {
+        std::uint64_t coding;
+        unsigned error;
+    };
     struct Task {
         BlockTexels texels;
         TexelMarks visible;
         TexelMarks clear;
-        std::optional<std::uint64_t> known;
+        std::optional<Candidate> known; ///< unless it has other texels clear
         std::byte* coding;
     };
     struct Queue {
         std::array<Task, laneCount> tasks;
         std::size_t size = 0;
-    };
-    struct Candidate {
-        std::uint64_t coding;
-        unsigned error;
     };
 
     [[nodiscard]] std::optional<unsigned> errorOf(const Task& task, std::uint64_t coding) const;

@@ -1,6 +1,8 @@
+#include "imaging/level_encoder.hpp"
 #include "imaging/memory_files.hpp"
 #include "library_fixture.hpp"
 
+#include <numeric>
 #include <random>
 #include <sys/stat.h>
 
@@ -115,6 +117,38 @@ TEST_F(Saving, LosesNothingOfWhatHasBeenDecodedOnce) {
         EXPECT_TRUE(facade.loadImage(folder.file("any.dds"), image) && save(type, "again.dds"));
         EXPECT_EQ(difference(pixelsOf(folder.file("again.dds")), before), 0) << code;
     }
+}
+
+TEST(LevelEncoder, KeepsAKnownCodingUnlessAnotherComesNearer) {
+    std::minstd_rand random;
+    std::vector<std::uint8_t> texels(64), decoded(64);
+    std::array<int, 2> ties{};
+    const auto coded = [&](Bytes known) {
+        std::vector<std::byte> block(16);
+        LevelEncoder{BlockFormat::Dxt5, {{4, 4}, 0, 4, true, texels}, known, block}.encodeAll();
+        return block;
+    };
+    const auto loss = [&](Bytes block) {
+        decodeLevel(BlockFormat::Dxt5, block, 4, 4, std::as_writable_bytes(std::span{decoded}));
+        return std::inner_product(texels.begin(), texels.end(), decoded.begin(), 0, std::plus{},
+                                  [](int a, int b) { return (a - b) * (a - b); });
+    };
+    for (int i = 0; i < 200; ++i) {
+        for (std::size_t texel = 0; texel < texels.size();
+             texel += 4) { // one channel: values half-way are many
+            texels[texel] = random() % 64, texels[texel + 3] = random() % 32;
+        }
+        const std::vector<std::byte> best = coded({});
+        for (const std::size_t at : {2U, 4U, 7U, 12U, 15U}) { // where texels choose an alpha or a colour
+            for (unsigned bit = 1; bit < 256; bit *= 2) {
+                std::vector<std::byte> known = best;
+                known[at] ^= static_cast<std::byte>(bit);
+                EXPECT_EQ(coded(known), loss(known) <= loss(best) ? known : best) << at;
+                ties.at(at / 8) += static_cast<int>(loss(known) == loss(best));
+            }
+        }
+    }
+    EXPECT_GT(*std::ranges::min_element(ties), 2);
 }
 
 TEST_F(Saving, TracesItsSteps) {
