@@ -95,6 +95,7 @@ const Glance glances[] = {
     {"a smaller level", 64, 20, true, Blend::None, "level 1 zoom 3 0 0"},
     {"all levels", 30, 20, true, Blend::None, "chain zoom 2 0 0"},
     {"tiled", 100, 60, true, Blend::None, "tiled zoom 3 0 0"},
+    {"tiled, seams inside and between pixels", 37, 38, true, Blend::Mask, "tiled zoom 0.75 0 0"},
 };
 
 TEST(CloserLooks, EqualAPlainReferenceAtEveryPixel) {

@@ -20,6 +20,7 @@ inline void act(Look& look, const char* acts) {
         if (word == "chequered") look.picks.chequered = true;
         if (word == "tiled") look.arrange(Arrangement::Tiled);
         if (word == "chain") look.arrange(Arrangement::AllLevels);
+        if (word == "one") look.arrange(Arrangement::OneLevel);
         if (word == "fit") look.fit();
         if (word == "level") look.stepLevel(static_cast<int>(number()));
         if (word == "channel") look.picks.channel = static_cast<Channel>(number());

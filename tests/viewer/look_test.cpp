@@ -43,6 +43,14 @@ TEST(Look, ZoomsAndMovesByWholePixelsAndKeepsThePictureInTheViewport) {
         {"the chain at 1:8", "chain zoom 0.125 0 0",
          "0.125; 0, 0, 0, 256, 128; 1, 260, 0, 128, 64; 3, 260, 68, 32, 16"},
         {"from the chain to one level", "chain level 1", "0.5; 1, 0, 0, 512, 256"},
+        {"what is pointed at in a level of the chain stays there",
+         "chain zoom 0.5 0 0 pan -1028 0 zoom 1 100 10",
+         "1; 0, -2152, -10, 2048, 1024; 1, -100, -10, 1024, 512; 3, -100, 506, 256, 128"},
+        {"from a tile to its level: the same part", "tiled zoom 1 0 0 pan -2148 -1124 level 1",
+         "2; 1, -100, -100, 2048, 1024"},
+        {"tiles whose sides end inside a pixel share none", "level 2 tiled zoom 0.0107421875 0 0 pan 900 900",
+         "0.0107422; 3, 506, 510, 2.75, 1.375; 3, 509, 510, 2.75, 1.375; 3, 506, 511, 2.75, 1.375; "
+         "3, 509, 511, 2.75, 1.375"},
         {"in a smaller viewport", "zoom 1 511 255 room 256 1 0.125 pan -9000 0",
          "1; 0, -1792, -512, 2048, 1024"},
         {"fitted on a screen with a scale", "room 768 1.5 0.375 level 2", "1.5; 3, 0, 0, 384, 192"},
@@ -86,7 +94,11 @@ TEST(Look, KnowsTheTexelPointedAt) {
         {"the second tile", "tiled mouse 256 0", "0, 4, 4"},
         {"by keyboard, from the middle", "key 1 -1", "0, 1027, 513"},
         {"by keyboard, from the mouse to the edge", "mouse 1 0 key -99 0", "0, 0, 2"},
-        {"the same place in a smaller level", "key 0 0 level 2", "3, 128, 64"}};
+        {"by keyboard, of the chain's level that is seen", "chain zoom 1 0 0 pan -2100 -520 key 0 0",
+         "3, 152, 64"},
+        {"the same place in a smaller level", "key 0 0 level 2", "3, 128, 64"},
+        {"of a smaller level, which then is not seen any more",
+         "chain zoom 0.125 0 0 mouse 263 69 key 0 0 one", "0, 224, 96"}};
     for (const auto& [what, acts, expected] : cases) {
         Look look = lookAtTexture();
         act(look, acts);

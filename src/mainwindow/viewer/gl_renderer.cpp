@@ -161,6 +161,13 @@ GLuint makeTexture(const LevelImage& image) {
     return made;
 }
 
+// Whose pixels those are that end where a sheet ends is each driver's choice, but two tiles share none.
+Sheet inWholePixels(Sheet sheet) {
+    sheet.width = std::ceil(sheet.width - 0.5);
+    sheet.height = std::ceil(sheet.height - 0.5);
+    return sheet;
+}
+
 void setBlend(Blend blend) {
     switch (blend) {
     case Blend::None:
@@ -319,7 +326,7 @@ void GlRenderer::drawFrame(const FramePicture& picture) {
     if (picture.picks.chequered) drawGround(picture.scale);
     setBlend(picture.blend);
     for (const Sheet& sheet : sheets) {
-        drawSheet(sheet, picture.picks);
+        drawSheet(sheet, picture.sheets.empty() ? sheet : inWholePixels(sheet), picture.picks);
     }
     glDisable(GL_BLEND);
     if (picture.marker) drawMarker(*picture.marker);
@@ -387,30 +394,30 @@ void GlRenderer::drawGround(double scale) {
     fill(ground_, 0, 0, backWidth_, backHeight_);
 }
 
-void GlRenderer::drawSheet(const Sheet& sheet, const Picks& picks) {
+void GlRenderer::drawSheet(const Sheet& sheet, const Sheet& place, const Picks& picks) {
     const auto found = images_.find(sheet.image);
     if (found == images_.end() || sheet.width <= 0 || sheet.height <= 0) return;
     const Image& image = found->second;
     const auto reduced = reduced_.find(sheet.image);
     if (reduced != reduced_.end() && reduced->second.width == sheet.width) {
         const Image& small = reduced->second.image;
-        draw(nearest_, small, sheet, small.width, small.height, picks.channel);
+        draw(nearest_, small, place, small.width, small.height, picks.channel);
     } else {
         // Above 1:1 there is one texel under a pixel.
         const Program& program = picks.averaged && sheet.width < image.width ? averaged_ : nearest_;
-        draw(program, image, sheet, sheet.width, sheet.height, picks.channel);
+        draw(program, image, place, sheet.width, sheet.height, picks.channel);
     }
 }
 
-void GlRenderer::draw(const Program& program, const Image& image, const Sheet& sheet, double width,
+void GlRenderer::draw(const Program& program, const Image& image, const Sheet& place, double width,
                       double height, Channel channel) {
     use(program);
     glBindTexture(GL_TEXTURE_2D, image.texture);
-    glUniform2f(program.origin, static_cast<float>(sheet.left), static_cast<float>(sheet.top));
+    glUniform2f(program.origin, static_cast<float>(place.left), static_cast<float>(place.top));
     glUniform2f(program.extent, static_cast<float>(width), static_cast<float>(height));
     glUniform1i(program.shown, static_cast<GLint>(channel));
     glUniform1i(program.cutOut, image.format == PixelFormat::Dxt1 ? 1 : 0);
-    fill(program, sheet.left, sheet.top, sheet.left + sheet.width, sheet.top + sheet.height);
+    fill(program, place.left, place.top, place.left + place.width, place.top + place.height);
 }
 
 void GlRenderer::fill(const Program& program, double left, double top, double right, double bottom) const {

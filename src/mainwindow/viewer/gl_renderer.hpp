@@ -90,11 +90,12 @@ private:
     void reduce(const Sheet& sheet);
     void drawInto(std::uint32_t target, std::int32_t width, std::int32_t height);
     /// `width` and `height` are what all of the image takes.
-    void draw(const Program& program, const Image& image, const Sheet& sheet, double width, double height,
+    void draw(const Program& program, const Image& image, const Sheet& place, double width, double height,
               Channel channel);
     void use(const Program& program) const;
     void drawGround(double scale);
-    void drawSheet(const Sheet& sheet, const Picks& picks);
+    /// As far as `place` reaches.
+    void drawSheet(const Sheet& sheet, const Sheet& place, const Picks& picks);
     void drawMarker(const Sheet& place) const;
     /// Runs the shader over a rectangle of the target, as far as that reaches.
     void fill(const Program& program, double left, double top, double right, double bottom) const;

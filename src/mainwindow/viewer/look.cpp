@@ -27,9 +27,12 @@ Extent extentOf(const std::vector<Sheet>& sheets) {
     return extent;
 }
 
+// A pixel belongs to a picture that reaches beyond its centre.
+double pixelsUnder(double length) { return std::max(0.0, std::ceil(length - 0.5)); }
+
 // A picture that fits stays inside, one that does not leaves no free room.
 double held(double origin, double extent, double room) {
-    const double slack = std::floor(room - extent);
+    const double slack = room - pixelsUnder(extent);
     return std::clamp(std::round(origin), std::min(slack, 0.0), std::max(slack, 0.0));
 }
 
@@ -60,10 +63,25 @@ bool Look::isGiven() const {
 
 void Look::zoomTo(double scale, Point about) {
     if (!hasTexture()) return;
-    const Point from = zoom_ ? origin_ : Point{};
-    const double by = scale / this->scale();
+    const Grip grip = gripAt(about);
     zoom_ = scale;
-    moveTo({about.x - (about.x - from.x) * by, about.y - (about.y - from.y) * by});
+    bring(grip, about);
+}
+
+Look::Grip Look::gripAt(Point point) const {
+    const std::vector<Sheet> all = sheets();
+    auto found = std::find_if(all.begin(), all.end(), [point](const Sheet& sheet) {
+        return point.x >= sheet.left && point.x < sheet.left + sheet.width && point.y >= sheet.top &&
+               point.y < sheet.top + sheet.height;
+    });
+    if (found == all.end()) found = all.begin();
+    return {static_cast<std::size_t>(found - all.begin()), (point.x - found->left) / found->width,
+            (point.y - found->top) / found->height};
+}
+
+void Look::bring(const Grip& grip, Point to) {
+    const Sheet sheet = laidOut(*zoom_)[grip.sheet];
+    moveTo({to.x - sheet.left - grip.right * sheet.width, to.y - sheet.top - grip.down * sheet.height});
 }
 
 void Look::zoomBy(int wanted, Point about) {
@@ -99,28 +117,29 @@ bool Look::hasLevel(int by) const {
 
 void Look::stepLevel(int by) {
     if (!hasLevel(by)) return;
-    const Extent before = extentOf(laidOut(scale()));
+    const Grip grip = gripAt(middle());
     const int levels = levels_[shown_ + static_cast<std::size_t>(by)].level - level().level;
     shown_ += static_cast<std::size_t>(by);
     arrangement_ = Arrangement::OneLevel;
-    if (marked_) {
-        const auto same = [](std::int32_t at, std::int32_t from, std::int32_t to) {
-            return static_cast<std::int32_t>(std::int64_t{at} * to / from);
-        };
-        const LevelSides* marked = sidesOf(marked_->level);
-        marked_ = TexelPlace{level().level, same(marked_->x, marked->width, level().width),
-                             same(marked_->y, marked->height, level().height)};
-    }
+    carryMark();
     if (!zoom_) return;
-    const Point at = middle();
-    const Point share{(at.x - origin_.x) / before.width, (at.y - origin_.y) / before.height};
     zoom_ = std::clamp(std::ldexp(*zoom_, levels), steps.front(), steps.back());
-    const Extent now = extentOf(laidOut(*zoom_));
-    moveTo({at.x - share.x * now.width, at.y - share.y * now.height});
+    bring({0, grip.right, grip.down}, middle());
+}
+
+void Look::carryMark() {
+    if (!marked_) return;
+    const auto same = [](std::int32_t at, std::int32_t from, std::int32_t to) {
+        return static_cast<std::int32_t>(std::int64_t{at} * to / from);
+    };
+    const LevelSides* marked = sidesOf(marked_->level);
+    marked_ = TexelPlace{level().level, same(marked_->x, marked->width, level().width),
+                         same(marked_->y, marked->height, level().height)};
 }
 
 void Look::arrange(Arrangement arrangement) {
     arrangement_ = arrangement;
+    if (arrangement != Arrangement::AllLevels) carryMark();
     moveTo(origin_);
 }
 
@@ -145,8 +164,8 @@ std::vector<Sheet> Look::laidOut(double scale) const {
     for (int row = 0; row < tiles; ++row) {
         for (int column = 0; column < tiles; ++column) {
             sheets.push_back({{level().level, picks.version},
-                              std::floor(column * width),
-                              std::floor(row * height),
+                              pixelsUnder(column * width),
+                              pixelsUnder(row * height),
                               width,
                               height});
         }
@@ -216,7 +235,12 @@ std::optional<TexelPlace> Look::pointed() const {
 
 std::optional<TexelPlace> Look::texelInTheMiddle() const {
     if (!hasTexture()) return std::nullopt;
-    const Sheet first = sheets().front();
+    const std::vector<Sheet> all = sheets();
+    const auto seen = std::find_if(all.begin(), all.end(), [this](const Sheet& sheet) {
+        return sheet.left < room_.width && sheet.left + sheet.width > 0 && sheet.top < room_.height &&
+               sheet.top + sheet.height > 0;
+    });
+    const Sheet& first = seen == all.end() ? all.front() : *seen;
     const auto middleOf = [](double from, double length, double room) {
         return (std::max(from, 0.0) + std::min(from + length, room)) / 2;
     };

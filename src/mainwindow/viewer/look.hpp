@@ -89,7 +89,8 @@ public:
     /// The whole picture at the top left, no larger than it is.
     void fit() { zoom_.reset(); }
     [[nodiscard]] bool isFitted() const { return !zoom_; }
-    /// To a scale in pixels to a texel; what lies at `about` stays there as far as the picture's ends allow.
+    /// To a scale in pixels to a texel; what lies at `about`, of whichever sheet, stays there as far as the
+    /// picture's ends allow.
     void zoomTo(double scale, Point about);
     /// By so many steps, larger ones when positive, between 1:16 and 32:1: powers of two and the half between
     /// two of them. Nothing beyond the last.
@@ -98,7 +99,7 @@ public:
     [[nodiscard]] Point middle() const { return {room_.width / 2.0, room_.height / 2.0}; }
 
     /// To another level, smaller ones when positive, which alone is shown then. What is zoomed goes on
-    /// showing the same part of the texture.
+    /// showing the same part of the texture in the middle.
     void stepLevel(int by);
     void arrange(Arrangement arrangement);
     [[nodiscard]] Arrangement arrangement() const { return arrangement_; }
@@ -120,6 +121,18 @@ public:
     [[nodiscard]] std::optional<Sheet> marker() const;
 
 private:
+    /// A place of a sheet's, in parts of its sides.
+    struct Grip {
+        std::size_t sheet = 0;
+        double right = 0;
+        double down = 0;
+    };
+    /// What lies at a point; of the first sheet where that is beside all of them. There must be a texture.
+    [[nodiscard]] Grip gripAt(Point point) const;
+    /// Of what is zoomed.
+    void bring(const Grip& grip, Point to);
+    /// The keyboard's pointer to the same place in the level that is shown.
+    void carryMark();
     [[nodiscard]] double fittedScale() const;
     /// At the viewport's top left corner.
     [[nodiscard]] std::vector<Sheet> laidOut(double scale) const;
