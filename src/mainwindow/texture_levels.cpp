@@ -17,6 +17,11 @@ PixelFormat pixelFormat(BlockFormat format) {
     return format == BlockFormat::Dxt1 ? PixelFormat::Dxt1 : PixelFormat::Dxt5;
 }
 
+BlockFormat formatOf(const TextureRecord& texture) {
+    const auto kind = nativeImageKind(texture);
+    return kind && kind->kind == ImageFileKind::Tga ? BlockFormat::Dxt5 : BlockFormat::Dxt1;
+}
+
 // The block that holds a texel, decoded.
 std::array<std::uint8_t, 4> texelOf(BlockFormat format, std::span<const std::byte> blocks,
                                     const LevelSides& sides, const TexelPlace& texel) {
@@ -61,6 +66,7 @@ TextureLevels::TextureLevels(const Session& session)
 
 void TextureLevels::begin(std::int16_t texture) {
     texture_ = texture;
+    if (const TextureRecord* begun = record(texture)) format_ = formatOf(*begun);
     now_.clear();
     differences_.clear();
     settleBefore();
@@ -68,7 +74,9 @@ void TextureLevels::begin(std::int16_t texture) {
 
 void TextureLevels::keepBefore(std::int16_t texture) {
     candidate_.reset();
-    Kept kept{session_.archivePath, texture, {}};
+    const TextureRecord* chosen = record(texture);
+    if (chosen == nullptr) return;
+    Kept kept{session_.archivePath, texture, chosen->name, {}};
     try {
         for (const LevelSides& sides : showable(texture)) {
             kept.levels[sides.level] = dds_.readLevelData(texture, sides.level);
@@ -82,11 +90,11 @@ void TextureLevels::keepBefore(std::int16_t texture) {
 // Where nothing was inserted, what the insertion before it changed is still the last.
 void TextureLevels::settleBefore() {
     if (!isOf(candidate_)) return;
-    const Kept kept = *std::exchange(candidate_, std::nullopt);
+    Kept kept = *std::exchange(candidate_, std::nullopt);
     try {
         for (const auto& [level, old] : kept.levels) {
             if (blocks({level, Version::Now}) == old) continue;
-            before_ = kept;
+            before_ = std::move(kept);
             return;
         }
     } catch (const RuntimeError&) {
@@ -95,7 +103,9 @@ void TextureLevels::settleBefore() {
 }
 
 bool TextureLevels::isOf(const std::optional<Kept>& kept) const {
-    return kept && kept->texture == texture_ && kept->archive == session_.archivePath;
+    const TextureRecord* begun = record(texture_);
+    return kept && begun != nullptr && kept->texture == texture_ && kept->name == begun->name &&
+           kept->archive == session_.archivePath;
 }
 
 bool TextureLevels::hasBefore() const {
@@ -110,32 +120,27 @@ bool TextureLevels::hasBefore() const {
 
 std::vector<LevelSides> TextureLevels::showable() const { return showable(texture_); }
 
+const TextureRecord* TextureLevels::record(std::int16_t texture) const {
+    const auto& textures = session_.archive.textures;
+    const auto index = static_cast<std::size_t>(texture);
+    return texture < 0 || index >= textures.size() ? nullptr : &textures[index];
+}
+
 std::vector<LevelSides> TextureLevels::showable(std::int16_t texture) const {
     std::vector<LevelSides> levels;
-    const auto& textures = session_.archive.textures;
-    if (texture < 0 || static_cast<std::size_t>(texture) >= textures.size()) return levels;
+    const TextureRecord* owner = record(texture);
+    if (owner == nullptr) return levels;
     std::int16_t number = 0;
-    for (const MipmapRecord& record : textures[static_cast<std::size_t>(texture)].mipmaps) {
-        const bool possible = std::min(record.width, record.height) >= 1 &&
-                              std::max(record.width, record.height) <= largestSide;
-        if (possible && static_cast<std::uint64_t>(record.dataSize) >=
-                            bytesPerLevel(formatOf(texture), static_cast<std::uint32_t>(record.width),
-                                          static_cast<std::uint32_t>(record.height)))
-            levels.push_back({number, record.width, record.height});
+    for (const MipmapRecord& level : owner->mipmaps) {
+        const bool possible =
+            std::min(level.width, level.height) >= 1 && std::max(level.width, level.height) <= largestSide;
+        if (possible && static_cast<std::uint64_t>(level.dataSize) >=
+                            bytesPerLevel(formatOf(*owner), static_cast<std::uint32_t>(level.width),
+                                          static_cast<std::uint32_t>(level.height)))
+            levels.push_back({number, level.width, level.height});
         ++number;
     }
     return levels;
-}
-
-BlockFormat TextureLevels::format() const { return formatOf(texture_); }
-
-// The archive may have been replaced by one with fewer textures.
-BlockFormat TextureLevels::formatOf(std::int16_t texture) const {
-    const auto& textures = session_.archive.textures;
-    const auto index = static_cast<std::size_t>(texture);
-    if (texture < 0 || index >= textures.size()) return BlockFormat::Dxt1;
-    const auto kind = nativeImageKind(textures[index]);
-    return kind && kind->kind == ImageFileKind::Tga ? BlockFormat::Dxt5 : BlockFormat::Dxt1;
 }
 
 LevelSides TextureLevels::sides(std::int16_t level) const {

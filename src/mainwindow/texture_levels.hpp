@@ -42,7 +42,7 @@ public:
 
     /// Those with possible sides and enough data.
     [[nodiscard]] std::vector<LevelSides> showable() const;
-    [[nodiscard]] BlockFormat format() const;
+    [[nodiscard]] BlockFormat format() const { return format_; }
     /// An insertion has changed it.
     [[nodiscard]] bool hasBefore() const;
 
@@ -59,11 +59,13 @@ private:
     struct Kept {
         std::string archive;
         std::int16_t texture = -1;
+        std::string name;
         std::map<std::int16_t, Blocks> levels;
     };
 
+    /// Null where the archive has been replaced by one with fewer textures.
+    [[nodiscard]] const TextureRecord* record(std::int16_t texture) const;
     [[nodiscard]] std::vector<LevelSides> showable(std::int16_t texture) const;
-    [[nodiscard]] BlockFormat formatOf(std::int16_t texture) const;
     [[nodiscard]] bool isOf(const std::optional<Kept>& kept) const;
     void settleBefore();
     [[nodiscard]] const Blocks& blocks(const ImageKey& key);
@@ -72,6 +74,7 @@ private:
     const Session& session_;
     DdsExport dds_;
     std::int16_t texture_ = -1;
+    BlockFormat format_ = BlockFormat::Dxt1;
     std::map<std::int16_t, Blocks> now_;
     std::map<std::int16_t, LevelDifference> differences_;
     std::optional<Kept> candidate_; ///< nobody knows yet whether it was changed

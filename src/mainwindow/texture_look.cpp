@@ -1,5 +1,6 @@
 #include "mainwindow/texture_look.hpp"
 
+#include "platform/posix/files.hpp"
 #include "platform/runtime_error.hpp"
 #include "platform/text.hpp"
 #include "transfer/image_file_name.hpp"
@@ -50,6 +51,13 @@ std::optional<Channel> channelOf(LookCommand command) {
     }
 }
 
+// Where alpha is what differs, a picture would be clear where nothing does.
+void makeOpaque(LevelPicture& picture) {
+    for (std::size_t at = 3; at < picture.texels.size(); at += 4) {
+        picture.texels[at] = std::byte{255};
+    }
+}
+
 // What cannot be a file's name stays inside.
 std::string fileNameOf(const std::string& name) try {
     return checkedFileName(name);
@@ -68,7 +76,7 @@ void TextureLook::begin(std::int16_t texture) {
     Look& look = viewer_.look();
     if (!look.hasTexture() || texture != std::exchange(texture_, texture)) look.begin(levels_.showable());
     texture_ = texture;
-    baseName_ = session_.selectedBaseName;
+    name_ = session_.chosenTexture().name;
     if (!levels_.hasBefore()) look.picks.version = Version::Now;
     if (!prepare()) look.begin(levels_.showable());
     describe();
@@ -216,8 +224,8 @@ bool TextureLook::prepare() try {
 }
 
 void TextureLook::tell(const std::string& reason) {
-    const std::string& name = session_.archive.textures[static_cast<std::size_t>(texture_)].name;
-    boxes_.exclamation("The texture \"" + visibleText(name) + "\" cannot be shown otherwise: " + reason + ".",
+    boxes_.exclamation("The texture \"" + visibleText(name_) + "\" cannot be shown otherwise: " + reason +
+                           (reason.ends_with('.') ? "" : "."),
                        "Pelrath - Texture not available");
 }
 
@@ -225,7 +233,10 @@ std::optional<NamedPicture> TextureLook::picture() {
     const Look& look = viewer_.look();
     if (!look.hasTexture()) return std::nullopt;
     try {
-        return NamedPicture{levels_.decoded({look.level().level, look.picks.version}), fileNameOf(baseName_)};
+        NamedPicture taken{levels_.decoded({look.level().level, look.picks.version}),
+                           fileNameOf(std::string{withoutExtension(name_)})};
+        if (look.picks.version == Version::Difference) makeOpaque(taken.picture);
+        return taken;
     } catch (const RuntimeError& error) {
         tell(error.description());
         return std::nullopt;
@@ -262,7 +273,8 @@ std::string TextureLook::viewText(const Look& look) {
     if (look.picks.version == Version::Difference) {
         try {
             const LevelDifference& difference = levels_.difference(level);
-            return view + formatted("mean %.2f largest %d", difference.mean, difference.largest);
+            const int decimals = difference.mean < 99.5 ? 2 : 1; // or they outgrow the strip
+            return view + formatted("mean %.*f largest %d", decimals, difference.mean, difference.largest);
         } catch (const RuntimeError&) {
             return view;
         }

@@ -60,7 +60,7 @@ private:
     MessageBoxes& boxes_;
     TextureLevels levels_;
     std::int16_t texture_ = -1;
-    std::string baseName_; ///< of the texture that is shown, which need not be the chosen one
+    std::string name_; ///< of the texture that is shown, which need not be the chosen one
     Connection emptied_;
 };
 

@@ -88,10 +88,13 @@ TEST_F(CloserLook, ComparesWithTheTextureBeforeAnInsertion) {
     const std::string old = texelBlocks(1, 0x07E0);
     std::string bytes = folder.read("a.cdds");
     bytes.replace(bytes.find(old), 8, texelBlocks(1, 0x07C0)); // a little less green in one block of level 2
-    main.cmdInsert.press();
-    (void)folder.write("a.cdds", bytes);
-    session.archiveFile = ArchiveFile{InputFile{folder.file("a.cdds")}}; // as if the program had written it
-    main.activate();
+    const auto insert = [&] {                                  // as if the program had written it
+        main.cmdInsert.press();
+        (void)folder.write("a.cdds", bytes);
+        session.archiveFile = ArchiveFile{InputFile{folder.file("a.cdds")}};
+        main.activate();
+    };
+    insert();
     look.perform(SmallerLevel);
     look.perform(Fit);
     look.pointAt({3, 0});
@@ -105,13 +108,32 @@ TEST_F(CloserLook, ComparesWithTheTextureBeforeAnInsertion) {
     EXPECT_EQ(drawn(), "2, 2, 256; ");
     const auto picture = look.picture();
     EXPECT_EQ(row(picture->name, picture->picture.width, std::to_integer<int>(picture->picture.texels[1]),
-                  std::to_integer<int>(picture->picture.texels[16 + 1])),
-              "skin, 256, 32, 0"); // eight times as strong
+                  std::to_integer<int>(picture->picture.texels[16 + 1]),
+                  std::to_integer<int>(picture->picture.texels[16 + 3])),
+              "skin, 256, 32, 0, 255"); // eight times as strong, and to be seen where it is pasted
+    const std::string rest = texelBlocks(4095, 0x07E0);
+    bytes.replace(bytes.find(rest), rest.size(), texelBlocks(4095, 0xF81F));
+    insert();
+    EXPECT_EQ(strip(),
+              "3,0         R  0 G  0 B  0 A  0 #00000000\r\nlevel 2  1:1    DXT1 mean 191.2 largest 255");
     choose(1);
     EXPECT_FALSE(look.isEnabled(Difference));
     EXPECT_EQ(look.picture()->name, "texture"); // its own cannot be a file's
     choose(0);
     EXPECT_TRUE(look.isEnabled(Difference));
+    bytes.replace(bytes.find("skin.bmp"), 4, "wing");
+    (void)folder.write("a.cdds", bytes);
+    main.cmdReadCDDS.press(); // another texture in its place
+    EXPECT_FALSE(look.isEnabled(Difference));
+}
+
+TEST_F(CloserLook, OutlivesItsTexture) {
+    choose(1);
+    session.archive.textures.resize(1); // of a smaller archive in its place
+    look.pointAt({0, 0});
+    EXPECT_EQ(strip(), "0,0         \r\nlevel 0  1:1    DXT5 ");
+    EXPECT_FALSE(look.picture());
+    boxes.expect("\"a/b.tga\" cannot be shown otherwise: texture 2 is not among those read from ");
 }
 
 } // namespace
