@@ -1,9 +1,14 @@
 #include "desktop/dragged_picture.hpp"
 
+#include "platform/posix/files.hpp"
+#include "platform/runtime_error.hpp"
+
 #include <QBuffer>
 #include <QFile>
 #include <QUrl>
 
+#include <array>
+#include <span>
 #include <utility>
 
 namespace pelrath::desktop {
@@ -35,12 +40,19 @@ const QByteArray& DraggedPicture::png() const {
     return png_;
 }
 
-QByteArray DraggedPicture::fileAddress() const {
+// Whoever asks twice, or still reads what was dragged before under the same name, finds no file that is being
+// written.
+QByteArray DraggedPicture::fileAddress() const try {
     const std::string& folder = folder_.path();
-    if (folder.empty()) return {};
-    QFile file{QFile::decodeName(folder.c_str()) + '/' + name_ + ".png"};
-    if (!file.open(QIODevice::WriteOnly) || file.write(png()) != png().size()) return {};
-    return QUrl::fromLocalFile(file.fileName()).toEncoded() + "\r\n";
+    if (folder.empty() || !address_.isEmpty()) return address_;
+    const std::string path = joinPath(folder, name_.toStdString() + ".png");
+    const std::span whole{png().constData(), static_cast<std::size_t>(png().size())};
+    const std::array pieces{std::as_bytes(whole)};
+    replaceFile(path, pieces, Durability::Scratch);
+    address_ = QUrl::fromLocalFile(QFile::decodeName(path.c_str())).toEncoded() + "\r\n";
+    return address_;
+} catch (const RuntimeError&) {
+    return {};
 }
 
 } // namespace pelrath::desktop

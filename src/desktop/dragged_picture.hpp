@@ -27,6 +27,7 @@ private:
     QString name_;
     PrivateFolder& folder_;
     mutable QByteArray png_;
+    mutable QByteArray address_; ///< of the file, once it is there
 };
 
 } // namespace pelrath::desktop

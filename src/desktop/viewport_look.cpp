@@ -91,6 +91,7 @@ bool ViewportLook::eventFilter(QObject* /*watched*/, QEvent* event) {
         return releaseKey(static_cast<QKeyEvent&>(*event));
     case QEvent::FocusOut:
         letGo();
+        dragged_.reset(); // the button is let go elsewhere, as in a menu
         return false;
     case QEvent::ContextMenu:
         showMenu(static_cast<QContextMenuEvent&>(*event));
@@ -144,7 +145,10 @@ bool ViewportLook::move(const QMouseEvent& event) {
 bool ViewportLook::turnWheel(const QWheelEvent& event) {
     const Point about = pixels(event.position());
     const bool zooming = event.modifiers().testFlag(Qt::ControlModifier);
-    if (!zooming && event.device()->type() == QInputDevice::DeviceType::TouchPad) {
+    // Not every system tells its touchpads from mice, but wheels know no pixels.
+    const bool touchpad =
+        event.device()->type() == QInputDevice::DeviceType::TouchPad || !event.pixelDelta().isNull();
+    if (!zooming && touchpad) {
         const QPoint by = event.pixelDelta().isNull() ? event.angleDelta() / 2 : event.pixelDelta();
         const Point wanted = pixels(by);
         refresh_.act(viewport_, [&] { look_.panBy(wanted.x, wanted.y); });
@@ -187,11 +191,14 @@ bool ViewportLook::releaseKey(const QKeyEvent& event) {
 
 void ViewportLook::letGo() {
     if (!std::exchange(holding_, false)) return;
-    refresh_.act(viewport_, [this] {
+    const auto end = [this] {
         for (const LookEntry& entry : lookEntries()) {
             if (entry.held && look_.isChecked(entry.command) == true) look_.perform(entry.command);
         }
-    });
+    };
+    // Another key may have opened a dialog meanwhile: there is no second chance to end it.
+    if (!refresh_.act(viewport_, end))
+        refresh_.gate().whenQuiet(*this, [this, end] { refresh_.deliver(end); });
 }
 
 void ViewportLook::showMenu(const QContextMenuEvent& event) {

@@ -338,9 +338,9 @@ TEST_F(RealWindow, ATextureIsLookedAtByMouseAndKeyboard) {
         const QString text = widget<QPlainTextEdit>("texelStrip").toPlainText();
         EXPECT_TRUE(text.contains(view)) << view << " not in " << text.toStdString();
     };
-    const auto wheel = [&viewport](int turn) {
+    const auto wheel = [&viewport](int turn, QPoint pixels = {}) {
         const QPoint place{300, 200};
-        QWheelEvent event{place, viewport.mapToGlobal(place), {}, {0, turn}, {}, {}, {}, false};
+        QWheelEvent event{place, viewport.mapToGlobal(place), pixels, {0, turn}, {}, {}, {}, false};
         QApplication::sendEvent(&viewport, &event);
     };
     user.then([&] {
@@ -362,11 +362,24 @@ TEST_F(RealWindow, ATextureIsLookedAtByMouseAndKeyboard) {
         .until("the drag",
                [this] { return widget<QPlainTextEdit>("texelStrip").toPlainText().startsWith("600,254 "); })
         .then([&] {
-            QTest::mouseRelease(&viewport, Qt::LeftButton, {}, {290, 190});
+            QContextMenuEvent wish{QContextMenuEvent::Keyboard, {}, {}};
+            QApplication::sendEvent(&viewport, &wish); // it hears where the button is let go
+            QApplication::activePopupWidget()->close();
+            QTest::mouseMove(&viewport, {296, 190});
+        })
+        .until("no drag any more",
+               [this] { return widget<QPlainTextEdit>("texelStrip").toPlainText().startsWith("608,254 "); })
+        .then([&] {
             QTest::keyClick(&viewport, '1');
             says(" 1:1 ");
             QTest::keyClick(&viewport, '+');
             says(" 1.5:1 ");
+            const auto column = [this] {
+                return widget<QPlainTextEdit>("texelStrip").toPlainText().section(',', 0, 0).toInt();
+            };
+            const int before = column();
+            wheel(-16, {-3, 0}); // of a touchpad that is not known to be one
+            EXPECT_EQ(column(), before + 2);
             QTest::mouseDClick(&viewport, Qt::LeftButton, {}, {9, 9});
             says(" 1:2 ");
             click(list("Output0"), 3); // 4 x 4, clear, but white
@@ -408,6 +421,27 @@ TEST_F(RealWindow, ATextureIsLookedAtByMouseAndKeyboard) {
     run();
 }
 
+TEST_F(RealWindow, AKeyThatIsHeldEndsBehindADialogThatAnotherOpens) {
+    openArchive();
+    const auto isBefore = [this] { return program.main.look().isChecked(LookCommand::Before) == true; };
+    user.then([this, isBefore] {
+        program.main.look().keepBefore();
+        std::string bytes = folder.read("demo.cdds");
+        bytes.replace(bytes.find(plainBlocks(4, 4, 0xF800)), 8, plainBlocks(4, 4, 0x001F));
+        (void)folder.write("demo.cdds", bytes);
+        program.session.archiveFile = ArchiveFile{InputFile{archive}}; // as if the program had written it
+        click(list("Output0"), 1), click(list("Output0"), 0);
+        widget<QWidget>("viewport").setFocus();
+        QTest::keyPress(&widget<QWidget>("viewport"), Qt::Key_Space);
+        EXPECT_TRUE(isBefore());
+        widget<QPushButton>("Command1").click();
+    });
+    untilDialog<QFileDialog>().until("the texture as it is", [isBefore] { return !isBefore(); }).then([] {
+        dialog<QFileDialog>()->reject();
+    });
+    run();
+}
+
 TEST(DraggedPicture, IsAFileOfItsOwnNameUntilTheProgramEnds) {
     const TemporaryFolder temporary;
     const TemporaryFilesIn place{temporary.path()};
@@ -420,6 +454,13 @@ TEST(DraggedPicture, IsAFileOfItsOwnNameUntilTheProgramEnds) {
         const QString file = dragged.urls().value(0).toLocalFile();
         EXPECT_TRUE(file.endsWith(QString::fromUtf8("/\u00E9toile.png"))) << file.toStdString();
         EXPECT_EQ(QImage{file}.convertToFormat(image.format()), image);
+        QFile reading{file}; // while the next of that name is dragged
+        EXPECT_TRUE(reading.open(QIODevice::ReadOnly));
+        const desktop::DraggedPicture next{QImage{9, 9, image.format()}, QString::fromUtf8("\u00E9toile"),
+                                           folder};
+        EXPECT_EQ(next.urls(), dragged.urls());
+        EXPECT_EQ(QImage::fromData(reading.readAll()).size(), image.size());
+        EXPECT_EQ(QImage{file}.size(), QSize(9, 9));
     }
     EXPECT_TRUE(temporary.names().empty());
 }
