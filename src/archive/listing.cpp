@@ -25,13 +25,17 @@ namespace {
 
 constexpr std::size_t nameWidth = 32;
 
-void appendColumns(std::string& line, std::initializer_list<std::int32_t> numbers) {
+void addAll(NumberColumns& columns, std::initializer_list<std::int32_t> numbers) {
     for (const std::int32_t number : numbers) {
-        appendDecimal(line, number, 10, 1);
+        columns.addDecimal(number);
     }
 }
 
-void appendHexColumn(std::string& line, std::int32_t number) { appendHexadecimal(line, number, 10, 1); }
+void appendColumns(std::string& line, std::initializer_list<std::int32_t> numbers) {
+    NumberColumns columns;
+    addAll(columns, numbers);
+    line.append(columns.text());
+}
 
 // Index, name, size and type: the same in both layouts.
 void beginTextureLine(std::string& line, std::int32_t index, std::string_view name, std::int32_t width,
@@ -63,9 +67,11 @@ void textureLine(const PlacedTexture0C& texture, std::int32_t index, std::string
                  std::string& line) {
     const records::TextureEntry0C& e = texture.entry;
     beginTextureLine(line, index, name, e.width, e.height, e.fourCC);
-    appendColumns(line, {e.mipmapCount, e.long1, e.long2, e.long3, e.long4, e.mipmapTableOffset,
-                         texture.fieldPosition, texture.tablePosition});
-    appendHexColumn(line, texture.tablePosition);
+    NumberColumns columns;
+    addAll(columns, {e.mipmapCount, e.long1, e.long2, e.long3, e.long4, e.mipmapTableOffset,
+                     texture.fieldPosition, texture.tablePosition});
+    columns.addHexadecimal(texture.tablePosition);
+    line.append(columns.text());
 }
 
 void textureLine(const PlacedTextureCdds& texture, std::int32_t index, std::string_view name,
@@ -74,10 +80,12 @@ void textureLine(const PlacedTextureCdds& texture, std::int32_t index, std::stri
     const records::TextureDescriptor& d = texture.descriptor;
     beginTextureLine(line, index, name, d.width, d.height, d.fourCC);
     appendDecimal(line, d.mipmapCount, 7, 1);
-    appendColumns(line, {e.descriptorOffset, texture.fieldPosition, texture.descriptorPosition});
-    appendHexColumn(line, texture.descriptorPosition);
-    appendColumns(line, {d.dxtL4, d.dxtL6, d.dxtL7, d.dxtL8, d.dxtL9, d.dxtL10, e.long2, e.long3, e.long4,
-                         e.long5, e.long6, e.long7, e.long8});
+    NumberColumns columns;
+    addAll(columns, {e.descriptorOffset, texture.fieldPosition, texture.descriptorPosition});
+    columns.addHexadecimal(texture.descriptorPosition);
+    addAll(columns, {d.dxtL4, d.dxtL6, d.dxtL7, d.dxtL8, d.dxtL9, d.dxtL10, e.long2, e.long3, e.long4,
+                     e.long5, e.long6, e.long7, e.long8});
+    line.append(columns.text());
 }
 
 void mipmapLine(const PlacedMipmapEntry& mipmap, std::int32_t number, std::string& line) {
@@ -85,12 +93,13 @@ void mipmapLine(const PlacedMipmapEntry& mipmap, std::int32_t number, std::strin
     const std::int32_t target = mipmap.position + e.dataOffset;
     line.clear();
     appendDecimal(line, number, 5, 2);
-    appendColumns(line, {e.dataSize, e.width, e.height, mipmap.position});
-    appendHexColumn(line, mipmap.position);
-    appendColumns(line, {e.dataOffset});
-    appendHexColumn(line, e.dataOffset);
-    appendColumns(line, {target});
-    appendHexColumn(line, target);
+    NumberColumns columns;
+    addAll(columns, {e.dataSize, e.width, e.height});
+    for (const std::int32_t place : {mipmap.position, e.dataOffset, target}) {
+        columns.addDecimal(place);
+        columns.addHexadecimal(place);
+    }
+    line.append(columns.text());
 }
 
 std::string_view nameListEntry(std::string_view name) {

@@ -3,26 +3,48 @@
 #include "platform/text.hpp"
 
 #include <algorithm>
-#include <array>
+#include <cstring>
 
 namespace pelrath {
 
 namespace {
 
-// Writes the digits of a magnitude so that they end before `end`; answers where they begin.
-template <unsigned Base>
-char* writeDigits(char* end, std::uint32_t magnitude) {
+constexpr std::array<char, 200> pairsOfDigits = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t i = 0; i < 100; ++i) {
+        pairs[2 * i] = static_cast<char>('0' + i / 10);
+        pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+    }
+    return pairs;
+}();
+
+// These write the digits of a magnitude so that they end before `end`, and answer where they begin.
+char* writeDecimalDigits(char* end, std::uint32_t magnitude) {
+    for (; magnitude >= 10; magnitude /= 100) {
+        end -= 2;
+        std::memcpy(end, &pairsOfDigits[magnitude % 100 * 2], 2);
+        if (magnitude < 100) return end;
+    }
+    *--end = static_cast<char>('0' + magnitude);
+    return end;
+}
+
+char* writeHexadecimalDigits(char* end, std::uint32_t magnitude) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     do {
-        *--end = digits[magnitude % Base];
-        magnitude /= Base;
+        *--end = digits[magnitude % 16];
+        magnitude /= 16;
     } while (magnitude != 0);
     return end;
 }
 
-char* writeDecimal(char* end, std::int32_t number) {
+std::uint32_t magnitudeOf(std::int32_t number) {
     const auto bits = static_cast<std::uint32_t>(number);
-    char* start = writeDigits<10>(end, number < 0 ? 0U - bits : bits);
+    return number < 0 ? 0U - bits : bits;
+}
+
+char* writeDecimal(char* end, std::int32_t number) {
+    char* start = writeDecimalDigits(end, magnitudeOf(number));
     *--start = number < 0 ? '-' : ' ';
     return start;
 }
@@ -30,7 +52,6 @@ char* writeDecimal(char* end, std::int32_t number) {
 // A blank or sign, and the ten digits of the longest 32-bit number.
 using Room = std::array<char, 11>;
 
-// The largest listings hold a million numbers: none of them is a text of its own on the way.
 void appendField(std::string& line, std::string_view digits, std::size_t width, std::size_t behind) {
     const std::size_t at = line.size();
     line.append(std::max(digits.size(), width) + behind, ' ');
@@ -56,8 +77,24 @@ void appendDecimal(std::string& line, std::int32_t number, std::size_t width, st
 
 void appendHexadecimal(std::string& line, std::int32_t number, std::size_t width, std::size_t behind) {
     Room room;
-    const char* start = writeDigits<16>(room.data() + room.size(), static_cast<std::uint32_t>(number));
+    const char* start = writeHexadecimalDigits(room.data() + room.size(), static_cast<std::uint32_t>(number));
     appendField(line, upToEnd(room, start), width, behind);
+}
+
+void NumberColumns::addDecimal(std::int32_t number) {
+    constexpr std::uint32_t tooLong = 1'000'000'000; // for a column that has room for the sign, too
+    const std::size_t length = magnitudeOf(number) < tooLong ? width : width + 1;
+    char* const column = text_.data() + size_;
+    std::memset(column, ' ', width + 2);
+    writeDecimal(column + length, number);
+    size_ += length + 1;
+}
+
+void NumberColumns::addHexadecimal(std::int32_t number) {
+    char* const column = text_.data() + size_;
+    std::memset(column, ' ', width + 1);
+    writeHexadecimalDigits(column + width, static_cast<std::uint32_t>(number));
+    size_ += width + 1;
 }
 
 std::string fileNumberText(std::int32_t count) {

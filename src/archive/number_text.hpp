@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -16,6 +17,24 @@ void appendRightAligned(std::string& line, std::string_view text, std::size_t wi
 /// leading zeros, a negative number as its 32-bit two's complement.
 void appendDecimal(std::string& line, std::int32_t number, std::size_t width, std::size_t behind);
 void appendHexadecimal(std::string& line, std::int32_t number, std::size_t width, std::size_t behind);
+
+/// Numbers one behind another, each in a column of 10 characters with a blank behind it, as the functions
+/// above write it. Lines of listings are almost nothing else, a million numbers in the largest: they are
+/// written in place, and reach their line together.
+class NumberColumns {
+public:
+    static constexpr std::size_t most = 24;
+
+    /// No more than `most` of both kinds.
+    void addDecimal(std::int32_t number);
+    void addHexadecimal(std::int32_t number);
+    [[nodiscard]] std::string_view text() const { return {text_.data(), size_}; }
+
+private:
+    static constexpr std::size_t width = 10;
+    std::array<char, most*(width + 2)> text_; // the longest number is one longer than its column
+    std::size_t size_ = 0;
+};
 
 /// A file or texture count as its box shows it (7 characters and a blank).
 [[nodiscard]] std::string fileNumberText(std::int32_t count);

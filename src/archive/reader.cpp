@@ -140,6 +140,7 @@ Tables0C readTextures0C(const InputFile& file) {
     tables.header = entries.header<records::Header0C, Entry>();
     const auto count = static_cast<std::size_t>(tables.header.textureCount);
     tables.textures.reserve(count);
+    tables.mipmaps.reserve(count); // as long as each has one
     for (std::size_t i = 0; i < count; ++i) {
         const std::int32_t position = entryPosition<records::Header0C, Entry>(i);
         const auto entry = entries.record<Entry>(position);
@@ -160,6 +161,7 @@ TablesCdds readTexturesCdds(const InputFile& file) {
     tables.header = entries.header<records::HeaderCdds, Entry>();
     const auto count = static_cast<std::size_t>(tables.header.textureCount);
     tables.textures.reserve(count);
+    tables.mipmaps.reserve(count); // as long as each has one
     constexpr auto descriptorSize = static_cast<std::int32_t>(sizeof(records::TextureDescriptor));
     for (std::size_t i = 0; i < count; ++i) {
         const std::int32_t position = entryPosition<records::HeaderCdds, Entry>(i);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include <glib.h>
 
@@ -66,10 +67,12 @@ std::string ansiToUtf8(std::string_view ansi) {
 }
 
 std::string fieldText(std::span<const char> field) {
-    std::string characters(field.size(), '\0');
-    characters.erase(std::remove_copy(field.begin(), field.end(), characters.begin(), '\0'),
-                     characters.end());
-    return isAscii(characters) ? characters : ansiToUtf8(characters);
+    const std::string_view whole{field.data(), field.size()};
+    const std::string_view front = whole.substr(0, whole.find('\0'));
+    if (whole.find_first_not_of('\0', front.size()) == std::string_view::npos) return ansiToUtf8(front);
+    std::string characters; // with zeros among them
+    std::remove_copy(field.begin(), field.end(), std::back_inserter(characters), '\0');
+    return ansiToUtf8(characters);
 }
 
 unsigned char ansiCode(char32_t character) {
