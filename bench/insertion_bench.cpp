@@ -164,7 +164,11 @@ void insertWhole(benchmark::State& state) {
     state.SetLabel(filterNames[state.range(0)]);
     countMegapixels(state);
 }
-BENCHMARK(insertWhole)->DenseRange(0, 8)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime();
+BENCHMARK(insertWhole)
+    ->DenseRange(0, 8)
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime();
 
 /// The dialog's whole work on a huge texture, and the longest time in it without a sign of work.
 void pauses(benchmark::State& state) {
@@ -298,7 +302,13 @@ void safeCopy(benchmark::State& state) {
     }
     state.SetBytesProcessed(state.iterations() * state.range(0) << 20);
 }
-BENCHMARK(safeCopy)->Arg(64)->Arg(1024)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime()->Iterations(4);
+BENCHMARK(safeCopy)
+    ->Arg(64)
+    ->Arg(1024)
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Iterations(4);
 
 /// The system's own copying, with a flush as the safe copy has one, and without.
 void systemCopy(benchmark::State& state) {
