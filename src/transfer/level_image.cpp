@@ -7,8 +7,8 @@ void runOnLevel(LongWork& longWork, const DdsExport& dds, std::int16_t textureIn
     longWork.run(static_cast<std::uint64_t>(dds.level(textureIndex, level).dataSize), work);
 }
 
-bool LevelImage::load(const WorkingFolder& programFolder, std::int16_t textureIndex, std::int16_t level,
-                      ImageFileKind kind) {
+bool LevelAsImage::load(const WorkingFolder& programFolder, std::int16_t textureIndex, std::int16_t level,
+                        ImageFileKind kind) {
     const std::string staged = programFolder.pathFor("tmp1.dds");
     runOnLevel(imaging_.facade.longWork(), dds_, textureIndex, level,
                [&] { dds_.writeDdsLevelFile(staged, textureIndex, level, Durability::Scratch); });
@@ -25,7 +25,7 @@ bool LevelImage::load(const WorkingFolder& programFolder, std::int16_t textureIn
                                                imaging_.options.extension);
 }
 
-bool LevelImage::save(const std::string& path) {
+bool LevelAsImage::save(const std::string& path) {
     imaging_.options.buildMipmaps = false;
     imaging_.options.targaFirstRow = FirstRow::Top; // upright in every reader
     const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, path, true);
