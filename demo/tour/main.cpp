@@ -109,7 +109,16 @@ private:
         const QString number = QString{"%1"}.arg(++taken_, 2, 10, QChar{'0'});
         const QString file = pictures_ + '/' + number + '-' + name + ".png";
         QGuiApplication::primaryScreen()->grabWindow(0).save(file);
-        std::cout << file.toStdString() << '\n';
+        const QRect at = window();
+        std::cout << file.toStdString() << ' ' << at.width() << 'x' << at.height() << '+' << at.x() << '+'
+                  << at.y() << '\n';
+    }
+    // Where the picture's window is on the screen, with its menu.
+    QRect window() {
+        const QWidget* dialog = QApplication::activeModalWidget();
+        QRect at = (dialog != nullptr ? dialog : &program_->window)->frameGeometry();
+        if (const QWidget* menu = QApplication::activePopupWidget()) at |= menu->frameGeometry();
+        return at & QGuiApplication::primaryScreen()->geometry();
     }
     void press(const char* button) {
         user_.then([this, button] { widget<QAbstractButton>(button).click(); });
