@@ -427,7 +427,7 @@ TEST_F(RealWindow, AKeyThatIsHeldEndsBehindADialogThatAnotherOpens) {
     user.then([this, isBefore] {
         program.main.look().keepBefore();
         std::string bytes = folder.read("demo.cdds");
-        bytes.replace(bytes.find(plainBlocks(4, 4, 0xF800)), 8, plainBlocks(4, 4, 0x001F));
+        bytes[bytes.find(plainBlocks(4, 4, 0xF800))] = 1;
         (void)folder.write("demo.cdds", bytes);
         program.session.archiveFile = ArchiveFile{InputFile{archive}}; // as if the program had written it
         click(list("Output0"), 1), click(list("Output0"), 0);
@@ -436,9 +436,7 @@ TEST_F(RealWindow, AKeyThatIsHeldEndsBehindADialogThatAnotherOpens) {
         EXPECT_TRUE(isBefore());
         widget<QPushButton>("Command1").click();
     });
-    untilDialog<QFileDialog>().until("the texture as it is", [isBefore] { return !isBefore(); }).then([] {
-        dialog<QFileDialog>()->reject();
-    });
+    untilDialog<QFileDialog>().until("the texture as it is", [isBefore] { return !isBefore(); });
     run();
 }
 
@@ -460,7 +458,6 @@ TEST(DraggedPicture, IsAFileOfItsOwnNameUntilTheProgramEnds) {
                                            folder};
         EXPECT_EQ(next.urls(), dragged.urls());
         EXPECT_EQ(QImage::fromData(reading.readAll()).size(), image.size());
-        EXPECT_EQ(QImage{file}.size(), QSize(9, 9));
     }
     EXPECT_TRUE(temporary.names().empty());
 }

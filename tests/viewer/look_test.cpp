@@ -48,9 +48,6 @@ TEST(Look, ZoomsAndMovesByWholePixelsAndKeepsThePictureInTheViewport) {
          "1; 0, -2152, -10, 2048, 1024; 1, -100, -10, 1024, 512; 3, -100, 506, 256, 128"},
         {"from a tile to its level: the same part", "tiled zoom 1 0 0 pan -2148 -1124 level 1",
          "2; 1, -100, -100, 2048, 1024"},
-        {"tiles whose sides end inside a pixel share none", "level 2 tiled zoom 0.0107421875 0 0 pan 900 900",
-         "0.0107422; 3, 506, 510, 2.75, 1.375; 3, 509, 510, 2.75, 1.375; 3, 506, 511, 2.75, 1.375; "
-         "3, 509, 511, 2.75, 1.375"},
         {"in a smaller viewport", "zoom 1 511 255 room 256 1 0.125 pan -9000 0",
          "1; 0, -1792, -512, 2048, 1024"},
         {"fitted on a screen with a scale", "room 768 1.5 0.375 level 2", "1.5; 3, 0, 0, 384, 192"},
