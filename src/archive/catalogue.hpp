@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/posix/large_blocks.hpp"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -31,7 +33,7 @@ struct TextureRecord {
 /// with a positive size lay inside the file when it was read.
 struct CddsArchive {
     CddsType type = CddsType::Type0C;
-    std::vector<TextureRecord> textures;
+    std::vector<TextureRecord, LargeBlocks<TextureRecord>> textures;
     std::int16_t totalMipmapCount = 0;
     bool operator==(const CddsArchive&) const = default;
 };

@@ -3,6 +3,7 @@
 #include "archive/catalogue.hpp"
 #include "archive/records.hpp"
 #include "platform/posix/files.hpp"
+#include "platform/posix/large_blocks.hpp"
 
 #include <cstdint>
 #include <stdexcept>
@@ -43,7 +44,7 @@ struct PlacedTextureCdds {
 template <class Header, class Texture>
 struct ArchiveTables {
     Header header;
-    std::vector<Texture> textures;
+    std::vector<Texture, LargeBlocks<Texture>> textures;
     std::vector<PlacedMipmapEntry> mipmaps;
 };
 using Tables0C = ArchiveTables<records::Header0C, PlacedTexture0C>;

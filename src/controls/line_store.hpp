@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/posix/large_blocks.hpp"
+
 #include <cstddef>
 #include <span>
 #include <string>
@@ -31,14 +33,14 @@ public:
         ends_.reserve(lines);
         text_.reserve(bytes);
     }
-    /// Gives the memory back too.
+    /// Keeps the memory for the lines to come.
     void clear() {
-        text_ = {};
-        ends_ = {};
+        text_.clear();
+        ends_.clear();
     }
 
 private:
-    std::string text_;
+    std::basic_string<char, std::char_traits<char>, LargeBlocks<char>> text_;
     std::vector<std::size_t> ends_;
 };
 

@@ -49,18 +49,21 @@ public:
 
     [[nodiscard]] Connection connect(Handler handler) {
         auto slot = std::make_shared<Slot>(std::move(handler));
-        slots_->push_back(slot);
+        slots_->all.push_back(slot);
         return Connection{[slots = std::weak_ptr(slots_), slot] {
             slot->connected = false;
-            if (const auto live = slots.lock()) std::erase(*live, slot);
+            if (const auto live = slots.lock()) live->drop();
         }};
     }
 
     void emit(Arguments... arguments) const {
-        if (slots_->empty()) return;
-        const auto called = *slots_;
-        for (const auto& slot : called) {
-            if (slot->connected) slot->handler(arguments...);
+        if (slots_->all.empty()) return;
+        const auto slots = slots_; // may outlive this
+        const Emission emission{*slots};
+        const std::size_t known = slots->all.size();
+        for (std::size_t i = 0; i < known; ++i) {
+            const Slot& slot = *slots->all[i];
+            if (slot.connected) slot.handler(arguments...);
         }
     }
 
@@ -71,8 +74,31 @@ private:
         bool connected = true;
     };
 
-    std::shared_ptr<std::vector<std::shared_ptr<Slot>>> slots_ =
-        std::make_shared<std::vector<std::shared_ptr<Slot>>>();
+    struct Slots {
+        std::vector<std::shared_ptr<Slot>> all;
+        int emissions = 0;
+        bool dropped = false;
+
+        /// Forgets who is disconnected; not during an emission, which counts on their places.
+        void drop() {
+            dropped = emissions > 0;
+            if (!dropped) std::erase_if(all, [](const auto& slot) { return !slot->connected; });
+        }
+    };
+    class Emission {
+    public:
+        explicit Emission(Slots& slots) : slots_(slots) { ++slots_.emissions; }
+        ~Emission() {
+            if (--slots_.emissions == 0 && slots_.dropped) slots_.drop();
+        }
+        Emission(const Emission&) = delete;
+        Emission& operator=(const Emission&) = delete;
+
+    private:
+        Slots& slots_;
+    };
+
+    std::shared_ptr<Slots> slots_ = std::make_shared<Slots>();
 };
 
 } // namespace pelrath

@@ -166,6 +166,8 @@ void ArchiveReading::fillPanes(const Tables& tables) {
     c_.Output[TexturePane].reserve(textures,
                                    tables.textures.size() * (c_.Text2[TexturePane].text().size() + 4));
     c_.Output[MipmapPane].reserve(mipmaps, tables.mipmaps.size() * listing::mipmapTitle.size());
+    constexpr std::size_t usualName = 32;
+    c_.incrementalSearchList.reserve(textures, tables.textures.size() * usualName);
     std::string line;
     std::int32_t number = 0;
     for (std::int32_t i = 0; i < textures; ++i) {

@@ -29,8 +29,8 @@ std::string damageOf(const std::string& bytes, std::uintmax_t size = 0) {
 }
 
 // The catalogue that is to be read of an archive as it was built.
-std::vector<TextureRecord> recordsOf(const ArchiveBuilder& builder) {
-    std::vector<TextureRecord> records;
+decltype(CddsArchive::textures) recordsOf(const ArchiveBuilder& builder) {
+    decltype(CddsArchive::textures) records;
     for (const TexturePlan& plan : builder.textures) {
         const auto& places = builder.dataAt[records.size()];
         TextureRecord& record = records.emplace_back(

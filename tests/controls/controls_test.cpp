@@ -34,6 +34,10 @@ TEST(Signals, HandlersMayComeAndGoDuringAnEmission) {
     log.watch(signal, "next");
     signal.emit();
     EXPECT_EQ(log.take(), "late next");
+    first = signal.connect([&] { log.add("once"), first.reset(), signal.emit(); });
+    log.watch(signal, "behind it");
+    signal.emit(); // the inner emission comes to those behind first
+    EXPECT_EQ(log.take(), "late next once late next behind it behind it");
     first = Signal<>{}.connect([] {});
     first.reset(); // of a signal that is no more
 }
