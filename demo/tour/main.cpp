@@ -1,5 +1,6 @@
 #include "desktop/application.hpp"
 #include "desktop/list_box_view.hpp"
+#include "dress.hpp"
 #include "platform/posix/files.hpp"
 #include "user_script.hpp"
 
@@ -381,8 +382,8 @@ private:
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (argc != 3) {
-        std::cerr << "pelrath-tour ARCHIVE-FOLDER PICTURE-FOLDER\n";
+    if (argc < 3 || argc > 5) {
+        std::cerr << "pelrath-tour ARCHIVE-FOLDER PICTURE-FOLDER [light|dark|high-contrast [POINTS]]\n";
         return 2;
     }
     // A desktop of its own: the editors of a real one have no business in the pictures.
@@ -393,6 +394,7 @@ int main(int argc, char* argv[]) {
     desktop::Application::prepareGraphics();
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication qt{argc, argv};
+    if (argc > 3) pelrath::tour::dress(argv[3], argc > 4 ? QString{argv[4]}.toDouble() : 0);
     const QString pictures = QDir{argv[2]}.absolutePath();
     QDir::setCurrent(argv[1]); // where the file-open dialog starts
     return Tour{QDir::currentPath(), pictures}.take();
