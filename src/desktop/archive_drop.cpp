@@ -47,7 +47,7 @@ bool ArchiveDrop::eventFilter(QObject* watched, QEvent* event) {
 
 bool ArchiveDrop::take(QDropEvent& event) {
     const auto archive = archiveIn(*event.mimeData());
-    if (!archive || !refresh_.gate().admits(window_)) return false;
+    if (!archive) return false;
     event.setDropAction(Qt::CopyAction); // the file stays where it is
     event.accept();
     if (event.type() != QEvent::Drop) return true;

@@ -169,12 +169,12 @@ TEST(RecentArchivesFile, KeepsTheTenNewestInASectionOfItsOwn) {
     saveApplicationSettings(folder.file("Pelrath"), settings);
     const std::string before = folder.read("Pelrath.ini");
     for (const char* path :
-         {"/0", "/1", "/2", "/3", "/4", "/5", "/6", "/7", "/8", "/\u05D0 b ", "/1", "/x\ny", ""}) {
+         {"/0", "/1", "/2", "/3", "/4", "/5", "/6", "/7", "/8", "/\u05D0 b ", "/5", "/x\ny", ""}) {
         settings.recentArchives.add(path);
     }
     settings.recentArchives.add("/" + std::string(300, 'z'));
     const std::string kept = "[Recent]\n1=/" + std::string(300, 'z') +
-                             "\n2=/1\n3=\"/\u05D0 b \"\n4=/8\n5=/7\n6=/6\n7=/5\n8=/4\n9=/3\n10=/2\n";
+                             "\n2=/5\n3=\"/\u05D0 b \"\n4=/8\n5=/7\n6=/6\n7=/4\n8=/3\n9=/2\n10=/1\n";
     saveApplicationSettings(folder.file("Pelrath"), settings);
     EXPECT_EQ(folder.read("Pelrath.ini"), before + kept);
     loadApplicationSettings(folder.file("Pelrath"), settings);
