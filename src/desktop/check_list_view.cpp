@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace pelrath::desktop {
 
@@ -63,7 +64,15 @@ void CheckListView::initViewItemOption(QStyleOptionViewItem* option) const {
     QListView::initViewItemOption(option);
     if (hasFocus()) return;
     option->palette.setBrush(QPalette::Highlight, palette().brush(QPalette::Midlight));
-    option->palette.setBrush(QPalette::HighlightedText, palette().brush(QPalette::Text));
+    option->palette.setBrush(QPalette::HighlightedText, textOn(QPalette::Midlight));
+}
+
+// The usual text, but where a theme has made it of the same colour.
+QBrush CheckListView::textOn(QPalette::ColorRole ground) const {
+    constexpr int readable = 60; // of 255
+    const int light = palette().color(ground).lightness();
+    const bool seen = std::abs(palette().color(QPalette::Text).lightness() - light) > readable;
+    return palette().brush(seen ? QPalette::Text : QPalette::Base);
 }
 
 // All of a click happens at its press: the base class, having seen only a part of it, would turn the mark

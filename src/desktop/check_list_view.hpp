@@ -42,6 +42,8 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
+    [[nodiscard]] QBrush textOn(QPalette::ColorRole ground) const;
+
     CheckListBox* list_ = nullptr;
     Refresh* refresh_ = nullptr;
     CheckListModel* lines_ = nullptr;

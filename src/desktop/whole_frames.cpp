@@ -35,6 +35,41 @@ void drawWhole(QPainter& painter, const QRect& place, const Draw& draw) {
     painter.restore();
 }
 
+// The style's own outlines are darker than the window, which black has no room for.
+bool hidesOutlines(const QStyleOption& option) {
+    constexpr int darkest = 20; // of 255
+    return option.palette.color(QPalette::Window).lightness() < darkest;
+}
+
+bool hasOutline(QStyle::PrimitiveElement element) {
+    switch (element) {
+    case QStyle::PE_Frame:
+    case QStyle::PE_FrameLineEdit:
+    case QStyle::PE_FrameGroupBox:
+    case QStyle::PE_PanelButtonCommand:
+    case QStyle::PE_IndicatorCheckBox:
+    case QStyle::PE_IndicatorItemViewItemCheck:
+    case QStyle::PE_IndicatorRadioButton:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void drawOutline(QPainter& painter, const QStyleOption& option, bool round) {
+    painter.save();
+    const bool focus = option.state.testFlag(QStyle::State_HasFocus);
+    painter.setPen(option.palette.color(focus ? QPalette::Highlight : QPalette::WindowText));
+    painter.setBrush(Qt::NoBrush);
+    if (round) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.drawEllipse(QRectF{option.rect}.adjusted(0.5, 0.5, -0.5, -0.5));
+    } else {
+        drawFrame(painter, option.rect);
+    }
+    painter.restore();
+}
+
 } // namespace
 
 void drawFrame(QPainter& painter, const QRect& place) {
@@ -47,13 +82,21 @@ void WholeFrames::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
     if (element != PE_Frame || frame == nullptr) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
-        return;
+    } else {
+        drawWhole(*painter, frame->rect, [&](const QRect& line) {
+            QStyleOptionFrame placed = *frame;
+            placed.rect = line;
+            QProxyStyle::drawPrimitive(element, &placed, painter, widget);
+        });
     }
-    drawWhole(*painter, frame->rect, [&](const QRect& line) {
-        QStyleOptionFrame placed = *frame;
-        placed.rect = line;
-        QProxyStyle::drawPrimitive(element, &placed, painter, widget);
-    });
+    if (hasOutline(element) && hidesOutlines(*option))
+        drawOutline(*painter, *option, element == PE_IndicatorRadioButton);
+}
+
+void WholeFrames::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                     QPainter* painter, const QWidget* widget) const {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_ComboBox && hidesOutlines(*option)) drawOutline(*painter, *option, false);
 }
 
 } // namespace pelrath::desktop

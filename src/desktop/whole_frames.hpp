@@ -11,11 +11,13 @@ namespace pelrath::desktop {
 /// allowed to paint.
 void drawFrame(QPainter& painter, const QRect& place);
 
-/// The desktop's style, whose frames have all four sides at every scale.
+/// The desktop's style, whose frames have all four sides at every scale, and are seen on black, too.
 class WholeFrames : public QProxyStyle {
 public:
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override;
 };
 
 } // namespace pelrath::desktop

@@ -2,7 +2,10 @@
 #include "desktop/whole_frames.hpp"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 
 #include <gtest/gtest.h>
 
@@ -53,6 +56,27 @@ TEST(WholeFrames, HaveAllSidesWhereverTheyStandAtEveryScale) {
                     << view->metaObject()->className() << " at " << place << ", scale " << scale;
             }
         }
+    }
+}
+
+TEST(WholeFrames, AreSeenOnBlack) {
+    QApplication::setStyle(new desktop::WholeFrames);
+    QWidget window;
+    window.resize(80, 80);
+    QPalette contrast{Qt::black, Qt::black};
+    contrast.setColor(QPalette::WindowText, Qt::white);
+    window.setPalette(contrast);
+    QLineEdit line{&window};
+    QPushButton button{&window};
+    QPlainTextEdit text{&window};
+    QComboBox list{&window};
+    const QWidgetList views{&line, &button, &text, &list};
+    for (QWidget* view : views) {
+        view->setGeometry(5, 5, 60, 40);
+        for (QWidget* other : views) {
+            other->setVisible(other == view);
+        }
+        EXPECT_EQ(missingSides(window, view->geometry(), 1.25), "") << view->metaObject()->className();
     }
 }
 
