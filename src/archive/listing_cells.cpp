@@ -15,7 +15,7 @@ constexpr std::size_t textColumns = 5;         // index, name, width, height and
 // Takes the first word off a text.
 std::string takeWord(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    const std::string word{text.substr(0, text.find(' '))};
+    std::string word{text.substr(0, text.find(' '))};
     text.remove_prefix(word.size());
     return word;
 }

@@ -14,6 +14,7 @@ public:
     void open();
 
 protected:
+    QVariant loadResource(int type, const QUrl& name) override;
     void keyPressEvent(QKeyEvent* event) override;
 };
 
