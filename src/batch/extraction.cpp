@@ -40,9 +40,8 @@ void Extraction::write(std::int16_t texture, FileReport& report) {
 
 bool Extraction::writeImage(std::int16_t texture, const PlannedFile& file) {
     if (!library_.start()) return false;
-    library_.imaging().options.durability = Durability::Scratch;
     LevelAsImage image{library_.imaging(), messages_, dds_};
-    return image.load(session_.programFolder, texture, file.level, file.kind) && image.save(file.path);
+    return image.load(session_.programFolder, texture, file.level, file.kind) && image.save(file.path, Durability::Scratch);
 }
 
 bool needsLibrary(const Plan& plan) {

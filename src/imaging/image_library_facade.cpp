@@ -162,10 +162,10 @@ bool ImageLibraryFacade::setSaveImageOptions(std::int32_t fileType, std::int32_t
 }
 
 bool ImageLibraryFacade::saveImage([[maybe_unused]] std::int32_t imageType, const std::string& fileName,
-                                   bool overwrite, Bytes known) {
+                                   bool overwrite, Bytes known, Durability durability) {
     return attempt({"ilSave Error Number: ", "ImageSave Error : ", true, fileName + " was not written"}, [&] {
         prepareBoundImage(overwrite);
-        if (!writeBoundImage(fileName, overwrite, known)) return false;
+        if (!writeBoundImage(fileName, overwrite, known, durability)) return false;
         trace_.traceMessage("ilSave done sucessfully.");
         return true;
     });
@@ -193,7 +193,8 @@ void ImageLibraryFacade::prepareBoundImage(bool overwrite) {
     if (!setLibraryFlag(IL_FILE_OVERWRITE, overwrite)) check();
 }
 
-bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overwrite, Bytes known) {
+bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overwrite, Bytes known,
+                                         Durability durability) {
     // Before the library looks for itself: it opens the file for that, which a pipe would never let it.
     requireFree(fileName, overwrite);
     bool written = false;
@@ -202,7 +203,7 @@ bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overw
         if (!file) return;
         requireFree(fileName, overwrite); // it may have come meanwhile
         const std::array<Bytes, 1> pieces{*file};
-        replaceFile(fileName, pieces, options_.durability);
+        replaceFile(fileName, pieces, durability);
         written = true;
     });
     return written;

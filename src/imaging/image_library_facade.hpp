@@ -52,8 +52,9 @@ public:
     /// name has and whatever `imageType` says. The file appears whole or not at all; a file that was there
     /// stays as it was until then. Equal pictures give equal files. The blocks of a DDS file are those of
     /// LevelEncoder: of `known` ones, for as many levels as they are enough, each stays unless another comes
-    /// nearer to the picture.
-    bool saveImage(std::int32_t imageType, const std::string& fileName, bool overwrite, Bytes known = {});
+    /// nearer to the picture. What is only going to be read again need not be flushed.
+    bool saveImage(std::int32_t imageType, const std::string& fileName, bool overwrite, Bytes known = {},
+                   Durability durability = Durability::Flushed);
 
     /// Switches one of the library's modes.
     bool setLibraryFlag(std::uint32_t mode, bool enable);
@@ -86,7 +87,7 @@ private:
     std::string report(const char* prefix, std::int32_t code, const std::string& reason = {});
 
     void prepareBoundImage(bool overwrite);
-    bool writeBoundImage(const std::string& fileName, bool overwrite, Bytes known);
+    bool writeBoundImage(const std::string& fileName, bool overwrite, Bytes known, Durability durability);
     void scaleBoundImage(std::int32_t width, std::int32_t height, std::int16_t filterIndex);
 
     MessageBoxes& boxes_;

@@ -40,7 +40,7 @@ void LongWork::run(std::uint64_t pixels, const std::function<void()>& work) {
     std::optional<std::future<void>> running;
     if (sign_ != nullptr && pixels >= manyPixels) running = started(work);
     if (!running) return work();
-    while (running->wait_for(quietTime) != std::future_status::ready) {
+    while (running->wait_until(last_ + quietTime) != std::future_status::ready) {
         showInTime();
     }
     running->get();

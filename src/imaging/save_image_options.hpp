@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/posix/files.hpp"
-
 #include <cstdint>
 #include <string>
 
@@ -27,7 +25,6 @@ struct SaveImageOptions {
     /// TGA only. The header says which, and most readers heed it, but some show every file from its first row
     /// on.
     FirstRow targaFirstRow = FirstRow::Bottom;
-    Durability durability = Durability::Flushed; ///< of the file
 };
 
 } // namespace pelrath

@@ -30,11 +30,14 @@ bool DdsBuilder::buildScaled(const std::string& path, HeldArchive& archive, std:
     const std::vector<MipmapRecord>& levels = archive.session().chosenTexture().mipmaps;
     for (std::size_t i = 0; i < levels.size(); ++i) {
         const std::int64_t size = levels[i].dataSize;
-        const bool whole = i == 0; // in its place already
-        if (size > 0) {
-            if (!whole && !saveScaled(scaled.path(), archive, source, i, filter)) return false;
-            const auto data = readFileBytes(whole ? path : scaled.path(), firstLevelPosition, size);
-            if (!whole) writeInto(path, static_cast<std::uint64_t>(position - 1), data);
+        if (size > 0 && i > 0) {
+            if (!saveScaled(scaled.path(), archive, source, i, filter)) return false;
+            imaging_.facade.longWork().run(static_cast<std::uint64_t>(size), [&] {
+                const auto data = readFileBytes(scaled.path(), firstLevelPosition, size);
+                writeInto(path, static_cast<std::uint64_t>(position - 1), data);
+            });
+        } else {
+            requireFileBytes(path, firstLevelPosition, size); // in its place already
         }
         position += size;
     }
@@ -49,7 +52,8 @@ bool DdsBuilder::save(const std::string& path, bool buildMipmaps, HeldArchive& a
     std::vector<std::byte> known;
     imaging_.facade.longWork().run(sides.pixels(),
                                    [&] { known = knownBlocks(archive, first, count, sides); });
-    const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, path, true, known);
+    const bool saved =
+        imaging_.facade.saveImage(imaging_.options.imageType, path, true, known, Durability::Scratch);
     imaging_.images.check("saveImage");
     return saved;
 }

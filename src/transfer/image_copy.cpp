@@ -7,7 +7,7 @@
 namespace pelrath {
 
 ImageCopy::ImageCopy(ImageLibraryFacade& facade, const LibraryImages& images, std::uint32_t source)
-    : images_(images) {
+    : facade_(facade), images_(images) {
     images_.bind(source);
     const std::uint64_t pixels = facade.boundSides().pixels();
     id_ = images_.generate();
@@ -34,7 +34,8 @@ void ImageCopy::discard() {
 }
 
 void ImageCopy::remove() {
-    images_.remove(std::exchange(id_, 0));
+    const std::uint32_t id = std::exchange(id_, 0);
+    facade_.longWork().run(facade_.boundSides().pixels(), [&] { images_.remove(id); });
     images_.check("ilDeleteImages");
 }
 

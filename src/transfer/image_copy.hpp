@@ -16,11 +16,13 @@ public:
     ImageCopy& operator=(const ImageCopy&) = delete;
 
     [[nodiscard]] std::uint32_t id() const { return id_; }
+    /// Of the bound image, which it must be.
     void remove();
 
 private:
     void discard();
 
+    ImageLibraryFacade& facade_;
     const LibraryImages& images_;
     std::uint32_t id_ = 0;
 };

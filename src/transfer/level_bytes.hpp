@@ -21,6 +21,9 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// SourceTooShort where a file does not have so many bytes from the position on.
+void requireFileBytes(const std::string& path, std::int64_t position, std::int64_t size);
+
 /// `size` bytes from the position of a file. SourceTooShort where it does not have them.
 [[nodiscard]] std::vector<std::byte> readFileBytes(const InputFile& file, std::int64_t position,
                                                    std::int64_t size);

@@ -25,10 +25,10 @@ bool LevelAsImage::load(const WorkingFolder& programFolder, std::int16_t texture
                                                imaging_.options.extension);
 }
 
-bool LevelAsImage::save(const std::string& path) {
+bool LevelAsImage::save(const std::string& path, Durability durability) {
     imaging_.options.buildMipmaps = false;
     imaging_.options.targaFirstRow = FirstRow::Top; // upright in every reader
-    const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, path, true);
+    const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, path, true, {}, durability);
     imaging_.images.check("saveImage");
     if (saved) image_->remove();
     return saved;

@@ -35,7 +35,7 @@ public:
     bool load(const WorkingFolder& programFolder, std::int16_t textureIndex, std::int16_t level,
               ImageFileKind kind);
     /// Writes it, with the top row first in a TGA file, whatever stands at `path`, and lets go of it.
-    bool save(const std::string& path);
+    bool save(const std::string& path, Durability durability = Durability::Flushed);
 
 private:
     TransferImaging imaging_;
