@@ -15,6 +15,7 @@
 #include <iomanip>
 #include <iostream>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #define STB_DXT_STATIC
@@ -127,7 +128,8 @@ double ownEncoder(const Picture& picture, BlockFormat format, std::vector<std::b
 }
 
 double library(const Picture& picture, BlockFormat format, std::vector<std::byte>& blocks) {
-    const std::string file = (std::filesystem::temp_directory_path() / "pelrath-encoder-table.dds").string();
+    const std::string file =
+        std::filesystem::temp_directory_path() / ("pelrath-bench-" + std::to_string(getpid()) + ".dds");
     ILuint image = 0;
     ilGenImages(1, &image);
     ilBindImage(image);

@@ -39,11 +39,10 @@ template <typename Registers>
     return reinterpret_cast<typename Registers::Values>(typename Registers::Totals{} + both);
 }
 
-[[nodiscard]] inline Shorts lowInterleaved(Shorts a, Shorts b) {
-    return __builtin_shufflevector(a, b, 0, 8, 1, 9, 2, 10, 3, 11);
-}
-[[nodiscard]] inline Shorts highInterleaved(Shorts a, Shorts b) {
-    return __builtin_shufflevector(a, b, 4, 12, 5, 13, 6, 14, 7, 15);
+/// The halves of two, number by number in turns.
+inline void interleave(const Shorts& a, const Shorts& b, Shorts& low, Shorts& high) {
+    low = __builtin_shufflevector(a, b, 0, 8, 1, 9, 2, 10, 3, 11);
+    high = __builtin_shufflevector(a, b, 4, 12, 5, 13, 6, 14, 7, 15);
 }
 
 /// The bytes of two pixels, four of each: the first of both, the second of both.
@@ -61,30 +60,27 @@ template <typename Registers>
         __builtin_shufflevector(both, Bytes16{}, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23));
 }
 
-/// Of each two neighbours a[i] * b[i] + a[i + 1] * b[i + 1].
-[[nodiscard]] inline Sums addedProducts(Shorts a, Shorts b) {
+/// To each sum a[i] * b[i] + a[i + 1] * b[i + 1] of two neighbours.
+inline void addProducts(Sums& sums, const Shorts& a, const Shorts& b) {
 #ifdef __SSE2__
-    return reinterpret_cast<Sums>(_mm_madd_epi16(reinterpret_cast<__m128i>(a), reinterpret_cast<__m128i>(b)));
+    sums +=
+        reinterpret_cast<Sums>(_mm_madd_epi16(reinterpret_cast<__m128i>(a), reinterpret_cast<__m128i>(b)));
 #else
-    Sums sums;
     for (std::size_t i = 0; i < lanes; ++i) {
-        sums[i] = a[2 * i] * b[2 * i] + a[2 * i + 1] * b[2 * i + 1];
+        sums[i] += a[2 * i] * b[2 * i] + a[2 * i + 1] * b[2 * i + 1];
     }
-    return sums;
 #endif
 }
 
 /// The numbers of one after those of the other, the nearest ones that there is room for.
-[[nodiscard]] inline Shorts packed(Sums a, Sums b) {
+inline void pack(const Sums& a, const Sums& b, Shorts& packed) {
 #ifdef __SSE2__
-    return reinterpret_cast<Shorts>(
-        _mm_packs_epi32(reinterpret_cast<__m128i>(a), reinterpret_cast<__m128i>(b)));
+    packed =
+        reinterpret_cast<Shorts>(_mm_packs_epi32(reinterpret_cast<__m128i>(a), reinterpret_cast<__m128i>(b)));
 #else
-    Shorts shorts;
     for (std::size_t i = 0; i < 2 * lanes; ++i) {
-        shorts[i] = static_cast<std::int16_t>(std::clamp(i < lanes ? a[i] : b[i - lanes], -32768, 32767));
+        packed[i] = static_cast<std::int16_t>(std::clamp(i < lanes ? a[i] : b[i - lanes], -32768, 32767));
     }
-    return shorts;
 #endif
 }
 
@@ -111,20 +107,21 @@ struct WideRegisters {
     using Totals = WideSums;
 };
 
-[[nodiscard, gnu::target("avx2")]] inline WideShorts lowInterleaved(WideShorts a, WideShorts b) {
-    return reinterpret_cast<WideShorts>(
+// Wide ones are passed in another way where a caller does not know that there are registers for them: only
+// references to them are handed over.
+[[gnu::target("avx2")]] inline void interleave(const WideShorts& a, const WideShorts& b, WideShorts& low,
+                                               WideShorts& high) {
+    low = reinterpret_cast<WideShorts>(
         _mm256_unpacklo_epi16(reinterpret_cast<__m256i>(a), reinterpret_cast<__m256i>(b)));
-}
-[[nodiscard, gnu::target("avx2")]] inline WideShorts highInterleaved(WideShorts a, WideShorts b) {
-    return reinterpret_cast<WideShorts>(
+    high = reinterpret_cast<WideShorts>(
         _mm256_unpackhi_epi16(reinterpret_cast<__m256i>(a), reinterpret_cast<__m256i>(b)));
 }
-[[nodiscard, gnu::target("avx2")]] inline WideSums addedProducts(WideShorts a, WideShorts b) {
-    return reinterpret_cast<WideSums>(
+[[gnu::target("avx2")]] inline void addProducts(WideSums& sums, const WideShorts& a, const WideShorts& b) {
+    sums += reinterpret_cast<WideSums>(
         _mm256_madd_epi16(reinterpret_cast<__m256i>(a), reinterpret_cast<__m256i>(b)));
 }
-[[nodiscard, gnu::target("avx2")]] inline WideShorts packed(WideSums a, WideSums b) {
-    return reinterpret_cast<WideShorts>(
+[[gnu::target("avx2")]] inline void pack(const WideSums& a, const WideSums& b, WideShorts& packed) {
+    packed = reinterpret_cast<WideShorts>(
         _mm256_packs_epi32(reinterpret_cast<__m256i>(a), reinterpret_cast<__m256i>(b)));
 }
 #endif

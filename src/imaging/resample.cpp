@@ -168,13 +168,14 @@ private:
                 const Values pair = pairOf<Registers>(&shares[i]);
 #pragma GCC unroll 4
                 for (auto& sum : sums) {
-                    sum += addedProducts(valuesAt<Values>(from), pair);
+                    addProducts(sum, valuesAt<Values>(from), pair);
                     from += length;
                 }
             }
 #pragma GCC unroll 4
             for (std::size_t row = 0; row < together; row += length / pairLength) {
-                const Values values = packed(shifted(sums[row * pairLength / length], shareBits), Totals{});
+                Values values;
+                pack(shifted(sums[row * pairLength / length], shareBits), Totals{}, values);
                 std::memcpy(out[row] + x * lanes, &values, lanes * sizeof(std::int16_t));
                 if constexpr (length > pairLength) {
                     std::memcpy(out[row + 1] + x * lanes,
@@ -196,15 +197,17 @@ private:
             for (std::size_t i = 0; i < shares.size(); i += 2) {
                 const Values pair = pairOf<Registers>(&shares[i]);
                 const auto upper = valuesAt<Values>(rows[i] + x), lower = valuesAt<Values>(rows[i + 1] + x);
-                first += addedProducts(lowInterleaved(upper, lower), pair);
-                second += addedProducts(highInterleaved(upper, lower), pair);
+                Values low, high;
+                interleave(upper, lower, low, high);
+                addProducts(first, low, pair);
+                addProducts(second, high, pair);
             }
             if (weighed_) {
                 first = dividedByAlpha(first, to_.channels);
                 second = dividedByAlpha(second, to_.channels);
             }
-            const Values values =
-                packed(shifted(first, shareBits + valueBits), shifted(second, shareBits + valueBits));
+            Values values;
+            pack(shifted(first, shareBits + valueBits), shifted(second, shareBits + valueBits), values);
             for (std::size_t half = 0; half < length; half += pairLength) {
                 Shorts two;
                 std::memcpy(&two, reinterpret_cast<const std::int16_t*>(&values) + half, sizeof two);
