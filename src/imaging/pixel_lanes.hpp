@@ -25,7 +25,7 @@ struct NarrowRegisters {
 };
 
 template <typename Values>
-[[nodiscard]] Values valuesAt(const std::int16_t* from) {
+[[nodiscard, gnu::always_inline]] inline Values valuesAt(const std::int16_t* from) {
     Values values;
     std::memcpy(&values, from, sizeof values);
     return values;
@@ -33,7 +33,7 @@ template <typename Values>
 
 /// Two numbers, in turns.
 template <typename Registers>
-[[nodiscard]] typename Registers::Values pairOf(const std::int16_t* two) {
+[[nodiscard, gnu::always_inline]] inline typename Registers::Values pairOf(const std::int16_t* two) {
     std::int32_t both = 0;
     std::memcpy(&both, two, sizeof both);
     return reinterpret_cast<typename Registers::Values>(typename Registers::Totals{} + both);
@@ -107,8 +107,8 @@ struct WideRegisters {
     using Totals = WideSums;
 };
 
-// Wide ones are passed in another way where a caller does not know that there are registers for them: only
-// references to them are handed over.
+// Wide ones are passed in another way where a function does not know that there are registers for them: only
+// references to them are handed over, or nothing is called.
 [[gnu::target("avx2")]] inline void interleave(const WideShorts& a, const WideShorts& b, WideShorts& low,
                                                WideShorts& high) {
     low = reinterpret_cast<WideShorts>(

@@ -154,8 +154,8 @@ private:
     using RowPlaces = std::array<std::int16_t*, together>;
 
     template <typename Registers>
-    static void mixColumnsIn(Columns columns, std::size_t firstPixel, const std::int16_t* groups,
-                             const RowPlaces& out) {
+    [[gnu::always_inline]] static void mixColumnsIn(Columns columns, std::size_t firstPixel,
+                                                    const std::int16_t* groups, const RowPlaces& out) {
         using Values = typename Registers::Values;
         using Totals = typename Registers::Totals;
         constexpr std::size_t length = sizeof(Values) / sizeof(std::int16_t),
@@ -187,8 +187,9 @@ private:
     }
 
     template <typename Registers>
-    void mixRowsIn(const std::vector<const std::int16_t*>& rows, const std::vector<std::int16_t>& shares,
-                   std::uint8_t* pixel, std::size_t rowLength) const {
+    [[gnu::always_inline]] void mixRowsIn(const std::vector<const std::int16_t*>& rows,
+                                          const std::vector<std::int16_t>& shares, std::uint8_t* pixel,
+                                          std::size_t rowLength) const {
         using Values = typename Registers::Values;
         using Totals = typename Registers::Totals;
         constexpr std::size_t length = sizeof(Values) / sizeof(std::int16_t);
@@ -221,14 +222,14 @@ private:
     }
 
     template <typename Totals>
-    static Totals shifted(Totals sums, int bits) {
+    [[gnu::always_inline]] static Totals shifted(Totals sums, int bits) {
         const std::int32_t half = 1 << (bits - 1);
         return (sums + half) >> bits;
     }
 
     /// Sums of colours times alpha and of alphas, both from values of the same scale.
     template <typename Totals>
-    static Totals dividedByAlpha(Totals sums, std::size_t channels) {
+    [[gnu::always_inline]] static Totals dividedByAlpha(Totals sums, std::size_t channels) {
         for (std::size_t pixel = 0; pixel < sizeof sums / sizeof sums[0]; pixel += lanes) {
             const double alpha = sums[pixel + channels - 1];
             constexpr double least = 0.5 * (1 << (shareBits + valueBits)); // what becomes an alpha of 1
