@@ -100,10 +100,9 @@ void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureI
     const InputFile archive = openArchive();
     FileReplacement file{path};
     file.write(bytesOf(header));
-    std::vector<std::byte> data;
     for (const MipmapRecord& record : levels) {
-        readLevel(archive, record, data);
-        file.write(data);
+        file.write(archive, static_cast<std::uint64_t>(record.dataOffset),
+                   static_cast<std::uint64_t>(record.dataSize));
     }
     file.finish(durability);
 }

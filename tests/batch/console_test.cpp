@@ -204,6 +204,67 @@ TEST(Console, WritesOnTheTermsAgreedOnAndGivesEverythingBack) {
     }
 }
 
+TEST(Console, OneTextureThatFailsLeavesTheOthersAlone) {
+    ConsoleHarness h{{wall, mask, umlaut}};
+    EXPECT_EQ(h("extract @/a.cdds --to @/in --as image --levels largest -q"), 0) << h.err;
+    const std::string before = h.archive(), image = h.folder.read("in/a b-4x4.tga");
+    (void)h.folder.write("in/a b-4x4.tga", image.substr(0, 30));
+    for (const char* name : {"in/wall-8x8.bmp", "in/\u00E4-4x4.bmp"}) {
+        const std::string file = h.folder.read(name);
+        (void)h.folder.write(name, file.substr(0, 54) + std::string(file.size() - 54, 'n'));
+    }
+    EXPECT_EQ(h("insert @/a.cdds @/in --no-safe-copy"), 1);
+    EXPECT_NE(h.err.find("a b.tga: @/in/a b-4x4.tga: "), std::string::npos) << h.err;
+    EXPECT_NE(h.err.find("2 file(s) inserted, 1 failed."), std::string::npos) << h.err;
+    (void)h.folder.write("before", before);
+    EXPECT_EQ(h("diff @/a.cdds @/before"), 1);
+    EXPECT_EQ(row(h.out.find("wall.bmp, level 0") < 1, h.out.find("a b.tga"),
+                  h.out.find("\u00E4.bmp, level 0") > 1),
+              row(true, std::string::npos, true))
+        << h.out;
+}
+
+TEST(Console, ExtractsImagesInProcessesOfItsOwn) {
+    ConsoleHarness h{{wall, mask, umlaut, outside}};
+    const std::string command = "extract @/a.cdds --as image --levels all --to @/";
+    EXPECT_EQ(h(command + "one"), 1);
+    const std::string told = h.err;
+    h.executable = PELRATH_BATCH;
+    EXPECT_EQ(h(command + "more"), 1);
+    EXPECT_EQ(h.shortened(h.err), told);
+    EXPECT_EQ(h.folder.list("one"), h.folder.list("more"));
+    for (const std::string& name : h.folder.names("one")) {
+        EXPECT_TRUE(h.folder.read("one/" + name) == h.folder.read("more/" + name)) << name;
+    }
+    h.executable = "/bin/false";
+    EXPECT_EQ(h(command + "none"), 1);
+    EXPECT_EQ(h.folder.list("none"), "");
+    EXPECT_NE(h.err.find("0 file(s) written, 1 refused, 10 failed."), std::string::npos) << h.err;
+}
+
+TEST(Completion, OffersWhatCanStandThere) {
+    const TemporaryFolder folder;
+    (void)folder.write("x y.cdds", ""), (void)folder.write("x.tga", "");
+    const std::pair<const char*, const char*> cases[] = {
+        {"ex", "extract"},
+        {"extract --as ''", "dds image"},
+        {"insert a.cdds --w", "--write-read-only"},
+        {"list x", "x y.cdds"},
+        {"restore --safe-copy copies a.cdds x", "x y.cdds"},
+        {"check a.cdds x", ""},
+    };
+    for (const auto& [words, offered] : cases) {
+        (void)folder.write("script", "cd " + folder.path() +
+                                         "\n. " PELRATH_PACKAGING "/pelrath-batch.bash\n"
+                                         "COMP_WORDS=(pelrath-batch " +
+                                         words +
+                                         ")\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n"
+                                         "_pelrath_batch\necho -n \"${COMPREPLY[*]}\" > said\n");
+        EXPECT_EQ(std::system(("bash " + folder.file("script")).c_str()), 0);
+        EXPECT_EQ(folder.read("said"), offered) << words;
+    }
+}
+
 TEST(Console, CompletesWhatWasInterruptedBeforeItWrites) {
     ConsoleHarness h{{wall}};
     const std::string before = h.archive();

@@ -5,25 +5,13 @@
 #include <array>
 #include <cerrno>
 
-#include <fcntl.h>
 #include <spawn.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 
 namespace pelrath {
 
 namespace {
-
-struct Pipe {
-    FileHandle reading;
-    FileHandle writing;
-
-    Pipe() {
-        int handles[2];
-        if (::pipe2(handles, O_CLOEXEC) != 0) throw makeSystemError(errno, "ChildProcess", "");
-        reading = FileHandle{handles[0]};
-        writing = FileHandle{handles[1]};
-    }
-};
 
 /// What is done with the handles between the start of a process and that of its program.
 class Redirections {
@@ -43,11 +31,16 @@ private:
 } // namespace
 
 ChildProcess::ChildProcess(const std::string& executable, const std::vector<std::string>& arguments) {
-    Pipe to;
-    Pipe from;
+    // Unlike a pipe, a socket can be written to without a signal when nobody reads.
+    int ends[2];
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) {
+        throw makeSystemError(errno, "ChildProcess", executable);
+    }
+    ours_ = FileHandle{ends[0]};
+    const FileHandle its{ends[1]};
     Redirections redirections;
-    redirections.add(to.reading.get(), STDIN_FILENO);
-    redirections.add(from.writing.get(), STDOUT_FILENO);
+    redirections.add(its.get(), STDIN_FILENO);
+    redirections.add(its.get(), STDOUT_FILENO);
     std::vector<std::string> words{executable};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> line;
@@ -58,19 +51,17 @@ ChildProcess::ChildProcess(const std::string& executable, const std::vector<std:
     const int error =
         ::posix_spawn(&process_, executable.c_str(), redirections.get(), nullptr, line.data(), environ);
     if (error != 0) throw makeSystemError(error, "ChildProcess", executable);
-    toIt_ = std::move(to.writing);
-    fromIt_ = std::move(from.reading);
 }
 
 ChildProcess::~ChildProcess() {
-    toIt_.close();
+    ours_.close();
     while (::waitpid(process_, nullptr, 0) < 0 && errno == EINTR) {
     }
 }
 
 bool ChildProcess::write(std::string_view bytes) const {
     while (!bytes.empty()) {
-        const ssize_t count = ::write(toIt_.get(), bytes.data(), bytes.size());
+        const ssize_t count = ::send(ours_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
         if (count < 0 && errno == EINTR) continue;
         if (count <= 0) return false;
         bytes.remove_prefix(static_cast<std::size_t>(count));
@@ -82,7 +73,7 @@ std::optional<std::string> ChildProcess::readText() {
     std::size_t end = 0;
     while ((end = read_.find('\0')) == std::string::npos) {
         std::array<char, 4096> part{};
-        const ssize_t count = ::read(fromIt_.get(), part.data(), part.size());
+        const ssize_t count = ::read(ours_.get(), part.data(), part.size());
         if (count < 0 && errno == EINTR) continue;
         if (count <= 0) return std::nullopt;
         read_.append(part.data(), static_cast<std::size_t>(count));

@@ -29,8 +29,7 @@ public:
 
 private:
     pid_t process_ = -1;
-    FileHandle toIt_;
-    FileHandle fromIt_;
+    FileHandle ours_;  ///< end of what is between the two
     std::string read_; ///< beyond the texts that were asked for
 };
 

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -153,6 +154,19 @@ void FileReplacement::write(Bytes bytes) {
         if (written <= 0) fail("FileReplacement", finalPath_);
         bytes = bytes.subspan(static_cast<std::size_t>(written));
     }
+}
+
+void FileReplacement::write(const InputFile& source, std::uint64_t offset, std::uint64_t count) {
+    while (count > 0) {
+        auto in = static_cast<off_t>(offset);
+        const ssize_t copied = ::copy_file_range(source.handle(), &in, file_.handle(), nullptr, count, 0);
+        if (copied <= 0) break; // not between these two; what really is wrong shows in the other way
+        offset += static_cast<std::uint64_t>(copied);
+        count -= static_cast<std::uint64_t>(copied);
+    }
+    std::vector<std::byte> rest(static_cast<std::size_t>(count));
+    if (count > 0) source.readAt(offset, rest);
+    write(rest);
 }
 
 void FileReplacement::takeOverMode() const {

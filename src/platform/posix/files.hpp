@@ -79,6 +79,9 @@ public:
 
     /// Appends to the new content.
     void write(Bytes bytes);
+    /// Appends as many bytes of another file from the 0-based position `offset` on, in the kernel where that
+    /// can be. Fails as the source's readAt() does, too.
+    void write(const InputFile& source, std::uint64_t offset, std::uint64_t count);
     /// Puts it in place, with the old file's permissions where there was one.
     void finish(Durability durability);
 
