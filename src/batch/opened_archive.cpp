@@ -12,9 +12,7 @@ namespace pelrath::batch {
 namespace {
 
 bool isMeant(const std::string& pattern, const std::string& name) {
-    const std::string_view base = withoutExtension(name);
-    return pattern == name || pattern == base || matchesPattern(pattern, name) ||
-           matchesPattern(pattern, std::string{base});
+    return matchesPattern(pattern, name) || matchesPattern(pattern, std::string{withoutExtension(name)});
 }
 
 } // namespace

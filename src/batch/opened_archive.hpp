@@ -41,8 +41,8 @@ private:
 /// How a refusal of the texture's type ends: empty where levels of it can be extracted and inserted.
 [[nodiscard]] std::string whyNotSupported(const TextureRecord& texture);
 
-/// The textures whose name, with or without what follows its last dot, is one of these or matches one of
-/// them as a pattern (see matchesPattern()); all where there is none. `unmatched` gets those that no
+/// The textures whose name, with or without what follows its last dot, matches one of these (see
+/// matchesPattern()); all where there is none. `unmatched` gets those that no
 /// texture has.
 [[nodiscard]] std::vector<std::int16_t> chosenTextures(const CddsArchive& archive,
                                                        const std::vector<std::string>& patterns,

@@ -41,8 +41,11 @@ TEST(Console, OverwritesNothingUnasked) {
     (void)h.folder.write("out/wall-8x8.dds", "old");
     std::filesystem::create_symlink("../a.cdds", h.folder.file("out/wall-4x4.dds"));
     const std::string before = h.archive(), command = "extract @/a.cdds --to @/out --as dds --levels all";
+    h.stop = [&h, planned = false]() mutable { // behind the plan's look
+        return !std::exchange(planned, true) && h.folder.write("out/wall-2x2.dds", "late").empty();
+    };
     EXPECT_EQ(h(command), 1);
-    EXPECT_EQ(h.folder.read("out/wall-8x8.dds"), "old");
+    EXPECT_EQ(row(h.folder.read("out/wall-8x8.dds"), h.folder.read("out/wall-2x2.dds")), "old, late");
     EXPECT_NE(h.err.find("wall-8x8.dds: it is there already"), std::string::npos);
     EXPECT_EQ(h(command + " --overwrite"), 1);
     EXPECT_EQ(h.folder.read("out/wall-8x8.dds").size(), 128U + 32U);

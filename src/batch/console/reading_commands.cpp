@@ -10,8 +10,11 @@ namespace pelrath::batch {
 
 namespace {
 
-int exitCodeOf(std::size_t findings, const Console& console) {
-    if (console.stopIsAsked()) return Stopped;
+int exitCodeOf(std::size_t findings, const Console& console, Telling& telling) {
+    if (console.stopIsAsked()) {
+        telling.message("stopped before all was looked at");
+        return Stopped;
+    }
     return findings == 0 ? AllWell : NotAll;
 }
 
@@ -33,7 +36,7 @@ int checkArchive(const Arguments& arguments, const Console& console) {
     const ArchiveContents contents = openArchive(session, arguments.archive);
     Telling telling{console, false, nullptr};
     const auto tell = [&telling](const std::string& finding) { telling.result(finding); };
-    return exitCodeOf(checkLevels(session, contents, telling, tell), console);
+    return exitCodeOf(checkLevels(session, contents, telling, tell), console, telling);
 }
 
 int compareTwoArchives(const Arguments& arguments, const Console& console) {
@@ -43,7 +46,7 @@ int compareTwoArchives(const Arguments& arguments, const Console& console) {
     openArchive(other, arguments.other);
     Telling telling{console, false, nullptr};
     const auto tell = [&telling](const std::string& finding) { telling.result(finding); };
-    return exitCodeOf(compareArchives(one, other, telling, tell), console);
+    return exitCodeOf(compareArchives(one, other, telling, tell), console, telling);
 }
 
 } // namespace pelrath::batch
