@@ -34,8 +34,9 @@ void Extraction::write(std::int16_t texture, FileReport& report) {
         }
         return true;
     });
+    const std::string reason = messages_.takeFirst(); // what is there beside a success concerns nobody
     report.outcome = done ? Outcome::Done : Outcome::Failed;
-    if (!done) report.message = messages_.takeFirst();
+    if (!done) report.message = reason;
 }
 
 bool Extraction::writeImage(std::int16_t texture, const PlannedFile& file) {
