@@ -10,10 +10,14 @@ int main(int argc, char* argv[]) try {
     using namespace pelrath;
     const EndSignals ends;
     outliveReaders();
-    const batch::Console console{
-        std::cin, std::cout, std::cerr, errorsGoToTerminal(), programFolder(), executablePath(), [&ends] {
-            return ends.asked();
-        }};
+    const batch::Console console{std::cin,
+                                 std::cout,
+                                 std::cerr,
+                                 errorsGoToTerminal(),
+                                 programFolder(),
+                                 executablePath(),
+                                 [&ends] { return ends.asked(); },
+                                 otherProgramFolder()};
     return batch::run({argv + 1, argv + argc}, console);
 } catch (const std::exception& error) {
     std::cerr << "pelrath-batch: " << error.what() << ".\n";

@@ -41,7 +41,7 @@ void Extraction::write(std::int16_t texture, FileReport& report) {
 
 bool Extraction::writeImage(std::int16_t texture, const PlannedFile& file) {
     if (!library_.start()) return false;
-    LevelAsImage image{library_.imaging(), messages_, dds_};
+    LoadedLevel image{library_.imaging(), messages_, dds_};
     return image.load(session_.programFolder, texture, file.level, file.kind) &&
            image.save(file.path, Durability::Scratch);
 }

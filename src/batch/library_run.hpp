@@ -3,7 +3,7 @@
 #include "batch/collected_messages.hpp"
 #include "imaging/image_library_facade.hpp"
 #include "transfer/image_library_use.hpp"
-#include "transfer/level_image.hpp"
+#include "transfer/loaded_level.hpp"
 
 namespace pelrath::batch {
 

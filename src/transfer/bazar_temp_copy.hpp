@@ -2,7 +2,7 @@
 
 #include "platform/message_boxes.hpp"
 #include "session/session.hpp"
-#include "transfer/level_image.hpp"
+#include "transfer/loaded_level.hpp"
 
 #include <cstdint>
 #include <string>

@@ -2,8 +2,8 @@
 
 #include "platform/posix/working_folder.hpp"
 #include "transfer/held_archive.hpp"
-#include "transfer/level_image.hpp"
 #include "transfer/level_source.hpp"
+#include "transfer/loaded_level.hpp"
 
 #include <cstddef>
 #include <cstdint>

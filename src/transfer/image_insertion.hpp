@@ -6,8 +6,8 @@
 #include "session/session.hpp"
 #include "transfer/dds_builder.hpp"
 #include "transfer/insertion_run.hpp"
-#include "transfer/level_image.hpp"
 #include "transfer/level_writer.hpp"
+#include "transfer/loaded_level.hpp"
 #include "transfer/transfer_controls.hpp"
 
 #include <optional>

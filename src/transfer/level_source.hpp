@@ -2,7 +2,7 @@
 
 #include "imaging/refusal.hpp"
 #include "transfer/image_copy.hpp"
-#include "transfer/level_image.hpp"
+#include "transfer/loaded_level.hpp"
 
 #include <cstdint>
 #include <optional>

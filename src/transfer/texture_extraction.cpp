@@ -121,7 +121,7 @@ void TextureExtraction::writeImage(ImageFileKind kind) {
         return;
     }
     const auto chosen = static_cast<std::int16_t>(level);
-    LevelAsImage image{imaging_, boxes_, dds_};
+    LoadedLevel image{imaging_, boxes_, dds_};
     if (!image.load(session_.programFolder, session_.selectedTexture, chosen, kind)) return;
     editorPath_ = buildImageFileName(session_, chosen, kind);
     extractFile(editorPath_, [this, &image] { return image.save(editorPath_); });

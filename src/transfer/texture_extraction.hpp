@@ -5,7 +5,7 @@
 #include "platform/message_boxes.hpp"
 #include "session/session.hpp"
 #include "transfer/editor_launch.hpp"
-#include "transfer/level_image.hpp"
+#include "transfer/loaded_level.hpp"
 #include "transfer/transfer_controls.hpp"
 
 #include <functional>

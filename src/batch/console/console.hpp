@@ -24,6 +24,7 @@ struct Console {
     std::string programFolder;
     std::string executable; ///< of the program, which is started again for more cores; empty: not at all
     std::function<bool()> stopIsAsked;
+    std::string otherProgramFolder = {}; ///< as the session's
 };
 
 /// Runs a command line without the program's name, and answers the exit code.

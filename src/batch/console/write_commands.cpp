@@ -22,6 +22,7 @@ std::string levelAndPath(const TextureReport& texture, const FileReport& file) {
 /// Completes what was interrupted, and reads the archive behind that.
 void openToWrite(Session& session, const Arguments& arguments, const Console& console, Telling& telling) {
     session.programFolder = console.programFolder;
+    session.otherProgramFolder = console.otherProgramFolder;
     if (!arguments.dryRun) {
         CollectedMessages messages;
         InsertionRecovery{messages, session}.look();

@@ -1,4 +1,4 @@
-#include "transfer/level_image.hpp"
+#include "transfer/loaded_level.hpp"
 
 namespace pelrath {
 
@@ -7,8 +7,8 @@ void runOnLevel(LongWork& longWork, const DdsExport& dds, std::int16_t textureIn
     longWork.run(static_cast<std::uint64_t>(dds.level(textureIndex, level).dataSize), work);
 }
 
-bool LevelAsImage::load(const WorkingFolder& programFolder, std::int16_t textureIndex, std::int16_t level,
-                        ImageFileKind kind) {
+bool LoadedLevel::load(const WorkingFolder& programFolder, std::int16_t textureIndex, std::int16_t level,
+                       ImageFileKind kind) {
     const std::string staged = programFolder.pathFor("tmp1.dds");
     runOnLevel(imaging_.facade.longWork(), dds_, textureIndex, level,
                [&] { dds_.writeDdsLevelFile(staged, textureIndex, level, Durability::Scratch); });
@@ -25,7 +25,7 @@ bool LevelAsImage::load(const WorkingFolder& programFolder, std::int16_t texture
                                                imaging_.options.extension);
 }
 
-bool LevelAsImage::save(const std::string& path, Durability durability) {
+bool LoadedLevel::save(const std::string& path, Durability durability) {
     imaging_.options.buildMipmaps = false;
     imaging_.options.targaFirstRow = FirstRow::Top; // upright in every reader
     const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, path, true, {}, durability);

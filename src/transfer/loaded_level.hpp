@@ -25,9 +25,9 @@ struct TransferImaging {
 
 /// A level of an archive on its way into an image file. What the library reports and what the system refuses
 /// leaves as an exception; where false is answered, the failure has been told.
-class LevelAsImage {
+class LoadedLevel {
 public:
-    LevelAsImage(const TransferImaging& imaging, MessageBoxes& boxes, const DdsExport& dds)
+    LoadedLevel(const TransferImaging& imaging, MessageBoxes& boxes, const DdsExport& dds)
         : imaging_(imaging), boxes_(boxes), dds_(dds) {}
 
     /// Loads the level, by way of `tmp1.dds` in the program folder, to be saved as `kind`, BMP or TGA. The
