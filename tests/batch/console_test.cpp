@@ -171,6 +171,7 @@ TEST(Console, WritesOnTheTermsAgreedOnAndGivesEverythingBack) {
     prepared(h);
     const std::string before = h.archive(), insert = "insert @/a.cdds @/in ";
     h.folder.permit("a.cdds", 0444);
+    EXPECT_EQ(h(insert + "--no-safe-copy -n"), 1) << "it is read-only";
     EXPECT_EQ(h(insert + "--safe-copy @/copies"), 1);
     EXPECT_NE(h.err.find("nothing was written: @/a.cdds is read-only"), std::string::npos) << h.err;
     EXPECT_EQ(h.folder.list("copies"), "");

@@ -4,6 +4,7 @@
 #include "batch/insertion.hpp"
 #include "batch/opened_archive.hpp"
 #include "batch/restoration.hpp"
+#include "platform/posix/file_mode.hpp"
 #include "platform/text.hpp"
 #include "transfer/insertion_recovery.hpp"
 
@@ -51,6 +52,10 @@ int carryOut(const Arguments& arguments, Session& session, const Plan& plan, con
         const Report report = asIfDone(plan);
         for (const TextureReport& texture : report.textures) {
             telling.ended(texture);
+        }
+        if (!arguments.writeReadOnly && isReadOnly(fileMode(InputFile{arguments.archive}))) {
+            telling.message(arguments.archive + " is read-only: without --write-read-only nothing is done");
+            return NotAll;
         }
         return telling.conclude(report, words + ", were it no dry run");
     }
