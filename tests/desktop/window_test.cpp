@@ -106,7 +106,7 @@ TEST_F(RealWindow, AnArchiveComesFromOutsideAndCommandsHaveKeysInEachBox) {
     user.until("the dropped one",
                [&, other] { return widget<QLineEdit>("Text1").text() == other && box.text() == "one.bmp"; });
     // The menu of a text, by its entries; one of them is taken.
-    const auto menu = [this](QWidget& view, const QString& taken) {
+    const auto menuOf = [](QWidget& view, const QString& taken) {
         QContextMenuEvent wish{QContextMenuEvent::Mouse, {3, 3}, view.mapToGlobal(QPoint{3, 3})};
         QApplication::sendEvent(&view, &wish);
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -118,14 +118,17 @@ TEST_F(RealWindow, AnArchiveComesFromOutsideAndCommandsHaveKeysInEachBox) {
         menu->close();
         return entries.join(';').toStdString();
     };
-    user.then([&, menu] {
+    user.then([&, menuOf] {
             auto& lines = list("Output1");
             lines.selectAll();
-            EXPECT_EQ(menu(*lines.viewport(), "Offset"), "&Copy Lines;Copy &Name;Copy &Offset in Hex");
+            EXPECT_EQ(menuOf(*lines.viewport(), "Offset"), "&Copy Lines;Copy &Name;Copy &Offset in Hex");
             const QString offset = QApplication::clipboard()->text();
             QTest::keyClick(&lines, Qt::Key_C, Qt::ControlModifier);
             EXPECT_TRUE(QApplication::clipboard()->text().endsWith("\t" + offset));
-            EXPECT_EQ(menu(widget<QLineEdit>("Text1"), "demo.cdds"), "");
+            QString path = QString::fromStdString(menuOf(widget<QLineEdit>("Text1"), "demo.cdds"));
+            EXPECT_EQ(path.remove(QString::fromStdString(folder.path())).toStdString(),
+                      ";Select All;;Recent Archives;&1  /\u00E9t\u00E9.CDDS;&2  /demo.cdds;Clear &This List;;"
+                      "Show in &File Manager");
         })
         .until("the one before", [this] { return list("Output0").model()->rowCount() == 1; });
     for (const Qt::Key key : {Qt::Key_E, Qt::Key_I}) {
