@@ -42,10 +42,10 @@ CheckListView::CheckListView(QWidget* parent) : QListView(parent) {
 }
 
 void CheckListView::bindTo(CheckListBox& list, Binder& binder) {
-    list_ = &list;
     refresh_ = &binder.refresh();
     lines_ = new CheckListModel{list, *refresh_, *this};
     setModel(lines_);
+    list_ = &list; // what came before is no act of the user's
     binder.attach(list, *this, [this] {
         const ScopedFlag pushing{pushing_};
         lines_->sync();
