@@ -129,7 +129,7 @@ private:
     }
     [[nodiscard]] Outcome expected() const {
         if (is(Path) || (other_ && !record_.levels.empty())) return Outcome::Kept;
-        const bool allOld = is(Touched) && found_ == old_;
+        const bool allOld = is(Touched) && found_ == old_ && record_.old != record_.levels;
         return record_.levels.empty() || allOld ? Outcome::NothingWritten : Outcome::Completed;
     }
 
@@ -173,11 +173,20 @@ private:
             found_.replace(at, level.data.size() / 2, whole_, at, level.data.size() / 2);
         if (!is(Strange) || &level != &record_.levels.front() || level.data.empty()) return;
         const std::size_t last = at + level.data.size() - 1;
+        if (last >= old_.size()) return;
         char strange = 0;
-        while (strange == old_[last] || strange == whole_[last])
+        while (strange == old_[last] || isNew(last, strange))
             ++strange;
         found_[last] = strange;
         other_ = true;
+    }
+    /// One level can be there twice, with other bytes.
+    [[nodiscard]] bool isNew(std::size_t at, char value) const {
+        return std::any_of(record_.levels.begin(), record_.levels.end(), [&](const LevelBytes& level) {
+            const std::size_t i =
+                at - static_cast<std::size_t>(level.dataOffset); // of one in front of it, huge
+            return i < level.data.size() && level.data[i] == std::byte(value);
+        });
     }
     void addLevel(const CddsArchive& catalogue, unsigned which, unsigned fill) {
         const MipmapRecord& level = catalogue.textures[which % 2].mipmaps[which / 2 % 2];
