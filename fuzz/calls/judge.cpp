@@ -50,6 +50,8 @@ bool Judge::settingsKnown(const std::string& bytes) const {
     orElse("=" + folder_ + "/out\n", "=" + folder_ + "/extracted\n");
     orElse("=" + folder_ + "/copies\n", "=\n");
     orElse("=" + folder_ + "/bazar\n", "=\n");
+    // An archive that could not be opened is no recent one.
+    orElse("[Recent]\n1=" + folder_ + "/a.cdds\n", "");
     return texts.count(bytes) != 0;
 }
 
