@@ -10,6 +10,8 @@ namespace pelrath {
 
 namespace {
 
+static_assert(std::endian::native == std::endian::little, "red is a texel's lowest byte");
+constexpr std::uint32_t colourBits = 0xFFFFFF;
 constexpr std::uint64_t allClear = std::uint64_t{0xFFFFFFFF} << 32;
 
 unsigned squaredDistance(const Texel& a, const Texel& b) {
@@ -19,8 +21,7 @@ unsigned squaredDistance(const Texel& a, const Texel& b) {
 
 /// In one comparison: this is asked for most pairs of texels.
 bool sameColour(const Texel& a, const Texel& b) {
-    constexpr std::uint32_t colours = 0xFFFFFF;
-    return ((std::bit_cast<std::uint32_t>(a) ^ std::bit_cast<std::uint32_t>(b)) & colours) == 0;
+    return ((std::bit_cast<std::uint32_t>(a) ^ std::bit_cast<std::uint32_t>(b)) & colourBits) == 0;
 }
 
 std::uint32_t packed(const ColourEnds& ends) { return ends.first | std::uint32_t{ends.second} << 16; }
@@ -28,16 +29,34 @@ std::uint32_t packed(const ColourEnds& ends) { return ends.first | std::uint32_t
 ColourBatch batchOf(std::span<const BlockTexels, laneCount> texels,
                     const std::array<TexelMarks, laneCount>& visible) {
     ColourBatch batch;
+    LaneInts marks;
+    for (std::size_t lane = 0; lane < laneCount; ++lane) {
+        marks[lane] = visible[lane];
+    }
     for (std::size_t i = 0; i < texelsPerBlock; ++i) {
+        LaneInts packed;
         for (std::size_t lane = 0; lane < laneCount; ++lane) {
-            const Texel& texel = texels[lane][i];
-            batch.texels[i][0][lane] = texel.red;
-            batch.texels[i][1][lane] = texel.green;
-            batch.texels[i][2][lane] = texel.blue;
-            batch.weights[i][lane] = isMarked(visible[lane], i) ? 1 : 0;
+            packed[lane] = std::bit_cast<std::int32_t>(texels[lane][i]);
         }
+        for (std::size_t c = 0; c < batch.texels[i].size(); ++c) {
+            batch.texels[i][c] = toLanes(packed >> static_cast<int>(8 * c) & 0xFF);
+        }
+        batch.weights[i] = toLanes(marks >> static_cast<int>(i) & 1);
     }
     return batch;
+}
+
+/// Of all texels of a block, in a form that becomes wide arithmetic.
+unsigned squaredDistance(const BlockTexels& a, const BlockTexels& b) {
+    constexpr std::size_t size = sizeof(BlockTexels);
+    const auto ofA = std::bit_cast<std::array<std::uint8_t, size>>(a);
+    const auto ofB = std::bit_cast<std::array<std::uint8_t, size>>(b);
+    int sum = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        const auto off = static_cast<std::int16_t>(ofA[i] - ofB[i]);
+        sum += off * off;
+    }
+    return static_cast<unsigned>(sum);
 }
 
 void keepBetter(ColourCodings& best, const ColourCodings& other) {
@@ -95,14 +114,16 @@ void ColourEncoder::finish() {
 /// Nothing where a coding has other texels clear than are to be.
 std::optional<unsigned> ColourEncoder::errorOf(const Task& task, std::uint64_t coding) const {
     const BlockPalette palette = paletteOf(format_, coding);
-    unsigned clear = 0;
-    const unsigned error = sumOver(task.visible | task.clear, [&](std::size_t i) {
+    BlockTexels off = task.texels;
+    TexelMarks clear = 0;
+    for (std::size_t i = 0; i < texelsPerBlock; ++i) {
         const Texel& entry = palette[coding >> (32 + 2 * i) & 3U];
-        if (entry.alpha == 0) clear |= 1U << i;
-        return entry.alpha == 0 ? 0 : squaredDistance(entry, task.texels[i]);
-    });
-    if (clear != task.clear) return std::nullopt;
-    return error;
+        clear = static_cast<TexelMarks>(clear | (entry.alpha == 0 ? 1U << i : 0U));
+        const bool counts = isMarked(task.visible, i);
+        if (counts) off[i] = {entry.red, entry.green, entry.blue, task.texels[i].alpha};
+    }
+    if ((clear & (task.visible | task.clear)) != task.clear) return std::nullopt;
+    return squaredDistance(off, task.texels);
 }
 
 /// With the nearest entry for each texel.

@@ -13,7 +13,7 @@ constexpr std::size_t colourChannels = 3;
 /// The largest steps of a stored end point's channels.
 constexpr std::array<float, colourChannels> lastSteps{31, 63, 31};
 
-constexpr std::size_t entriesOf(PaletteKind kind) { return kind == PaletteKind::Four ? 4 : 3; }
+constexpr std::size_t entriesOf(PaletteKind kind) { return kind == PaletteKind::Four ? 4 : 2; }
 /// The first end point's share in each entry.
 template <PaletteKind kind>
 constexpr std::array<float, 4> shares = kind == PaletteKind::Four ? std::array{1.0F, 0.0F, 2 / 3.0F, 1 / 3.0F}
@@ -143,7 +143,8 @@ Segment bestSegment(const Places& places, const Places& weights) {
     }
     Segment best;
     const Lanes length = high - low;
-    for (const auto& [below, above] : starts) {
+    constexpr std::size_t worthTrying = kind == PaletteKind::Four ? 4 : 2;
+    for (const auto& [below, above] : std::span{starts}.template first<worthTrying>()) {
         settle<kind>(places, weights, all, low + length * below, high - length * above, best);
     }
     return best;
@@ -336,11 +337,9 @@ ColourCodings fit(const ColourBatch& batch) {
     Ends ends = endsAlong<kind>(lineThrough(batch), batch);
     Trial trial = tryEnds<kind>(batch, ends);
     ColourCodings best{laneInts(kind == PaletteKind::Four ? -1 : 0), ends.first, ends.second, trial.error};
-    for (int round = 0; round < 2; ++round) {
-        ends = bestEnds(trial.next, ends);
-        trial = tryEnds<kind>(batch, ends);
-        keepBetter(best, trial);
-    }
+    ends = bestEnds(trial.next, ends);
+    trial = tryEnds<kind>(batch, ends);
+    keepBetter(best, trial);
     // Hardly any texel has another colour than these two: at most four (of four colours) or three.
     const LaneInts twoColours = (trial.next.both < 1) & (trial.next.first * trial.next.second > 0);
     if (anyOf(twoColours & (best.error > 0))) tryBetween<kind>(batch, trial.next, best);
