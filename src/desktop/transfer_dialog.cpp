@@ -121,6 +121,7 @@ void TransferDialog::buildBelow() {
     QPushButton& quit = make<QPushButton>("cmdQuit", *this);
     quit.setAutoDefault(false);
     binder_.bind(model_.cmdQuit, quit, 'Q');
+    binder_.bind(model_.chkRemember, make<QCheckBox>("chkRemember", *this), 'R');
 }
 
 void TransferDialog::showEvent(QShowEvent* event) {

@@ -78,6 +78,7 @@ void loadApplicationSettings(const std::string& settingsBaseName, ApplicationSet
     settings = {};
     CSetting store = storeFor(settingsBaseName);
     settings.recentArchives.load(store.pass()); // which cannot fail half-way
+    settings.remembered.load(store.pass());
     eachKey(settings, Load{store});
 }
 
@@ -86,6 +87,7 @@ void saveApplicationSettings(const std::string& settingsBaseName, const Applicat
     try {
         eachKey(settings, Save{store});
         settings.recentArchives.save(store.pass());
+        settings.remembered.save(store.pass());
     } catch (const SettingsPassEnded&) {
         store.endPass();
         throw;

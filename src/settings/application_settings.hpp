@@ -1,6 +1,7 @@
 #pragma once
 
 #include "settings/recent_archives.hpp"
+#include "settings/remembered_choices.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -24,6 +25,7 @@ struct ApplicationSettings {
     std::string bazarTempFolder;
     std::string cddsBackupFolder;
     RecentArchives recentArchives;
+    RememberedChoices remembered;
 };
 
 /// A load or save pass that ended at a key. The keys before it are done, it and those behind it are not.

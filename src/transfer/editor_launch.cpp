@@ -5,14 +5,15 @@
 
 namespace pelrath {
 
-void EditorLaunch::launchEditor(const std::string& imagePath, const FileAssociations::Failed& failed) {
+bool EditorLaunch::launchEditor(const std::string& imagePath, const FileAssociations::Failed& failed) {
     const std::string extension{fileExtension(imagePath)};
     const std::string exe = findExecutableForExtension(extension);
     if (!imagePath.empty() && fileExists(exe)) {
         associations_.open(imagePath, failed);
-    } else {
-        ExtractSummary_.setText(ExtractSummary_.text() + "\r\nNo executable found for " + extension);
+        return true;
     }
+    ExtractSummary_.setText(ExtractSummary_.text() + "\r\nNo executable found for " + extension);
+    return false;
 }
 
 std::string EditorLaunch::findExecutableForExtension(const std::string& extension) {

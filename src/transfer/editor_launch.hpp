@@ -14,8 +14,9 @@ public:
         : ExtractSummary_(ExtractSummary), associations_(associations) {}
 
     /// Starts the program and does not wait for it; the summary box says so when there is none. Fails where
-    /// the probe file cannot be removed. That the program does not start, `failed` hears, maybe later.
-    void launchEditor(const std::string& imagePath, const FileAssociations::Failed& failed);
+    /// the probe file cannot be removed. That the program does not start, `failed` hears, maybe later. True
+    /// when there is a program.
+    bool launchEditor(const std::string& imagePath, const FileAssociations::Failed& failed);
 
 private:
     /// Path of the executable for files of that extension (without its dot), empty when there is none.

@@ -58,6 +58,7 @@ void HeldArchive::overwriteLevels(const std::vector<LevelBytes>& levels) {
         bytes += level.data.size();
     }
     run(bytes, [&] { overwriteAll(levels); });
+    written_ += levels.size();
 }
 
 void HeldArchive::overwriteAll(const std::vector<LevelBytes>& levels) {

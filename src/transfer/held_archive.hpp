@@ -42,6 +42,7 @@ public:
     /// that fails, the failure says so, and the journal stays. ArchiveRefused as above, as far as it shows
     /// without reading.
     void overwriteLevels(const std::vector<LevelBytes>& levels);
+    [[nodiscard]] std::size_t levelsWritten() const { return written_; }
     /// Runs work on so many bytes of the levels.
     void run(std::uint64_t bytes, const std::function<void()>& work);
     /// Ends the journal: nothing is left to be done, or only the permissions are still to be given back.
@@ -63,6 +64,7 @@ private:
     JournalRecord record_;
     bool modeNoted_ = false;
     bool torn_ = false;
+    std::size_t written_ = 0;
 };
 
 } // namespace pelrath

@@ -16,9 +16,9 @@ constexpr const char* lineBreak = "\r\n";
 
 TextureExtraction::TextureExtraction(const Controls& controls, MessageBoxes& boxes, const Session& session,
                                      const TransferState& state, const TransferImaging& imaging,
-                                     EditorLaunch& editor)
+                                     EditorLaunch& editor, const ExtractionNotices& notices)
     : c_(controls), boxes_(boxes), session_(session), state_(state), imaging_(imaging), editor_(editor),
-      dds_(session.archive, session.archivePath, session.archiveFile) {}
+      notices_(notices), dds_(session.archive, session.archivePath, session.archiveFile) {}
 
 bool TextureExtraction::checkOverwrite(const std::string& path, std::string& summary) {
     const CheckValue overwriting = c_.chkOverwriteExistingFiles.value();
@@ -32,19 +32,26 @@ bool TextureExtraction::checkOverwrite(const std::string& path, std::string& sum
 }
 
 // What the summary says of a file holds only once the file is there.
-void TextureExtraction::extractFile(const std::string& path, const std::function<bool()>& write) {
-    std::string summary = summary_ + path;
-    const bool wanted = checkOverwrite(path, summary);
+void TextureExtraction::extractFile(ExtractedFile file, const std::function<bool()>& write) {
+    forEditor_ = std::move(file);
+    std::string summary = summary_ + forEditor_.path;
+    const bool wanted = checkOverwrite(forEditor_.path, summary);
     if (wanted && !write()) return;
     summary_ = summary + lineBreak;
-    count_ += wanted ? 1 : 0;
+    if (!wanted) return;
+    ++count_;
+    notices_.written.emit(forEditor_);
+}
+
+ExtractedFile TextureExtraction::fileOf(std::int16_t level, ImageFileKind kind) const {
+    return {buildImageFileName(session_, level, kind), kind, level};
 }
 
 void TextureExtraction::begin() {
     c_.ExtractSummary.setText("");
     summary_.clear();
     count_ = 0;
-    editorPath_.clear();
+    forEditor_ = {};
     removeHiddenLeftovers(session_.exportImportFolder);
 }
 
@@ -55,12 +62,14 @@ void TextureExtraction::finishSummary() {
 
 void TextureExtraction::launchEditor() {
     if (!c_.chkLaunchEditor.checked()) return;
-    if (!fileExists(editorPath_)) editorPath_.clear();
+    if (!fileExists(forEditor_.path)) forEditor_.path.clear();
     // It may come when the dialog has been closed: the message boxes are there as long as the program.
     const auto failed = [&boxes = boxes_](const RuntimeError& error) {
         attempt(boxes, failureWords, [&error] { throw RuntimeError{error}; });
     };
-    attempt(boxes_, failureWords, [&] { editor_.launchEditor(editorPath_, failed); });
+    attempt(boxes_, failureWords, [&] {
+        if (editor_.launchEditor(forEditor_.path, failed)) notices_.handedOver.emit(forEditor_);
+    });
 }
 
 void TextureExtraction::extractToDdsFiles() {
@@ -77,9 +86,8 @@ void TextureExtraction::extractToDdsFiles() {
 }
 
 void TextureExtraction::writeChain() {
-    editorPath_ = buildImageFileName(session_, 0, ImageFileKind::Dds);
-    extractFile(editorPath_, [this] {
-        writeLong(0, [this] { dds_.writeDdsChainFile(editorPath_, session_.selectedTexture); });
+    extractFile(fileOf(0, ImageFileKind::Dds), [this] {
+        writeLong(0, [this] { dds_.writeDdsChainFile(forEditor_.path, session_.selectedTexture); });
         return true;
     });
 }
@@ -88,15 +96,15 @@ void TextureExtraction::writeLevels() {
     const auto levels = static_cast<std::int16_t>(c_.List1.count()); // no texture has more
     for (std::int16_t level = 0; level < levels; ++level) {
         if (!c_.List1.isChecked(level)) continue;
-        editorPath_ = buildImageFileName(session_, level, ImageFileKind::Dds);
-        extractFile(editorPath_, [this, level] {
-            writeLong(level, [&] { dds_.writeDdsLevelFile(editorPath_, session_.selectedTexture, level); });
+        extractFile(fileOf(level, ImageFileKind::Dds), [this, level] {
+            writeLong(level,
+                      [&] { dds_.writeDdsLevelFile(forEditor_.path, session_.selectedTexture, level); });
             return true;
         });
     }
     if (state_.mipmapOperation != External) return;
-    const std::string largest = buildImageFileName(session_, 0, ImageFileKind::Dds);
-    if (fileExists(largest)) editorPath_ = largest;
+    ExtractedFile largest = fileOf(0, ImageFileKind::Dds);
+    if (fileExists(largest.path)) forEditor_ = std::move(largest);
 }
 
 void TextureExtraction::writeLong(std::int16_t level, const std::function<void()>& write) {
@@ -123,8 +131,7 @@ void TextureExtraction::writeImage(ImageFileKind kind) {
     const auto chosen = static_cast<std::int16_t>(level);
     LoadedLevel image{imaging_, boxes_, dds_};
     if (!image.load(session_.programFolder, session_.selectedTexture, chosen, kind)) return;
-    editorPath_ = buildImageFileName(session_, chosen, kind);
-    extractFile(editorPath_, [this, &image] { return image.save(editorPath_); });
+    extractFile(fileOf(chosen, kind), [this, &image] { return image.save(forEditor_.path); });
 }
 
 } // namespace pelrath

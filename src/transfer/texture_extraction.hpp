@@ -5,6 +5,7 @@
 #include "platform/message_boxes.hpp"
 #include "session/session.hpp"
 #include "transfer/editor_launch.hpp"
+#include "transfer/extracted_file.hpp"
 #include "transfer/loaded_level.hpp"
 #include "transfer/transfer_controls.hpp"
 
@@ -26,7 +27,8 @@ public:
     };
 
     TextureExtraction(const Controls& controls, MessageBoxes& boxes, const Session& session,
-                      const TransferState& state, const TransferImaging& imaging, EditorLaunch& editor);
+                      const TransferState& state, const TransferImaging& imaging, EditorLaunch& editor,
+                      const ExtractionNotices& notices);
 
     /// One file a checked level, or one of all levels.
     void extractToDdsFiles();
@@ -39,8 +41,10 @@ private:
     void writeChain();
     void writeLevels();
     void writeImage(ImageFileKind kind);
-    /// `write` says whether the file was written; where it was not, that has been told.
-    void extractFile(const std::string& path, const std::function<bool()>& write);
+    /// It is the editor's, too, unless another one follows. `write` says whether the file was written; where
+    /// it was not, that has been told.
+    void extractFile(ExtractedFile file, const std::function<bool()>& write);
+    [[nodiscard]] ExtractedFile fileOf(std::int16_t level, ImageFileKind kind) const;
     void begin();
     void finishSummary();
     /// Writes the level, or the chain that begins with it, while the sign of work is shown.
@@ -54,12 +58,13 @@ private:
     const TransferState& state_;
     TransferImaging imaging_;
     EditorLaunch& editor_;
+    const ExtractionNotices& notices_;
     DdsExport dds_;
 
     // Of the current run.
     std::string summary_;
     int count_ = 0;
-    std::string editorPath_;
+    ExtractedFile forEditor_;
 };
 
 } // namespace pelrath

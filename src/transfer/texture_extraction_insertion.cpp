@@ -7,8 +7,8 @@ namespace pelrath {
 
 TextureExtractionInsertion::TextureExtractionInsertion(Session& session, const TransferServices& services)
     : session_(session), boxes_(services.boxes), windows_(services.windows), busy_(services.busy),
-      facade_(boxes_, saveOptions_, services.library), images_(services.library),
-      libraryUse_(facade_, images_),
+      chooseSafeCopyFolder_(services.chooseSafeCopyFolder), facade_(boxes_, saveOptions_, services.library),
+      images_(services.library), libraryUse_(facade_, images_),
       resolutions_({List1, cmdSelAllResolution, cmdSelNoneResolution}, session, state_),
       fileKinds_({optOutFileType, optMipmaps, lblFilter, lstScaleFilter, chkDestination[ToBazarTemp],
                   txtbazarTempFolder, lblWarningTgaInsert},
@@ -16,10 +16,10 @@ TextureExtractionInsertion::TextureExtractionInsertion(Session& session, const T
       destinations_({chkDestination, chkSaveCdds, txtCDDSBackupFolder, cmdGetCDDSBackupFolder,
                      txtbazarTempFolder, cmdGetBazarTempFolder},
                     session, state_, services.chooseBazarTempFolder, services.chooseSafeCopyFolder),
-      setUp_(*this, state_, session, resolutions_), layout_(*this),
+      setUp_(*this, state_, session, resolutions_), remembering_(*this, session, state_), layout_(*this),
       editor_(ExtractSummary, services.associations),
       extraction_({List1, chkOverwriteExistingFiles, chkLaunchEditor, ExtractSummary}, boxes_, session,
-                  state_, {facade_, images_, saveOptions_, libraryUse_}, editor_),
+                  state_, {facade_, images_, saveOptions_, libraryUse_}, editor_, extracted),
       safeCopy_({chkSaveCdds, txtCDDSBackupFolder}, boxes_, session, state_, services.chooseSafeCopyFolder,
                 services.busy),
       readOnly_(boxes_), recovery_(services.recovery),
@@ -33,8 +33,9 @@ TextureExtractionInsertion::TextureExtractionInsertion(Session& session, const T
     connections_.push_back(cmdQuit.click.connect([this] { window.unload(); }));
 }
 
-void TextureExtractionInsertion::show(const Window& owner) {
+void TextureExtractionInsertion::show(const Window& owner, std::optional<TransferChoices> choices) {
     if (window.isLoaded()) return;
+    wanted_ = std::move(choices);
     window.load();
     setUp_.clearChoices();
     layout_.centreOn(owner);
@@ -43,10 +44,32 @@ void TextureExtractionInsertion::show(const Window& owner) {
 
 void TextureExtractionInsertion::Form_Activate() {
     if (state_.folderDialogShown) return;
+    setUp();
+}
+
+void TextureExtractionInsertion::setUp() {
     attempt(boxes_, {"ilInit Error Number: ", "Form Activation Error : "}, [this] {
         (void)libraryUse_.start();
         setUp_.run();
+        remembering_.begin(wanted_);
     });
+}
+
+Insertion TextureExtractionInsertion::insertUnseen(const TransferChoices& choices) {
+    session_.mode = DialogMode::Insertion;
+    wanted_ = choices;
+    setUp_.clearChoices();
+    setUp();
+    Insertion done;
+    const Connection heard = inserted.connect([&done](const Insertion& insertion) { done = insertion; });
+    cmdExtractInsert_Click();
+    Form_QueryUnload();
+    return done;
+}
+
+void TextureExtractionInsertion::askForSafeCopyFolder(const Window& owner) {
+    layout_.centreOn(owner); // which the other dialog is placed by
+    chooseSafeCopyFolder_();
 }
 
 void TextureExtractionInsertion::Form_QueryUnload() {
@@ -58,11 +81,19 @@ void TextureExtractionInsertion::cmdExtractInsert_Click() {
     if (!typeIsKnown()) return;
     const bool insertion = session_.mode == DialogMode::Insertion;
     facade_.longWork().showBy(busy_, (insertion ? "Inserting " : "Extracting ") + session_.selectedBaseName);
-    insertion ? insert() : extract();
+    std::optional<Insertion> done;
+    if (insertion) {
+        done = insert();
+    } else {
+        extract();
+    }
     facade_.longWork().showBy(nullptr);
+    if (window.isLoaded()) remembering_.used();
+    if (done) inserted.emit(*done);
 }
 
-void TextureExtractionInsertion::insert() {
+Insertion TextureExtractionInsertion::insert() {
+    const TransferChoices choices = choicesOf(*this, state_);
     recovery_.look();
     InsertionRun run{{boxes_, safeCopy_, readOnly_, ExtractSummary, facade_.longWork()}, session_};
     if (state_.imageFileKind == ImageFileKind::Dds) {
@@ -71,6 +102,7 @@ void TextureExtractionInsertion::insert() {
         imageInsertion_.performSimpleImageInsertion(state_.imageFileKind, run);
     }
     run.end();
+    return {choices, run.archive().levelsWritten(), state_.safeCopyDone, run.summary()};
 }
 
 void TextureExtractionInsertion::extract() {

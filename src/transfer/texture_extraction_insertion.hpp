@@ -11,19 +11,32 @@
 #include "transfer/dds_insertion.hpp"
 #include "transfer/destinations.hpp"
 #include "transfer/editor_launch.hpp"
+#include "transfer/extracted_file.hpp"
 #include "transfer/file_kind_rules.hpp"
 #include "transfer/image_insertion.hpp"
 #include "transfer/image_library_use.hpp"
 #include "transfer/insertion_recovery.hpp"
 #include "transfer/read_only_archive.hpp"
+#include "transfer/remembering.hpp"
 #include "transfer/resolution_list.hpp"
 #include "transfer/safe_copy.hpp"
 #include "transfer/set_up.hpp"
 #include "transfer/texture_extraction.hpp"
+#include "transfer/transfer_choices.hpp"
 #include "transfer/transfer_controls.hpp"
 #include "transfer/transfer_layout.hpp"
 
+#include <optional>
+
 namespace pelrath {
+
+/// An insertion that has ended.
+struct Insertion {
+    TransferChoices choices;
+    std::size_t levels = 0; ///< that the archive got
+    bool safeCopyMade = false;
+    std::string summary;
+};
 
 /// What the dialog needs of the system.
 struct TransferServices {
@@ -44,14 +57,24 @@ public:
     TextureExtractionInsertion(Session& session, const TransferServices& services);
 
     /// Opens it over `owner` for the chosen texture and returns when it has been closed. The session's
-    /// texture must be one of its archive. Does nothing while it is open already.
-    void show(const Window& owner);
+    /// texture must be one of its archive. Does nothing while it is open already. With `choices` it begins
+    /// with those instead of the given or the remembered ones.
+    void show(const Window& owner, std::optional<TransferChoices> choices = std::nullopt);
+    /// Inserts the chosen texture without being shown, as a press on its button does with these choices. What
+    /// fails is told as it is then.
+    Insertion insertUnseen(const TransferChoices& choices);
+    /// Lets the user choose a safe-copy folder, in the dialog for that, over `owner`.
+    void askForSafeCopyFolder(const Window& owner);
+
+    ExtractionNotices extracted;
+    Signal<const Insertion&> inserted; ///< by the dialog or unseen
 
 private:
     void Form_Activate();
+    void setUp();
     void Form_QueryUnload();
     void cmdExtractInsert_Click();
-    void insert();
+    Insertion insert();
     void extract();
     /// False for a texture whose type nothing here can handle, which has then been told.
     bool typeIsKnown();
@@ -60,6 +83,7 @@ private:
     MessageBoxes& boxes_;
     ModalWindows& windows_;
     BusySign* busy_;
+    ChooseFolder chooseSafeCopyFolder_;
     TransferState state_;
     SaveImageOptions saveOptions_;
     ImageLibraryFacade facade_;
@@ -69,6 +93,8 @@ private:
     FileKindRules fileKinds_;
     Destinations destinations_;
     SetUp setUp_;
+    Remembering remembering_;
+    std::optional<TransferChoices> wanted_; ///< to begin with
     TransferLayout layout_;
     EditorLaunch editor_;
     TextureExtraction extraction_;

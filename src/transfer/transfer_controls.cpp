@@ -41,6 +41,7 @@ TransferControls::TransferControls() {
     lblWarningTgaInsert.setVisible(false);
 
     cmdQuit.setCaption("Quit");
+    chkRemember.setCaption("Remember");
     ExtractSummary.setAccessibleName("Summary");
     for (TextBox* shown : {&Text1, &txtCDDSBackupFolder, &txtbazarTempFolder, &ExtractSummary}) {
         shown->setLocked(true);

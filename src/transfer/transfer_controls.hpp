@@ -78,6 +78,7 @@ struct TransferControls {
     CommandButton cmdExtractInsert; // the action
     CommandButton cmdQuit;          // closes the dialog
     TextBox ExtractSummary;         // what was done
+    CheckBox chkRemember;           // the choices are kept for the next time
 };
 
 } // namespace pelrath

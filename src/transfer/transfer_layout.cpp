@@ -22,6 +22,7 @@ constexpr double leftWidth = 5880; // of the stacked frames
 constexpr double optionWidth = 1380;
 constexpr double framesTop = 630;
 constexpr double buttonWidth = 1500;
+constexpr double rememberWidth = 1740;
 constexpr double browseWidth = 390;        // of "..."
 constexpr double leastFramesHeight = 3450; // shows the levels of a texture of 512 pixels at once
 constexpr double warningHeight = 480;
@@ -144,6 +145,7 @@ void TransferLayout::placeBelow() {
     const double buttons = c_.window.box().height - margin - boxHeight;
     c_.ExtractSummary.setBox({margin, top, width() - 2 * margin, buttons - top - margin});
     c_.cmdQuit.setBox({width() - margin - buttonWidth, buttons, buttonWidth, boxHeight});
+    c_.chkRemember.setBox({margin, buttons, rememberWidth, boxHeight});
     c_.cmdExtractInsert.setBox({width() - margin - 2 * buttonWidth - gap, buttons, buttonWidth, boxHeight});
 }
 
