@@ -1,6 +1,7 @@
 #include "desktop/accessible_frame.hpp"
 
 #include "desktop/main_window.hpp"
+#include "desktop/save_bar_view.hpp"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -11,7 +12,9 @@ namespace {
 
 QAccessibleInterface* frameOf(const QString& /*className*/, QObject* object) {
     auto* window = dynamic_cast<MainWindow*>(object);
-    return window == nullptr ? nullptr : new QAccessibleWidget{window, QAccessible::Window};
+    if (window != nullptr) return new QAccessibleWidget{window, QAccessible::Window};
+    auto* bar = dynamic_cast<SaveBarView*>(object);
+    return bar == nullptr ? nullptr : new QAccessibleWidget{bar, QAccessible::AlertMessage};
 }
 
 } // namespace

@@ -14,7 +14,8 @@ namespace pelrath::desktop {
 Application::Application()
     : refresh([this](const std::string& text) { boxes.critical(text, programTitle); }), boxes(refresh, busy),
       fileOpen(refresh), folderPicker(refresh), pump(refresh), associations(refresh),
-      main(session, {boxes, fileOpen, pump, screen, surface, windows, associations, busy, folderPicker}),
+      main(session, {boxes, fileOpen, pump, screen, surface, windows, associations, busy, folderPicker,
+                     fileWatch, background}),
       binder(refresh, screen), window(main, binder, surface), disclaimer(main.disclaimer, binder),
       transfer(main.transfer, binder),
       bazarTempFolder(main.frmGetBazarTempFolder, "frmGetBazarTempFolder", binder),

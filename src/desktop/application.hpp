@@ -6,8 +6,10 @@
 #include "desktop/guide_window.hpp"
 #include "desktop/main_window.hpp"
 #include "desktop/mnemonics.hpp"
+#include "desktop/qt_background_work.hpp"
 #include "desktop/qt_busy_sign.hpp"
 #include "desktop/qt_file_associations.hpp"
+#include "desktop/qt_file_watch.hpp"
 #include "desktop/qt_folder_picker.hpp"
 #include "desktop/qt_modal_windows.hpp"
 #include "desktop/qt_services.hpp"
@@ -47,6 +49,8 @@ public:
     QtViewportSurface surface;
     QtModalWindows windows;
     QtFileAssociations associations;
+    QtFileWatch fileWatch;
+    QtBackgroundWork background;
     Main main;
     Binder binder;
     MainWindow window;

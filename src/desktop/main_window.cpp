@@ -8,6 +8,7 @@
 #include "desktop/list_box_view.hpp"
 #include "desktop/pane_menu.hpp"
 #include "desktop/placing.hpp"
+#include "desktop/save_bar_view.hpp"
 #include "desktop/swatch_button.hpp"
 #include "desktop/viewport_look.hpp"
 #include "desktop/window_keys.hpp"
@@ -61,6 +62,7 @@ MainWindow::MainWindow(Main& model, Binder& binder, QtViewportSurface& surface)
     buildViewFrame();
     buildViewport(surface);
     buildStructure();
+    buildSaveBar();
     orderTabs();
     buildWays();
     followWindow();
@@ -249,6 +251,13 @@ void MainWindow::buildStructure() {
     levels.setBuddy(&buildPane(MipmapPane));
 }
 
+void MainWindow::buildSaveBar() {
+    SaveBarView& bar = make<SaveBarView>("saveBar", *this);
+    bar.bindTo(model_.saveBar, binder_);
+    binder_.bind(model_.editedFiles.settling, bar);
+    binder_.bind(model_.editedFiles.results, bar);
+}
+
 ListBoxView& MainWindow::buildPane(Pane pane) {
     BorderedBox& box = make<BorderedBox>(numbered("Picture1", pane), *this);
     binder_.bind(model_.Picture1.at(pane), box);
@@ -280,7 +289,8 @@ void MainWindow::orderTabs() {
             "backViewportColor3 backViewportColor4 backViewportColor5 backViewportColor6 backViewportColor7 "
             "backViewportColor8 SplashText0 SplashText1 viewPortSize0 viewPortSize1 Text3 Text4 Output2 "
             "Text7 "
-            "Output0 Text5 Output1 viewport texelStrip"}
+            "Output0 Text5 Output1 viewport texelStrip saveBarLook "
+            "saveBarInsert saveBarIgnore saveBarPrevious saveBarNext"}
             .split(' ');
     QWidget* before = nullptr;
     for (const QString& name : order) {

@@ -39,6 +39,7 @@ private:
     void buildViewport(QtViewportSurface& surface);
     void buildStrip();
     void buildStructure();
+    void buildSaveBar();
     ListBoxView& buildPane(Pane pane);
     void orderTabs();
     /// What the window takes beside its controls.

@@ -89,6 +89,7 @@ void ArchiveReading::openArchive() {
     c_.Output[TexturePane].setSelected(0, true);
     splash_.layoutSplash(false);
     c_.dynImage.setVisible(true);
+    ended.emit();
 }
 
 std::optional<ArchiveReading::ReadTables> ArchiveReading::readTables() {

@@ -56,6 +56,8 @@ public:
     /// As if the user had chosen it by the browse button: a path from the root.
     void open(const std::string& path);
 
+    Signal<> ended; ///< a read, whatever it has led to
+
 private:
     void browse();
     void take(const std::string& path);

@@ -15,6 +15,7 @@ Main::Main(Session& session, const MainServices& services)
                             {folders, services.boxes, services.windows}),
       frmGetCDDSBackupFolder(FolderChoice::cddsBackupTexts, session.settings.cddsBackupFolder,
                              transfer.window, {folders, services.boxes, services.windows}),
+      editedFiles(services.fileWatch, services.background), saveBar(editedFiles, session),
       viewer_({session.viewer, services.surface, services.pump, services.boxes, Label11, cmdShow}),
       look_(texelStrip, session, viewer_, services.boxes),
       splash_({SplashFrame, SplashText, SplashPicture, Frame1, Text9, dynImage}, services.screen),
@@ -47,6 +48,10 @@ Main::Main(Session& session, const MainServices& services)
                splash_, viewer_),
       exportImportFolder_({cmdGetExtractInsertFolder, Text8}, session, folders),
       handOff_({window, Text8, cmdExtract, cmdInsert}, services.boxes, session, look_, transfer),
+      editLoop_({window, Output[TexturePane]}, {services.boxes, look_, transfer, editedFiles, saveBar},
+                session),
+      saveBarLayout_({window, Label11, Label8, Label2, dynImage, frameViewportSize, texelStrip}, saveBar),
+      archiveRead_(reading_.ended.connect([this] { saveBar.refresh(); })),
       lifeCycle_(
           {window, Timer1, Label11, chkGraphicDisplay, SplashFrame, dynImage, Output[TexturePane], Text8},
           services.screen, services.boxes, session,

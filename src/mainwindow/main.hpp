@@ -3,7 +3,10 @@
 #include "dialogs/disclaimer.hpp"
 #include "dialogs/folder_choice.hpp"
 #include "dialogs/folder_selection.hpp"
+#include "editing/save_bar.hpp"
+#include "editing/watch_list.hpp"
 #include "mainwindow/archive_reading.hpp"
+#include "mainwindow/edit_loop.hpp"
 #include "mainwindow/export_import_folder.hpp"
 #include "mainwindow/hand_off.hpp"
 #include "mainwindow/incremental_search.hpp"
@@ -11,14 +14,17 @@
 #include "mainwindow/listing_panes.hpp"
 #include "mainwindow/main_controls.hpp"
 #include "mainwindow/pane_copies.hpp"
+#include "mainwindow/save_bar_layout.hpp"
 #include "mainwindow/splash.hpp"
 #include "mainwindow/texture_choice.hpp"
 #include "mainwindow/texture_look.hpp"
 #include "mainwindow/viewer/texture_viewer.hpp"
 #include "mainwindow/viewport_controls.hpp"
 #include "mainwindow/window_layout.hpp"
+#include "platform/background_work.hpp"
 #include "platform/busy_sign.hpp"
 #include "platform/file_associations.hpp"
+#include "platform/file_watch.hpp"
 #include "platform/screen.hpp"
 #include "transfer/insertion_recovery.hpp"
 #include "transfer/texture_extraction_insertion.hpp"
@@ -36,6 +42,8 @@ struct MainServices {
     FileAssociations& associations;
     BusySign& busy;
     FolderPicker& folderPicker;
+    FileWatch& fileWatch;
+    BackgroundWork& background;
 };
 
 /// The main window: its controls, and one object for each concern. Holds no logic of its own. The window
@@ -63,6 +71,8 @@ public:
     TextureExtractionInsertion transfer;
     FolderChoice frmGetBazarTempFolder;
     FolderChoice frmGetCDDSBackupFolder;
+    editing::WatchList editedFiles;
+    editing::SaveBar saveBar;
 
 private:
     TextureViewer viewer_;
@@ -77,6 +87,9 @@ private:
     ArchiveReading reading_;
     ExportImportFolder exportImportFolder_;
     HandOff handOff_;
+    EditLoop editLoop_;
+    SaveBarLayout saveBarLayout_;
+    Connection archiveRead_;
     LifeCycle lifeCycle_;
 };
 

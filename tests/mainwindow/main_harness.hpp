@@ -4,6 +4,7 @@
 #include "mainwindow/main.hpp"
 #include "support/answering_desktop.hpp"
 #include "support/fake_device.hpp"
+#include "support/fake_watch.hpp"
 #include "support/recording_boxes.hpp"
 #include "support/scripted_picker.hpp"
 #include "support/temporary_folder.hpp"
@@ -94,7 +95,11 @@ struct MainHarness {
     RecordingAssociations associations;
     RecordingSign busy;
     ScriptedPicker folderPicker;
-    Main main{session, {boxes, fileOpen, pump, screen, surface, windows, associations, busy, folderPicker}};
+    CalledWatch watch;
+    ImmediateWork background;
+    Main main{session,
+              {boxes, fileOpen, pump, screen, surface, windows, associations, busy, folderPicker, watch,
+               background}};
 };
 
 /// Textures of one DXT1 level each, by name.
