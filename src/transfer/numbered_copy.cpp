@@ -4,7 +4,7 @@
 #include "platform/posix/leftovers.hpp"
 #include "platform/runtime_error.hpp"
 
-#include <cstdint>
+#include <charconv>
 #include <functional>
 #include <limits>
 
@@ -35,12 +35,23 @@ private:
 
 } // namespace
 
+std::string copyName(const std::string& archivePath, std::int32_t number) {
+    return std::string{withoutExtension(fileName(archivePath))} + "-" + std::to_string(number) + ".cdds";
+}
+
+std::optional<std::int32_t> numberOfCopy(const std::string& archivePath, std::string_view name) {
+    const std::string_view stem = withoutExtension(name);
+    std::int32_t number = -1;
+    const std::size_t dash = stem.rfind('-');
+    if (dash == std::string_view::npos) return std::nullopt;
+    (void)std::from_chars(stem.data() + dash + 1, stem.data() + stem.size(), number);
+    const bool isOne = number >= 0 && number <= lastNumber && name == copyName(archivePath, number);
+    return isOne ? std::optional{number} : std::nullopt;
+}
+
 std::string makeNumberedCopy(const InputFile& archive, const std::string& archivePath,
                              const std::string& folder, BusySign* busy) {
-    const std::string name{withoutExtension(fileName(archivePath))};
-    const auto nameOf = [&](std::int32_t number) {
-        return joinPath(folder, name + "-" + std::to_string(number) + ".cdds");
-    };
+    const auto nameOf = [&](std::int32_t number) { return joinPath(folder, copyName(archivePath, number)); };
     removeHiddenLeftovers(folder);
     std::int32_t number = 0;
     while (number <= lastNumber && (fileExists(nameOf(number)) || folderExists(nameOf(number)))) {
