@@ -15,6 +15,7 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPixmap>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
@@ -74,6 +75,7 @@ private:
         chooseFolders();
         extraction();
         insertion();
+        safeCopies();
         sizes();
         damagedArchive();
         user_.then([this] { program_->window.close(); });
@@ -275,6 +277,26 @@ private:
         user_.then(
             [this] { QTest::keyRelease(&widget<desktop::ViewportWidget>("viewport"), Qt::Key_Space); });
         keys({Qt::Key_D}, "difference");
+    }
+    void safeCopies() {
+        user_.then([this] { QTest::keyClick(&program_->window, Qt::Key_K, Qt::ControlModifier); });
+        user_.until("what differs", [] {
+            const auto* restore = inDialog<QPushButton>("cmdRestore");
+            return restore != nullptr && restore->isEnabled();
+        });
+        look("safe-copies");
+        user_.then([] { inDialog<QPushButton>("cmdRestore")->click(); });
+        user_.until("the question", [] { return dialog<QMessageBox>() != nullptr; });
+        look("safe-copy-question");
+        user_.then([] { dialog<QMessageBox>()->button(QMessageBox::Ok)->click(); });
+        user_.until("the summary", [] {
+            const auto* summary = inDialog<QPlainTextEdit>("txtSummary");
+            return summary != nullptr && !summary->toPlainText().isEmpty();
+        });
+        look("safe-copy-restored");
+        user_.then([] { inDialog<QPushButton>("cmdClose")->click(); });
+        user_.until("the end of the dialog", [] { return dialog<QDialog>() == nullptr; });
+        look("restored-texture-in-the-viewport");
     }
     void choosing(std::initializer_list<const char*> clicks, const char* name) {
         for (const char* button : clicks) {

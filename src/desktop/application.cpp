@@ -6,7 +6,9 @@
 #include "platform/posix/program_folder.hpp"
 
 #include <QApplication>
+#include <QDateTime>
 #include <QLineEdit>
+#include <QLocale>
 #include <QSurfaceFormat>
 
 namespace pelrath::desktop {
@@ -22,7 +24,8 @@ Application::Application()
       cddsBackupFolder(main.frmGetCDDSBackupFolder, "frmGetCDDSBackupFolder", binder),
       fileManager(refresh,
                   [this](const std::string& why) { boxes.exclamation(why, "Pelrath - File manager"); }),
-      textMenus(refresh, fileManager), recentMenu(window, main, session.settings.recentArchives, refresh) {
+      textMenus(refresh, fileManager), recentMenu(window, main, session.settings.recentArchives, refresh),
+      copies(session, copiesServices()), copiesWindow(copies, binder) {
     QApplication::setStyle(new WholeFrames);           // the application owns it
     QApplication::setLayoutDirection(Qt::LeftToRight); // places are fixed, and so are the texts in them
     QApplication::setWindowIcon(programIcon());        // of message boxes before the first window, too
@@ -33,11 +36,17 @@ Application::Application()
     windows.add(main.transfer.window, transfer);
     windows.add(main.frmGetBazarTempFolder.window, bazarTempFolder);
     windows.add(main.frmGetCDDSBackupFolder.window, cddsBackupFolder);
+    windows.add(copies.window, copiesWindow);
     windows.returned = [this] {
         if (window.isVisible()) window.activate();
     };
     window.help = [this] { refresh.act(window, [this] { showGuide(); }); };
-    textMenus.extend(*window.findChild<QLineEdit*>("Text1"), [this](QMenu& menu) { recentMenu.addTo(menu); });
+    window.safeCopies = [this] { showSafeCopies(); };
+    textMenus.extend(*window.findChild<QLineEdit*>("Text1"), [this](QMenu& menu) {
+        recentMenu.addTo(menu);
+        QAction* entry = menu.addAction("Safe Co&pies...\tCtrl+K", &window, [this] { showSafeCopies(); });
+        entry->setEnabled(copies.canShow());
+    });
 }
 
 void Application::start(const CommandLine& asked) {
@@ -49,6 +58,33 @@ void Application::start(const CommandLine& asked) {
         window.ready = [this, archive = asked.archive] { main.openArchive(archive); };
     }
     window.appear();
+}
+
+copies::SafeCopiesServices Application::copiesServices() {
+    copies::SafeCopiesServices services{boxes, windows, main.folders, main.recovery, busy};
+    services.beside = [this](std::function<void(const copies::Post&)> work) {
+        copyLooks.run([this, work = std::move(work)](const Background::Post& post) {
+            work([&](std::function<void()> function) {
+                post([this, function = std::move(function)] { refresh.deliver(function); });
+            });
+        });
+    };
+    services.stopIsAsked = [this] {
+        pump.processPending();
+        return refresh.gate().isStopWished();
+    };
+    services.dateText = [](std::int64_t seconds) {
+        return toUtf8(QLocale().toString(QDateTime::fromSecsSinceEpoch(seconds), QLocale::ShortFormat));
+    };
+    services.sizeText = [](std::uint64_t bytes) {
+        return toUtf8(QLocale().formattedDataSize(static_cast<qint64>(bytes)));
+    };
+    services.beforeChange = [this] { main.look().keepBefore(); };
+    return services;
+}
+
+void Application::showSafeCopies() {
+    if (copies.canShow()) refresh.operate(window, [this] { copies.show(main.window); });
 }
 
 void Application::showGuide() {

@@ -14,6 +14,7 @@
 #include "desktop/qt_modal_windows.hpp"
 #include "desktop/qt_services.hpp"
 #include "desktop/recent_menu.hpp"
+#include "desktop/safe_copies_window.hpp"
 #include "desktop/text_menus.hpp"
 #include "desktop/transfer_dialog.hpp"
 #include "mainwindow/main.hpp"
@@ -61,9 +62,14 @@ public:
     FileManager fileManager;
     TextMenus textMenus;
     RecentMenu recentMenu;
+    copies::SafeCopies copies;
+    SafeCopiesWindow copiesWindow;
+    Background copyLooks;
 
 private:
     void showGuide();
+    copies::SafeCopiesServices copiesServices();
+    void showSafeCopies();
 
     std::unique_ptr<GuideWindow> guide_;
 };

@@ -109,10 +109,19 @@ void Gate::dropWaiting() {
     if (!shut_ && top().reacting) QCoreApplication::processEvents(QEventLoop::X11ExcludeTimers);
 }
 
+bool Gate::wishesStop(const QObject& object, const QEvent& event) const {
+    const bool stopper = std::find(stoppers_.begin(), stoppers_.end(), &object) != stoppers_.end();
+    if (event.type() == QEvent::MouseButtonPress) return stopper;
+    if (event.type() != QEvent::KeyPress) return false;
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Escape || (stopper && key == Qt::Key_Space);
+}
+
 bool Gate::eventFilter(QObject* object, QEvent* event) {
     if (isKey(*event)) key_.follow(static_cast<const QKeyEvent&>(*event));
     if (key_.repeats() && isCommand(*object, *event)) return true;
     if (event->type() == QEvent::Paint && object == top().dialog) top().seen = true;
+    if (!isQuiet() && wishesStop(*object, *event)) stopWished_ = true;
     return object->isWidgetType() && isInput(*event) && (!isQuiet() || !top().seen);
 }
 

@@ -36,7 +36,10 @@ public:
     /// A reaction runs for as long as this lives.
     class Reaction {
     public:
-        explicit Reaction(Gate& gate) : gate_(gate), before_(gate.top().reacting) { set(true); }
+        explicit Reaction(Gate& gate) : gate_(gate), before_(gate.top().reacting) {
+            if (!before_) gate_.stopWished_ = false;
+            set(true);
+        }
         ~Reaction() {
             set(before_);
             gate_.tellWaiting();
@@ -73,6 +76,13 @@ public:
     void whenQuiet(QObject& who, std::function<void()> call);
     /// Gives the innermost dialog up, as closing it by its frame does. Only while it is quiet.
     void dismissDialog();
+    /// While a reaction runs, a press on this wishes that it stop.
+    void stopsBy(const QWidget& view) { stoppers_.push_back(&view); }
+    void wishStop() { stopWished_ = true; }
+    /// The reaction that runs is to stop, if it can: the user has pressed Escape, or wants the program to
+    /// end.
+    [[nodiscard]] bool isStopWished() const { return stopWished_ || !waiting_.empty(); }
+
     /// Drops what the user did while the reaction that runs did not look at events.
     void dropWaiting();
     /// For good: the program has ended.
@@ -89,10 +99,13 @@ private:
     };
     Level& top() { return turns_.back(); }
     void tellWaiting();
+    [[nodiscard]] bool wishesStop(const QObject& object, const QEvent& event) const;
 
     std::vector<Level> turns_{Level{}};
     std::vector<std::pair<QPointer<QObject>, std::function<void()>>> waiting_;
     HeldKey key_;
+    std::vector<const QWidget*> stoppers_;
+    bool stopWished_ = false;
     bool shut_ = false;
 };
 

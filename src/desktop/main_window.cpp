@@ -313,6 +313,9 @@ void MainWindow::buildWays() {
     keys->add(Qt::Key_F1, [this] {
         if (help) help();
     });
+    keys->add(Qt::CTRL | Qt::Key_K, [this] {
+        if (safeCopies) safeCopies();
+    });
     auto* search = findChild<QLineEdit*>("incrementalSearchText");
     keys->add(Qt::CTRL | Qt::Key_F, [search] {
         search->setFocus(Qt::ShortcutFocusReason);

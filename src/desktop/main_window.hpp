@@ -23,8 +23,9 @@ public:
     /// What the model does when it becomes the program's active window.
     void activate();
 
-    std::function<void()> help;  ///< what F1 does
-    std::function<void()> ready; ///< runs once, as a command of the user's, behind the first activation
+    std::function<void()> help;       ///< what F1 does
+    std::function<void()> safeCopies; ///< what Ctrl+K does
+    std::function<void()> ready;      ///< runs once, as a command of the user's, behind the first activation
 
 protected:
     bool event(QEvent* event) override;

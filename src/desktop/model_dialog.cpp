@@ -78,6 +78,7 @@ void ModelDialog::moveEvent(QMoveEvent* event) {
 
 void ModelDialog::reject() {
     if (binder_.refresh().act(*this, [this] { model_.unload(); })) return;
+    binder_.refresh().gate().wishStop();
     // An operation runs. Its end is waited for, and then what it says is to be seen.
     quietTime_ = 0;
     closing_.start(glance);

@@ -128,7 +128,7 @@ TEST_F(RealWindow, AnArchiveComesFromOutsideAndCommandsHaveKeysInEachBox) {
             QString path = QString::fromStdString(menuOf(widget<QLineEdit>("Text1"), "demo.cdds"));
             EXPECT_EQ(path.remove(QString::fromStdString(folder.path())).toStdString(),
                       ";Select All;;Recent Archives;&1  /\u00E9t\u00E9.CDDS;&2  /demo.cdds;Clear &This List;;"
-                      "Show in &File Manager");
+                      "Safe Co&pies...;Show in &File Manager");
         })
         .until("the one before", [this] { return list("Output0").model()->rowCount() == 1; });
     for (const Qt::Key key : {Qt::Key_E, Qt::Key_I}) {

@@ -1,0 +1,76 @@
+#include "copies/copy_restoration.hpp"
+
+#include "batch/opened_archive.hpp"
+#include "batch/restoration.hpp"
+#include "platform/text.hpp"
+
+#include <utility>
+
+namespace pelrath::copies {
+
+namespace {
+
+constexpr const char* lineBreak = "\r\n";
+
+class Watcher : public batch::RunWatcher {
+public:
+    explicit Watcher(const RestorationWatch& watch) : watch_(watch) {}
+
+    bool stopIsAsked() override { return watch_.stopIsAsked(); }
+    void begins(const std::string& texture, std::size_t number, std::size_t count) override {
+        watch_.begins("Putting back " + std::to_string(number) + " of " + std::to_string(count) + ": " +
+                      visibleText(texture));
+    }
+    void ended(const batch::TextureReport& /*report*/) override {}
+
+private:
+    const RestorationWatch& watch_;
+};
+
+std::string textures(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " texture" : " textures");
+}
+
+bool isDone(const batch::TextureReport& texture) {
+    return texture.files.front().outcome == batch::Outcome::Done;
+}
+
+std::string linesOf(const batch::Report& report, const FoundCopy& copy) {
+    std::string lines;
+    if (!report.safeCopy.empty()) lines += "Safe copy done as " + report.safeCopy + lineBreak;
+    std::string refused;
+    std::size_t done = 0;
+    for (const batch::TextureReport& texture : report.textures) {
+        if (isDone(texture)) ++done;
+        const std::string name = visibleText(texture.name) + ": ";
+        const std::string& message = texture.files.front().message;
+        if (!message.empty()) refused += name + message + "." + lineBreak;
+        for (const std::string& remark : texture.remarks) {
+            refused += name + remark + "." + lineBreak;
+        }
+    }
+    if (!report.ended.empty()) return lines + "Not restored: " + report.ended + "." + lineBreak;
+    lines += textures(done) + " put back from " + copy.path + lineBreak + refused;
+    if (!report.stopped) return lines;
+    return lines + "Stopped: " + textures(report.textures.size() - done) + " left as they are." + lineBreak;
+}
+
+} // namespace
+
+std::string restoreFrom(const FoundCopy& copy, const batch::Plan& plan, const std::string& safeCopyFolder,
+                        Session& session, const RestorationWatch& watch) try {
+    Session then;
+    batch::openArchive(then, copy.path);
+    batch::requireCopy(session, then);
+    batch::WritingTerms terms;
+    terms.safeCopyFolder = safeCopyFolder;
+    terms.writeReadOnly = true;
+    terms.busy = watch.busy;
+    Watcher watcher{watch};
+    watch.begins("Making a safe copy ...");
+    return linesOf(batch::runRestoration(session, then, plan, terms, watcher), copy);
+} catch (const std::exception& error) {
+    return "Not restored: " + batch::asOneLine(error.what()) + "." + lineBreak;
+}
+
+} // namespace pelrath::copies

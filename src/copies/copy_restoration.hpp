@@ -1,0 +1,26 @@
+#pragma once
+
+#include "batch/report.hpp"
+#include "copies/copy_list.hpp"
+#include "platform/busy_sign.hpp"
+#include "session/session.hpp"
+
+#include <functional>
+#include <string>
+
+namespace pelrath::copies {
+
+/// What putting textures back needs of its window.
+struct RestorationWatch {
+    std::function<bool()> stopIsAsked;              ///< between two textures; the window is painted meanwhile
+    std::function<void(const std::string&)> begins; ///< tells what is being done
+    BusySign* busy = nullptr;                       ///< shows the safe copy at work
+};
+
+/// Puts these textures of the session's archive back as they are in the copy, each in one transaction, after
+/// a safe copy of the archive as it is into the folder. Answers what was done, a line each.
+[[nodiscard]] std::string restoreFrom(const FoundCopy& copy, const batch::Plan& plan,
+                                      const std::string& safeCopyFolder, Session& session,
+                                      const RestorationWatch& watch);
+
+} // namespace pelrath::copies
