@@ -15,9 +15,14 @@ namespace pelrath::desktop {
 
 namespace {
 
-constexpr int columnGap = 8; // pixels
+constexpr int columnGap = 12; // pixels
 
 enum Column { NumberColumn, DateColumn, SizeColumn, DifferenceColumn, Columns };
+
+int alignmentOf(int column) {
+    const bool counts = column == NumberColumn || column == SizeColumn;
+    return static_cast<int>((counts ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
 
 } // namespace
 
@@ -41,9 +46,7 @@ int CopiesTable::rowCount(const QModelIndex& parent) const { return parent.isVal
 int CopiesTable::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Columns; }
 
 QVariant CopiesTable::data(const QModelIndex& index, int role) const {
-    if (role == Qt::TextAlignmentRole && index.column() != DifferenceColumn) {
-        return int{Qt::AlignRight | Qt::AlignVCenter};
-    }
+    if (role == Qt::TextAlignmentRole) return alignmentOf(index.column());
     const bool text = role == Qt::DisplayRole || role == Qt::ToolTipRole;
     if (!text || index.row() >= model_.lstCopies.count()) return {};
     const copies::CopyRow& row = model_.lstCopies.row(index.row());
@@ -61,6 +64,7 @@ QVariant CopiesTable::data(const QModelIndex& index, int role) const {
 
 QVariant CopiesTable::headerData(int section, Qt::Orientation orientation, int role) const {
     constexpr std::array<const char*, Columns> titles{"Number", "Made", "Size", "Differs from now"};
+    if (role == Qt::TextAlignmentRole) return alignmentOf(section);
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
     return titles.at(static_cast<std::size_t>(section));
 }

@@ -67,6 +67,32 @@ TEST_F(Gate, BehindADialogNothingReactsAndNothingLooksAsIfItHad) {
     run();
 }
 
+TEST_F(Gate, EscapeAndTheNamedButtonWishThatTheOperationStop) {
+    struct {
+        const char* what;
+        Qt::Key key;
+        bool onButton, operating, stops;
+    } const cases[]{
+        {"Escape while it runs", Qt::Key_Escape, false, true, true},
+        {"Space elsewhere", Qt::Key_Space, false, true, false},
+        {"Space on the button", Qt::Key_Space, true, true, true},
+        {"Escape before it begins", Qt::Key_Escape, false, false, false},
+    };
+    QPushButton& stop = widget<QPushButton>("cmdReadCDDS");
+    program.refresh.gate().stopsBy(stop);
+    user.then([&] {
+        for (const auto& c : cases) {
+            SCOPED_TRACE(c.what);
+            QWidget& pressed = c.onButton ? static_cast<QWidget&>(stop) : widget<QLineEdit>("Text3");
+            if (!c.operating) QTest::keyClick(&pressed, c.key);
+            const desktop::Gate::Reaction operation{program.refresh.gate()};
+            if (c.operating) QTest::keyClick(&pressed, c.key);
+            EXPECT_EQ(program.refresh.gate().isStopWished(), c.stops);
+        }
+    });
+    run();
+}
+
 TEST_F(Gate, ACommandRunsOnceForEachPress) {
     openArchive();
     openDialog("cmdExtract", [] { press(in<QPushButton>("cmdExtractInsert"), Qt::Key_Return); });
