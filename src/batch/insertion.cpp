@@ -3,8 +3,7 @@
 #include "batch/library_run.hpp"
 #include "platform/posix/scratch_file.hpp"
 #include "platform/runtime_error.hpp"
-#include "transfer/dds_builder.hpp"
-#include "transfer/transfer_controls.hpp"
+#include "transfer/picture_levels.hpp"
 
 namespace pelrath::batch {
 
@@ -17,8 +16,7 @@ namespace {
 class Insertion {
 public:
     Insertion(Session& session, const InsertionWish& wish, CollectedMessages& messages)
-        : session_(session), wish_(wish), library_(messages),
-          builder_(library_.imaging(), session.programFolder) {}
+        : session_(session), wish_(wish), library_(messages) {}
 
     bool hold(const PlannedTexture& texture, HeldArchive& archive, LevelWriter& writer) {
         for (const PlannedFile& file : texture.files) {
@@ -30,30 +28,30 @@ public:
 private:
     bool holdFile(const PlannedFile& file, HeldArchive& archive, LevelWriter& writer) try {
         if (file.kind != ImageFileKind::Dds || wish_.create) return holdPicture(file, archive, writer);
-        holdLevels(file.path, file, writer);
+        const bool chain = file.level == wholeChain;
+        writer.readMipmapLevels(file.path, session_.selectedTexture, chain,
+                                chain ? LevelWriter::everyLevel : file.level);
         return true;
     } catch (const SourceTooShort&) {
         refuse(file.path + " is too short");
     }
 
-    void holdLevels(const std::string& path, const PlannedFile& file, LevelWriter& writer) const {
-        const bool chain = file.level == wholeChain;
-        writer.readMipmapLevels(path, session_.selectedTexture, chain,
-                                chain ? LevelWriter::everyLevel : file.level);
-    }
-
     bool holdPicture(const PlannedFile& file, HeldArchive& archive, LevelWriter& writer) {
         if (!library_.start()) return false;
-        LoadedImage image{library_.imaging().facade, library_.imaging().images, file.path};
-        if (!image) return false;
-        requireSides(file, library_.imaging().facade.boundSides());
-        if (!builder_.chooseFormat(session_.chosenTexture())) return false;
+        PictureLevels picture{library_.imaging(), session_.programFolder, file.path};
+        if (!picture) return false;
+        requireSides(file, picture.sides());
+        if (!picture.chooseFormat(session_.chosenTexture())) return false;
         const ScratchFile built{session_.programFolder.pathFor("tmp1.dds")};
-        if (!build(built.path(), file, image.id(), archive)) return false;
-        holdLevels(built.path(), file, writer);
+        if (!picture.hold(built.path(), wishFor(file), archive, writer)) return false;
         built.remove();
-        image.remove();
+        picture.remove();
         return true;
+    }
+
+    [[nodiscard]] LevelWish wishFor(const PlannedFile& file) const {
+        if (file.level == wholeChain) return {0, true, LevelWriter::everyLevel, wish_.filter};
+        return {file.level, false, file.level, wish_.filter};
     }
 
     // It may have been saved anew since it was planned.
@@ -65,20 +63,9 @@ private:
         if (!same) refuse(file.path + " has other sides than the level by now");
     }
 
-    bool build(const std::string& path, const PlannedFile& file, std::uint32_t image, HeldArchive& archive) {
-        const bool chain = file.level == wholeChain;
-        if (chain && wish_.filter != bilinearFilter) {
-            return builder_.buildScaled(path, archive, image, wish_.filter);
-        }
-        const std::size_t all = session_.chosenTexture().mipmaps.size();
-        return builder_.buildWithLibraryChain(path, archive, chain ? 0 : static_cast<std::size_t>(file.level),
-                                              chain ? all : 1);
-    }
-
     Session& session_;
     InsertionWish wish_;
     LibraryRun library_;
-    DdsBuilder builder_;
 };
 
 } // namespace

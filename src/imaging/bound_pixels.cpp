@@ -22,4 +22,16 @@ Pixels boundPixels(const LibraryFunctions& library) {
     return pixels;
 }
 
+AlphaUse alphaUseOf(const Pixels& pixels) {
+    constexpr std::uint8_t opaque = 255;
+    AlphaUse use;
+    use.channel = pixels.channels == 2 || pixels.channels == 4;
+    if (!use.channel) return use;
+    for (std::size_t at = pixels.channels - 1; at < pixels.values.size(); at += pixels.channels) {
+        if (pixels.values[at] == 0) ++use.clear;
+        if (pixels.values[at] != 0 && pixels.values[at] != opaque) ++use.soft;
+    }
+    return use;
+}
+
 } // namespace pelrath

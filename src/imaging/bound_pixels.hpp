@@ -23,4 +23,13 @@ struct Pixels {
 /// channel, or no channels at all.
 [[nodiscard]] Pixels boundPixels(const LibraryFunctions& library);
 
+/// What a picture does with its alpha channel.
+struct AlphaUse {
+    bool channel = false;    ///< there is one
+    std::uint64_t clear = 0; ///< pixels with none of it
+    std::uint64_t soft = 0;  ///< pixels with some
+};
+
+[[nodiscard]] AlphaUse alphaUseOf(const Pixels& pixels);
+
 } // namespace pelrath

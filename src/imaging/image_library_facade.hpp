@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imaging/bound_picture.hpp"
+#include "imaging/bound_pixels.hpp"
 #include "imaging/library_functions.hpp"
 #include "imaging/library_images.hpp"
 #include "imaging/long_work.hpp"
@@ -70,6 +71,7 @@ public:
 
     /// Of the bound image.
     [[nodiscard]] Sides boundSides() const { return picture_.sides(); }
+    [[nodiscard]] AlphaUse boundAlpha() const { return alphaUseOf(boundPixels(library_)); }
 
     /// The code of the last library failure, for those who report what initImageLibrary() raised.
     [[nodiscard]] std::int32_t lastErrorCode() const { return lastErrorCode_; }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <span>
+#include <utility>
 
 namespace pelrath {
 
@@ -20,43 +21,6 @@ PixelFormat pixelFormat(BlockFormat format) {
 BlockFormat formatOf(const TextureRecord& texture) {
     const auto kind = nativeImageKind(texture);
     return kind && kind->kind == ImageFileKind::Tga ? BlockFormat::Dxt5 : BlockFormat::Dxt1;
-}
-
-// The block that holds a texel, decoded.
-std::array<std::uint8_t, 4> texelOf(BlockFormat format, std::span<const std::byte> blocks,
-                                    const LevelSides& sides, const TexelPlace& texel) {
-    const auto across = static_cast<std::size_t>((sides.width + 3) / 4);
-    const std::size_t block =
-        static_cast<std::size_t>(texel.y / 4) * across + static_cast<std::size_t>(texel.x / 4);
-    std::array<std::byte, 16 * bytesPerTexel> decoded{};
-    decodeLevel(format, blocks.subspan(block * bytesPerBlock(format), bytesPerBlock(format)), 4, 4, decoded);
-    const std::size_t at = static_cast<std::size_t>(texel.y % 4 * 4 + texel.x % 4) * bytesPerTexel;
-    std::array<std::uint8_t, 4> values{};
-    std::transform(&decoded[at], &decoded[at] + bytesPerTexel, values.begin(),
-                   [](std::byte value) { return std::to_integer<std::uint8_t>(value); });
-    return values;
-}
-
-LevelDifference differenceOf(const LevelPicture& now, const LevelPicture& before) {
-    constexpr int stronger = 8; // what compression does is otherwise too dark to be seen
-    LevelDifference result;
-    result.picture = {now.width, now.height, std::vector<std::byte>(now.texels.size())};
-    std::uint64_t sum = 0;
-    for (std::size_t at = 0; at < now.texels.size(); at += bytesPerTexel) {
-        std::array<int, bytesPerTexel> by{};
-        for (std::size_t i = 0; i < by.size(); ++i) {
-            by[i] = std::abs(std::to_integer<int>(now.texels[at + i]) -
-                             std::to_integer<int>(before.texels[at + i]));
-            sum += static_cast<std::uint64_t>(by[i]);
-            result.largest = std::max(result.largest, by[i]);
-        }
-        for (std::size_t i = 0; i < by.size(); ++i) {
-            result.picture.texels[at + i] =
-                static_cast<std::byte>(std::min(std::max(by[i], by[3]) * stronger, 255));
-        }
-    }
-    result.mean = static_cast<double>(sum) / static_cast<double>(std::max<std::size_t>(now.texels.size(), 1));
-    return result;
 }
 
 } // namespace
@@ -169,12 +133,7 @@ LevelImage TextureLevels::image(const ImageKey& key) {
 LevelPicture TextureLevels::decoded(const ImageKey& key) {
     if (key.version == Version::Difference) return difference(key.level).picture;
     const LevelImage level = image(key);
-    const auto width = static_cast<std::uint32_t>(level.width);
-    const auto height = static_cast<std::uint32_t>(level.height);
-    LevelPicture picture{level.width, level.height,
-                         std::vector<std::byte>(std::size_t{width} * height * bytesPerTexel)};
-    decodeLevel(format(), level.bytes, width, height, picture.texels);
-    return picture;
+    return pictureOf(format(), level.bytes, level.width, level.height);
 }
 
 const LevelDifference& TextureLevels::difference(std::int16_t level) {
@@ -187,7 +146,7 @@ const LevelDifference& TextureLevels::difference(std::int16_t level) {
 std::array<std::uint8_t, 4> TextureLevels::texel(const TexelPlace& texel, Version version) {
     const LevelSides level = sides(texel.level);
     const auto valuesOf = [&](Version wanted) {
-        return texelOf(format(), blocks({texel.level, wanted}), level, texel);
+        return texelOf(format(), blocks({texel.level, wanted}), level.width, texel.x, texel.y);
     };
     if (version != Version::Difference) return valuesOf(version);
     std::array<std::uint8_t, 4> values = valuesOf(Version::Now);

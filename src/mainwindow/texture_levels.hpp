@@ -2,6 +2,7 @@
 
 #include "archive/dds_export.hpp"
 #include "imaging/block_decoder.hpp"
+#include "imaging/level_difference.hpp"
 #include "mainwindow/viewer/device.hpp"
 #include "session/session.hpp"
 
@@ -14,20 +15,6 @@
 #include <vector>
 
 namespace pelrath {
-
-/// Texels of four bytes, red, green, blue and alpha, rows from the top.
-struct LevelPicture {
-    std::int32_t width = 0;
-    std::int32_t height = 0;
-    std::vector<std::byte> texels;
-};
-
-/// Where a level changed.
-struct LevelDifference {
-    LevelPicture picture; ///< each value's difference eight times; that of alpha lightens all of a texel
-    double mean = 0;      ///< of all values of all texels, 0 to 255
-    int largest = 0;
-};
 
 /// The levels of the texture that is shown, as the archive has them and as it had them before the last
 /// insertion. They are read when they are first asked for. Fails as DdsExport does.

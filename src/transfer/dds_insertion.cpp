@@ -2,6 +2,7 @@
 
 #include "platform/posix/files.hpp"
 #include "transfer/image_file_name.hpp"
+#include "transfer/insertion_choice.hpp"
 
 #include <algorithm>
 
@@ -30,7 +31,7 @@ void DdsInsertion::insertFromDdsFiles(InsertionRun& run) {
 
 bool DdsInsertion::nothingChosen() const {
     return state_.mipmapOperation == Single && c_.chkDestination[ToArchive].checked() &&
-           checkedLevels().empty();
+           markedLevels(c_.List1).empty();
 }
 
 void DdsInsertion::check(InsertionRun& run, std::optional<FolderLock>& folder) const {
@@ -45,7 +46,7 @@ void DdsInsertion::insertIntoArchive(InsertionRun& run) {
     switch (state_.mipmapOperation) {
     case Single:
     case External:
-        insertLevels(run, checkedLevels(), " mipmap(s) inserted.");
+        insertLevels(run, markedLevels(c_.List1), " mipmap(s) inserted.");
         break;
     case Embedded:
         insertLevels(run, {LevelWriter::everyLevel}, " Mipmap(s) inserted.");
@@ -54,14 +55,6 @@ void DdsInsertion::insertIntoArchive(InsertionRun& run) {
         images_.insertImage(ImageFileKind::Dds, run);
         break;
     }
-}
-
-std::vector<std::int16_t> DdsInsertion::checkedLevels() const {
-    std::vector<std::int16_t> levels;
-    for (int row = 0; row < c_.List1.count(); ++row) {
-        if (c_.List1.isChecked(row)) levels.push_back(static_cast<std::int16_t>(row));
-    }
-    return levels;
 }
 
 void DdsInsertion::insertLevels(InsertionRun& run, const std::vector<std::int16_t>& levels,

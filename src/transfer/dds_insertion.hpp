@@ -40,7 +40,6 @@ private:
     [[nodiscard]] bool nothingChosen() const;
     void check(InsertionRun& run, std::optional<FolderLock>& folder) const;
     void insertIntoArchive(InsertionRun& run);
-    [[nodiscard]] std::vector<std::int16_t> checkedLevels() const;
     /// Each of the levels from its own file, or LevelWriter::everyLevel from that of level 0.
     void insertLevels(InsertionRun& run, const std::vector<std::int16_t>& levels, const char* countWords);
     /// Whether the file is there, which is appended to the summary.

@@ -4,7 +4,7 @@
 #include "platform/posix/folder_lock.hpp"
 #include "platform/posix/scratch_file.hpp"
 #include "session/session.hpp"
-#include "transfer/dds_builder.hpp"
+#include "transfer/insertion_choice.hpp"
 #include "transfer/insertion_run.hpp"
 #include "transfer/level_writer.hpp"
 #include "transfer/loaded_level.hpp"
@@ -34,29 +34,20 @@ public:
     void takeFolder(std::optional<FolderLock>& folder);
 
 private:
-    /// Which level's image is the source, and what of the built file goes where.
-    struct Choice {
-        std::int16_t firstLevel;
-        bool chained;
-        std::int16_t selectedLevel;
-    };
-
-    [[nodiscard]] std::optional<Choice> choose() const;
-    void insertChosen(ImageFileKind kind, const Choice& choice, InsertionRun& run, LevelWriter& writer);
+    [[nodiscard]] std::optional<LevelWish> choose() const;
+    void insertChosen(ImageFileKind kind, const LevelWish& wish, InsertionRun& run, LevelWriter& writer);
     /// The file that was built, if it came to that, is the caller's to remove.
-    void buildAndWrite(ImageFileKind kind, const Choice& choice, InsertionRun& run, LevelWriter& writer,
+    void buildAndWrite(ImageFileKind kind, const LevelWish& wish, InsertionRun& run, LevelWriter& writer,
                        std::optional<ScratchFile>& built);
     /// Beside the source, or, where another copy of the program could build one of that name, in a place of
     /// its own.
     [[nodiscard]] std::string builtFileOf(const std::string& source) const;
-    bool build(const std::string& path, std::uint32_t image, const Choice& choice, HeldArchive& archive);
 
     Controls c_;
     MessageBoxes& boxes_;
     const Session& session_;
     const TransferState& state_;
     TransferImaging imaging_;
-    DdsBuilder builder_;
     bool isAlone_ = false; ///< in the folder of the images
 };
 

@@ -37,6 +37,8 @@ public:
                                    std::int16_t selectedLevel);
 
     [[nodiscard]] std::int16_t held() const { return static_cast<std::int16_t>(held_.size()); }
+    /// What is held: places in the archive and their new bytes.
+    [[nodiscard]] const std::vector<LevelBytes>& heldLevels() const { return held_; }
     /// How many levels the archive has got.
     [[nodiscard]] std::int16_t written() const { return written_; }
 
