@@ -23,7 +23,7 @@ public:
     void add(const std::string& fileOrFolder) try {
         if (!folderExists(fileOrFolder)) return addFile(fileOrFolder, Fate::Refused);
         for (const std::string& path : imageFilesIn(fileOrFolder)) {
-            addFile(path, Fate::LeftOut);
+            if (isMeant(path)) addFile(path, Fate::LeftOut);
         }
     } catch (const RuntimeError& error) {
         strangers_.files.push_back(refusedFile(asOneLine(error.description()), fileOrFolder));
@@ -40,6 +40,11 @@ public:
     }
 
 private:
+    [[nodiscard]] bool isMeant(const std::string& path) const {
+        return wish_.files == FilesOf::AnyKind ||
+               (fileExtension(path) == "dds") == (wish_.files == FilesOf::Dds);
+    }
+
     /// `stranger`: what becomes of a file that is of no texture.
     void addFile(const std::string& path, Fate stranger) {
         if (!seen_.insert(path).second) return;

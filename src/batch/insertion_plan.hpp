@@ -9,9 +9,13 @@
 
 namespace pelrath::batch {
 
+/// Which of the files in a folder are meant.
+enum class FilesOf { AnyKind, Dds, Images };
+
 struct InsertionWish {
     bool create = false;     ///< all levels are made of the largest one's file
     std::int16_t filter = 2; ///< with which they are made: the place in the dialog's list; 2 is bilinear
+    FilesOf files = FilesOf::AnyKind; ///< in folders
 };
 
 /// What an insertion of these files, and of those in these folders, would write into the session's archive.

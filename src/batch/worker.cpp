@@ -1,5 +1,6 @@
 #include "batch/worker.hpp"
 
+#include "archive/journal_record.hpp"
 #include "batch/extraction.hpp"
 #include "platform/posix/child_process.hpp"
 #include "platform/runtime_error.hpp"
@@ -143,6 +144,16 @@ void doJobs(Session& session, bool overwrite, std::istream& in, std::ostream& ou
 
 Report runExtractionInWorkers(const WorkerStart& start, const Plan& plan, RunWatcher& watcher) {
     return Workers{start, plan, watcher}.run();
+}
+
+Report extractOnAllCores(Session& session, const Plan& plan, bool overwrite, const std::string& executable,
+                         RunWatcher& watcher) {
+    const bool alone = executable.empty() || plan.size() < 2 || !needsLibrary(plan);
+    if (alone) return runExtraction(session, plan, overwrite, watcher);
+    WorkerStart start{executable, {"work", "--tables", std::to_string(tablesChecksum(session.archive))}};
+    if (overwrite) start.arguments.emplace_back("--overwrite");
+    start.arguments.insert(start.arguments.end(), {"--", session.archivePath});
+    return runExtractionInWorkers(start, plan, watcher);
 }
 
 } // namespace pelrath::batch

@@ -34,4 +34,9 @@ struct WorkerStart {
 /// its place. What the watcher hears comes from several threads, one at a time.
 [[nodiscard]] Report runExtractionInWorkers(const WorkerStart& start, const Plan& plan, RunWatcher& watcher);
 
+/// Extracts a plan in workers where it has images of several textures, and in this process where it has not,
+/// or where the path of pelrath-batch, whose processes they are, is empty.
+[[nodiscard]] Report extractOnAllCores(Session& session, const Plan& plan, bool overwrite,
+                                       const std::string& executable, RunWatcher& watcher);
+
 } // namespace pelrath::batch

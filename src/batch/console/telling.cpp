@@ -2,7 +2,6 @@
 
 #include "platform/text.hpp"
 
-#include <array>
 #include <ostream>
 #include <utility>
 
@@ -23,10 +22,7 @@ void Telling::begins(const std::string& texture, std::size_t number, std::size_t
 }
 
 void Telling::show(const std::string& what, std::uint64_t done, std::uint64_t total) {
-    constexpr std::uint64_t megabyte = std::uint64_t{1} << 20;
-    const auto megabytes = [](std::uint64_t bytes) { return std::to_string(bytes / megabyte); };
-    showProgress(visibleText(what) +
-                 (total == 0 ? "" : " " + megabytes(done) + " of " + megabytes(total) + " MB"));
+    showProgress(busyLine(what, done, total));
 }
 
 void Telling::message(const std::string& text) {
@@ -41,13 +37,8 @@ void Telling::result(const std::string& text) {
 }
 
 void Telling::reasons(const TextureReport& report) {
-    const std::string name = report.texture < 0 ? "" : visibleText(report.name) + ": ";
-    for (const FileReport& file : report.files) {
-        if (file.message.empty() || (quiet_ && file.outcome == Outcome::LeftOut)) continue;
-        message(name + (file.file.path.empty() ? "" : file.file.path + ": ") + file.message);
-    }
-    for (const std::string& remark : report.remarks) {
-        message(name + remark);
+    for (const std::string& line : reasonLines(report, !quiet_)) {
+        message(line);
     }
 }
 
@@ -67,16 +58,7 @@ int Telling::missing(const std::vector<std::string>& unmatched, const std::strin
 
 int Telling::conclude(const Report& report, const std::string& doneWords) {
     if (!report.ended.empty()) message(report.ended);
-    std::string counts = std::to_string(report.count(Outcome::Done)) + " " + doneWords;
-    constexpr std::array others{std::pair{Outcome::LeftOut, "left out"},
-                                std::pair{Outcome::Refused, "refused"}, std::pair{Outcome::Failed, "failed"},
-                                std::pair{Outcome::NotReached, "not reached"}};
-    for (const auto& [outcome, words] : others) {
-        if (const std::size_t count = report.count(outcome); count > 0) {
-            counts += ", " + std::to_string(count) + " " + words;
-        }
-    }
-    if (!quiet_ || !report.allWell()) message((report.stopped ? "stopped: " : "") + counts);
+    if (!quiet_ || !report.allWell()) message(countsOf(report, doneWords));
     if (report.stopped) return Stopped;
     return report.allWell() ? AllWell : NotAll;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "batch/console/console.hpp"
-#include "batch/report.hpp"
+#include "batch/report_lines.hpp"
 #include "platform/busy_sign.hpp"
 
 #include <string>
@@ -13,10 +13,8 @@ namespace pelrath::batch {
 /// somebody looks.
 class Telling : public RunWatcher, public BusySign {
 public:
-    /// How a run's files are told once they are done.
-    using Line = std::string (*)(const TextureReport& texture, const FileReport& file);
-
-    Telling(const Console& console, bool quiet, Line line) : console_(console), quiet_(quiet), line_(line) {}
+    Telling(const Console& console, bool quiet, DoneLine line)
+        : console_(console), quiet_(quiet), line_(line) {}
     ~Telling() override { clear(); }
     Telling(const Telling&) = delete;
     Telling& operator=(const Telling&) = delete;
@@ -43,7 +41,7 @@ private:
 
     const Console& console_;
     bool quiet_;
-    Line line_;
+    DoneLine line_;
     bool shown_ = false; ///< a line of progress
 };
 

@@ -5,7 +5,6 @@
 #include "batch/opened_archive.hpp"
 #include "batch/restoration.hpp"
 #include "platform/posix/file_mode.hpp"
-#include "platform/text.hpp"
 #include "transfer/insertion_recovery.hpp"
 
 #include <functional>
@@ -13,12 +12,6 @@
 namespace pelrath::batch {
 
 namespace {
-
-std::string levelAndPath(const TextureReport& texture, const FileReport& file) {
-    const std::string level =
-        file.file.level == wholeChain ? "all levels" : "level " + std::to_string(file.file.level);
-    return visibleText(texture.name) + ", " + level + ": " + file.file.path;
-}
 
 /// Completes what was interrupted, and reads the archive behind that.
 void openToWrite(Session& session, const Arguments& arguments, const Console& console, Telling& telling) {
@@ -32,15 +25,6 @@ void openToWrite(Session& session, const Arguments& arguments, const Console& co
         }
     }
     openArchive(session, arguments.archive);
-}
-
-Report asIfDone(const Plan& plan) {
-    Report report;
-    for (const PlannedTexture& texture : plan) {
-        report.textures.push_back(untried(texture));
-        settle(report.textures.back(), Outcome::Done);
-    }
-    return report;
 }
 
 using Run = std::function<Report(const WritingTerms&)>;
@@ -69,7 +53,7 @@ int carryOut(const Arguments& arguments, Session& session, const Plan& plan, con
 
 int insertTextures(const Arguments& arguments, const Console& console) {
     Session session;
-    Telling telling{console, arguments.quiet, levelAndPath};
+    Telling telling{console, arguments.quiet, insertedLine};
     openToWrite(session, arguments, console, telling);
     const InsertionWish wish{arguments.create, arguments.filter};
     const Plan plan = planInsertion(session, arguments.chosen, wish);
@@ -81,7 +65,7 @@ int insertTextures(const Arguments& arguments, const Console& console) {
 int restoreTextures(const Arguments& arguments, const Console& console) {
     Session session;
     Session copy;
-    Telling telling{console, arguments.quiet, levelAndPath};
+    Telling telling{console, arguments.quiet, insertedLine};
     openToWrite(session, arguments, console, telling);
     openArchive(copy, arguments.other);
     std::vector<std::string> unmatched;

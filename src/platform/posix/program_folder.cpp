@@ -39,6 +39,11 @@ std::string programFolder() {
 
 std::string otherProgramFolder() { return isOwnUsed() ? dataFolder() : ownFolder(); }
 
+std::string batchExecutable() {
+    std::string beside = joinPath(ownFolder(), "pelrath-batch");
+    return ::access(beside.c_str(), X_OK) == 0 ? beside : "";
+}
+
 std::string guideFile() {
     const std::string own{parentFolder(executablePath())};
     for (const char* place : {"../share/doc/pelrath/guide.md", "../../../docs/guide.md"}) {

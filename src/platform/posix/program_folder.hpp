@@ -14,6 +14,9 @@ namespace pelrath {
 /// be in it.
 [[nodiscard]] std::string otherProgramFolder();
 
+/// The program for the command line beside the running one; empty where there is none that can be started.
+[[nodiscard]] std::string batchExecutable();
+
 /// The guide's text where it was installed, or where the program was built; empty where there is none.
 [[nodiscard]] std::string guideFile();
 
