@@ -79,6 +79,7 @@ void loadApplicationSettings(const std::string& settingsBaseName, ApplicationSet
     CSetting store = storeFor(settingsBaseName);
     settings.recentArchives.load(store.pass()); // which cannot fail half-way
     settings.remembered.load(store.pass());
+    settings.several.load(store.pass());
     eachKey(settings, Load{store});
 }
 
@@ -88,6 +89,7 @@ void saveApplicationSettings(const std::string& settingsBaseName, const Applicat
         eachKey(settings, Save{store});
         settings.recentArchives.save(store.pass());
         settings.remembered.save(store.pass());
+        settings.several.save(store.pass());
     } catch (const SettingsPassEnded&) {
         store.endPass();
         throw;

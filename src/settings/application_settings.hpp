@@ -2,6 +2,7 @@
 
 #include "settings/recent_archives.hpp"
 #include "settings/remembered_choices.hpp"
+#include "settings/several_choices.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -26,6 +27,7 @@ struct ApplicationSettings {
     std::string cddsBackupFolder;
     RecentArchives recentArchives;
     RememberedChoices remembered;
+    SeveralChoices several;
 };
 
 /// A load or save pass that ended at a key. The keys before it are done, it and those behind it are not.
