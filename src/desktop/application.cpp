@@ -25,7 +25,8 @@ Application::Application()
       fileManager(refresh,
                   [this](const std::string& why) { boxes.exclamation(why, "Pelrath - File manager"); }),
       textMenus(refresh, fileManager), recentMenu(window, main, session.settings.recentArchives, refresh),
-      copies(session, copiesServices()), copiesWindow(copies, binder) {
+      copies(session, copiesServices()), copiesWindow(copies, binder), several(session, severalServices()),
+      laidOut(refresh, screen, Places::OfLayout), severalWindow(several, laidOut) {
     QApplication::setStyle(new WholeFrames);           // the application owns it
     QApplication::setLayoutDirection(Qt::LeftToRight); // places are fixed, and so are the texts in them
     QApplication::setWindowIcon(programIcon());        // of message boxes before the first window, too
@@ -37,16 +38,46 @@ Application::Application()
     windows.add(main.frmGetBazarTempFolder.window, bazarTempFolder);
     windows.add(main.frmGetCDDSBackupFolder.window, cddsBackupFolder);
     windows.add(copies.window, copiesWindow);
+    windows.add(several.window, severalWindow);
     windows.returned = [this] {
         if (window.isVisible()) window.activate();
     };
     window.help = [this] { refresh.act(window, [this] { showGuide(); }); };
     window.safeCopies = [this] { showSafeCopies(); };
+    window.several = [this] { showSeveral(); };
     textMenus.extend(*window.findChild<QLineEdit*>("Text1"), [this](QMenu& menu) {
         recentMenu.addTo(menu);
-        QAction* entry = menu.addAction("Safe Co&pies...\tCtrl+K", &window, [this] { showSafeCopies(); });
-        entry->setEnabled(copies.canShow());
+        QAction* many = menu.addAction("&Several Textures...\tCtrl+B", &window, [this] { showSeveral(); });
+        many->setEnabled(several.isPossible());
+        QAction* ways = menu.addAction("Safe Co&pies...\tCtrl+K", &window, [this] { showSafeCopies(); });
+        ways->setEnabled(copies.canShow());
     });
+}
+
+several::SeveralServices Application::severalServices() {
+    const auto inBackground = [this](const std::function<void()>& work, const std::function<void()>& done) {
+        background.run([this, work, done](const Background::Post& post) {
+            work();
+            post([this, done] { refresh.deliver(done); });
+        });
+    };
+    return {
+        boxes,
+        windows,
+        pump,
+        screen,
+        main.recovery,
+        [this](const std::string& title, const std::string& start) {
+            return main.folders.SelectFolder(title, start);
+        },
+        inBackground,
+        [this](const std::string& suggestion) { return askWhereToSave(refresh, "Save Report", suggestion); },
+        [this] { main.look().keepBefore(); },
+        batchExecutable()};
+}
+
+void Application::showSeveral() {
+    refresh.operate(window, [this] { several.show(main.window, main.Text8.text()); });
 }
 
 void Application::start(const CommandLine& asked) {

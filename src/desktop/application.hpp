@@ -15,11 +15,13 @@
 #include "desktop/qt_services.hpp"
 #include "desktop/recent_menu.hpp"
 #include "desktop/safe_copies_window.hpp"
+#include "desktop/several_window.hpp"
 #include "desktop/text_menus.hpp"
 #include "desktop/transfer_dialog.hpp"
 #include "mainwindow/main.hpp"
 #include "opening/command_line.hpp"
 #include "session/session.hpp"
+#include "several/several_textures.hpp"
 
 #include <memory>
 
@@ -65,8 +67,14 @@ public:
     copies::SafeCopies copies;
     SafeCopiesWindow copiesWindow;
     Background copyLooks;
+    Background background;
+    several::SeveralTextures several;
+    Binder laidOut; // by layouts
+    SeveralWindow severalWindow;
 
 private:
+    [[nodiscard]] several::SeveralServices severalServices();
+    void showSeveral();
     void showGuide();
     copies::SafeCopiesServices copiesServices();
     void showSafeCopies();

@@ -63,14 +63,16 @@ void Binder::pushEnabled(QWidget& view, bool enabled) {
 }
 
 void Binder::pushCommon(const Control& control, QWidget& view) {
-    view.setGeometry(screen_.pixels(control.box()));
+    if (places_ == Places::OfControls) view.setGeometry(screen_.pixels(control.box()));
     pushEnabled(view, control.enabled());
     if (view.isHidden() == control.visible()) view.setVisible(control.visible());
     if (!control.tabStop()) view.setFocusPolicy(Qt::ClickFocus);
     if (!control.accessibleName().empty()) view.setAccessibleName(toQString(control.accessibleName()));
 }
 
-void Binder::fit(QWidget& view) { WindowFont::of(view, refresh_).fit(view); }
+void Binder::fit(QWidget& view) {
+    if (places_ == Places::OfControls) WindowFont::of(view, refresh_).fit(view);
+}
 
 Binding& Binder::attach(Control& control, QWidget& view, std::function<void()> push) {
     auto* binding = new Binding{&view, [this, &control, &view, push = std::move(push)] {

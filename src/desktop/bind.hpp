@@ -32,12 +32,16 @@ class BorderedBox;
 /// Which end of a text that cannot be typed into is seen where its place is too narrow for the whole.
 enum class SeenEnd { First, Last };
 
+/// Who says where a window's widgets are and how large: the controls, or a layout of the face's.
+enum class Places { OfControls, OfLayout };
+
 /// Binds controls to widgets, each kind by one function: the control's whole state is pushed once, then
 /// again after every notice of its; what the user does to the widget reaches the control. A bound widget
 /// must not outlive its control.
 class Binder {
 public:
-    Binder(Refresh& refresh, const QtScreen& screen) : refresh_(refresh), screen_(screen) {}
+    Binder(Refresh& refresh, const QtScreen& screen, Places places = Places::OfControls)
+        : refresh_(refresh), screen_(screen), places_(places) {}
 
     void bind(Label& label, QLabel& view, QChar mnemonic = {});
     void bind(CommandButton& button, QPushButton& view, QChar mnemonic = {});
@@ -69,6 +73,7 @@ private:
 
     Refresh& refresh_;
     const QtScreen& screen_;
+    Places places_;
     QPointer<QWidget> disabledInFocus_;
     QPointer<QWidget> focusedInstead_;
 };

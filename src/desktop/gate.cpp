@@ -122,7 +122,11 @@ bool Gate::eventFilter(QObject* object, QEvent* event) {
     if (key_.repeats() && isCommand(*object, *event)) return true;
     if (event->type() == QEvent::Paint && object == top().dialog) top().seen = true;
     if (!isQuiet() && wishesStop(*object, *event)) stopWished_ = true;
-    return object->isWidgetType() && isInput(*event) && (!isQuiet() || !top().seen);
+    return object->isWidgetType() && isInput(*event) && (!isQuiet() || !top().seen) && !canStop(*object);
+}
+
+bool Gate::canStop(const QObject& object) const {
+    return stopBy_ != nullptr && (&object == stopBy_ || &object == stopBy_->window());
 }
 
 } // namespace pelrath::desktop

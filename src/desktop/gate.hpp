@@ -66,6 +66,29 @@ public:
         Gate& gate_;
     };
 
+    /// While this lives, the user can have the reaction that runs stopped: what he does to `by`, or gives as
+    /// keys to its window, reaches them.
+    class Stoppable {
+    public:
+        Stoppable(Gate& gate, const QWidget& by, std::function<void()> stop) : gate_(gate) {
+            gate_.stopBy_ = &by;
+            gate_.stop_ = std::move(stop);
+        }
+        ~Stoppable() {
+            gate_.stopBy_ = nullptr;
+            gate_.stop_ = nullptr;
+        }
+        Stoppable(const Stoppable&) = delete;
+        Stoppable& operator=(const Stoppable&) = delete;
+
+    private:
+        Gate& gate_;
+    };
+    /// The reaction that runs is to end as soon as it can.
+    void stop() const {
+        if (stop_) stop_();
+    }
+
     [[nodiscard]] bool admits(const QWidget& view) const;
     /// No reaction runs but those that wait.
     [[nodiscard]] bool isQuiet() const { return !shut_ && !turns_.back().reacting; }
@@ -100,12 +123,15 @@ private:
     Level& top() { return turns_.back(); }
     void tellWaiting();
     [[nodiscard]] bool wishesStop(const QObject& object, const QEvent& event) const;
+    [[nodiscard]] bool canStop(const QObject& object) const;
 
     std::vector<Level> turns_{Level{}};
     std::vector<std::pair<QPointer<QObject>, std::function<void()>>> waiting_;
     HeldKey key_;
     std::vector<const QWidget*> stoppers_;
     bool stopWished_ = false;
+    const QWidget* stopBy_ = nullptr;
+    std::function<void()> stop_;
     bool shut_ = false;
 };
 

@@ -316,6 +316,9 @@ void MainWindow::buildWays() {
     keys->add(Qt::CTRL | Qt::Key_K, [this] {
         if (safeCopies) safeCopies();
     });
+    keys->add(Qt::CTRL | Qt::Key_B, [this] {
+        if (several) several();
+    });
     auto* search = findChild<QLineEdit*>("incrementalSearchText");
     keys->add(Qt::CTRL | Qt::Key_F, [search] {
         search->setFocus(Qt::ShortcutFocusReason);
@@ -434,6 +437,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (model_.window.isUnloaded()) return;
     if (!gate.isIdle()) {
         event->ignore();
+        gate.stop();
         if (std::exchange(closing_, true)) return; // one dialog at a time
         gate.whenQuiet(*this, [this, &gate] {
             closing_ = false;

@@ -24,6 +24,7 @@ public:
     void activate();
 
     std::function<void()> help;       ///< what F1 does
+    std::function<void()> several;    ///< what Ctrl+B does
     std::function<void()> safeCopies; ///< what Ctrl+K does
     std::function<void()> ready;      ///< runs once, as a command of the user's, behind the first activation
 

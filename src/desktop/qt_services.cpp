@@ -1,6 +1,7 @@
 #include "desktop/qt_services.hpp"
 
 #include "desktop/units.hpp"
+#include "platform/posix/files.hpp"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -50,6 +51,17 @@ std::optional<std::string> QtFileOpenDialog::choose(const Request& request) {
                        toQString(request.filter)};
     dialog.setFileMode(QFileDialog::ExistingFile);
     const Gate::Turn turn{refresh_.gate(), &dialog};
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return toUtf8(dialog.selectedFiles().constFirst());
+}
+
+std::optional<std::string> askWhereToSave(Refresh& refresh, const std::string& title,
+                                          const std::string& suggestion) {
+    QFileDialog dialog{QApplication::activeWindow(), toQString(title)};
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDirectory(toQString(parentFolder(suggestion)));
+    dialog.selectFile(toQString(fileName(suggestion)));
+    const Gate::Turn turn{refresh.gate(), &dialog};
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return toUtf8(dialog.selectedFiles().constFirst());
 }

@@ -31,6 +31,11 @@ private:
     Refresh& refresh_;
 };
 
+/// The system's dialog for a file to be written: its path; nothing when the user cancels. It asks before a
+/// file that is there is taken.
+[[nodiscard]] std::optional<std::string> askWhereToSave(Refresh& refresh, const std::string& title,
+                                                        const std::string& suggestion);
+
 class QtEventPump : public EventPump {
 public:
     explicit QtEventPump(Refresh& refresh) : refresh_(refresh) { sinceLast_.start(); }
