@@ -56,10 +56,7 @@ Application::Application()
 
 several::SeveralServices Application::severalServices() {
     const auto inBackground = [this](const std::function<void()>& work, const std::function<void()>& done) {
-        background.run([this, work, done](const Background::Post& post) {
-            work();
-            post([this, done] { refresh.deliver(done); });
-        });
+        background.run(work, [this, done] { refresh.deliver(done); });
     };
     return {
         boxes,

@@ -67,7 +67,6 @@ public:
     copies::SafeCopies copies;
     SafeCopiesWindow copiesWindow;
     Background copyLooks;
-    Background background;
     several::SeveralTextures several;
     Binder laidOut; // by layouts
     SeveralWindow severalWindow;
