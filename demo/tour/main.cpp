@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -75,6 +76,7 @@ private:
         chooseFolders();
         extraction();
         insertion();
+        edit();
         safeCopies();
         sizes();
         damagedArchive();
@@ -298,6 +300,26 @@ private:
         user_.until("the end of the dialog", [] { return dialog<QDialog>() == nullptr; });
         look("restored-texture-in-the-viewport");
     }
+    // What the editor got when the image was extracted is saved once more.
+    void edit() {
+        user_.then([this] {
+            const QString picture = folder_ + "/textures/fx_smoke_white-256x256.tga";
+            QTest::keyClick(&widget<desktop::ViewportWidget>("viewport"), 'd'); // the texture itself again
+            QProcess::execute("convert", {picture, "-channel", "RGB", "-fill", "steelblue",
+                                          "-tint", "90", picture});
+        });
+        untilBar("saved");
+        look("saved-in-the-editor");
+        press("saveBarInsert");
+        untilBar("inserted");
+        look("inserted-from-the-bar");
+    }
+    void untilBar(const QString& word) {
+        user_.until("the bar", [this, word] {
+            const auto& bar = widget<QWidget>("saveBar");
+            return bar.isVisible() && bar.accessibleName().contains(word);
+        });
+    }
     void choosing(std::initializer_list<const char*> clicks, const char* name) {
         for (const char* button : clicks) {
             user_.then([button] { dialog<QDialog>()->findChild<QAbstractButton*>(button)->click(); });
@@ -401,6 +423,19 @@ private:
     UserScript user_;
 };
 
+// For TGA files, and it does nothing.
+void installEditor(const QString& desktop) {
+    const auto write = [&desktop](const QString& file, const QByteArray& text) {
+        QDir{desktop}.mkpath(QFileInfo{file}.path());
+        QFile out{desktop + '/' + file};
+        if (out.open(QIODevice::WriteOnly)) out.write(text);
+    };
+    write("mime/globs2", "50:image/x-tga:*.tga\n");
+    write("mimeapps.list", "[Default Applications]\nimage/x-tga=editor.desktop\n");
+    write("applications/editor.desktop",
+          "[Desktop Entry]\nType=Application\nName=Any\nMimeType=image/x-tga;\nExec=true %f\n");
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -413,6 +448,7 @@ int main(int argc, char* argv[]) {
     for (const char* place : {"XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME"}) {
         qputenv(place, own.path().toUtf8());
     }
+    installEditor(own.path());
     desktop::Application::prepareGraphics();
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication qt{argc, argv};

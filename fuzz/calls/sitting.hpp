@@ -67,10 +67,13 @@ private:
     test::RecordingAssociations associations_;
     test::RecordingSign busy_;
     test::ScriptedPicker folderPicker_;
+    test::CalledWatch watch_;
+    test::ImmediateWork background_;
 
 public:
     Main main{session,
-              {boxes, fileOpen_, pump_, screen_, surface, windows_, associations_, busy_, folderPicker_}};
+              {boxes, fileOpen_, pump_, screen_, surface, windows_, associations_, busy_, folderPicker_,
+               watch_, background_}};
 };
 
 /// The steps that words name: dds, images, single, embedded, external, create, level=N, filter=N, nocopy,

@@ -9,8 +9,9 @@ namespace {
 
 // All in twips.
 constexpr double gap = 60;
+constexpr double inset = 105; // beside what is in the strip
 constexpr double buttonWidth = 960;
-constexpr double stepWidth = 330;
+constexpr double stepWidth = 300;
 constexpr double buttonHeight = 360;
 constexpr double oneLine = 420;
 constexpr double lowLine = 375; // in the line of the status
@@ -73,20 +74,21 @@ void SaveBarLayout::inOneLine() {
         fromRight(bar_.previous, stepWidth);
     }
     if (!bar_.look.visible()) right = strip.width - gap;
-    bar_.text.setBox({2 * gap, top, right - 2 * gap, height});
+    bar_.text.setBox({inset, top, right - inset, height});
 }
 
 void SaveBarLayout::inTwoLines() {
     const Box strip = bar_.strip.box();
     const double line = 2 * gap + buttonHeight;
-    bar_.text.setBox({2 * gap, gap, strip.width - 4 * gap, buttonHeight});
-    double left = gap;
+    bar_.text.setBox({inset, gap, strip.width - 2 * inset, buttonHeight});
+    double left = inset;
     for (CommandButton* button : {&bar_.look, &bar_.insert, &bar_.ignore}) {
         button->setBox({left, line, buttonWidth, buttonHeight});
         left += buttonWidth + gap;
     }
-    bar_.previous.setBox({strip.width - 2 * (gap + stepWidth), line, stepWidth, buttonHeight});
-    bar_.next.setBox({strip.width - gap - stepWidth, line, stepWidth, buttonHeight});
+    const double right = strip.width - inset - stepWidth;
+    bar_.next.setBox({right, line, stepWidth, buttonHeight});
+    bar_.previous.setBox({right - stepWidth, line, stepWidth, buttonHeight});
 }
 
 } // namespace pelrath

@@ -163,7 +163,7 @@ TEST(ApplicationSettingsFile, HoldsNineKeys) {
     EXPECT_EQ(row(settings.mainTop, settings.extractionFolder), "0, ");
 }
 
-TEST(RecentArchivesFile, KeepsTheTenNewestInASectionOfItsOwn) {
+TEST(SettingsBesideTheKeys, AreInSectionsOfTheirOwnThatHoldTheTenNewestArchives) {
     const TemporaryFolder folder;
     ApplicationSettings settings;
     saveApplicationSettings(folder.file("Pelrath"), settings);
@@ -175,11 +175,13 @@ TEST(RecentArchivesFile, KeepsTheTenNewestInASectionOfItsOwn) {
     settings.recentArchives.add("/" + std::string(300, 'z'));
     const std::string kept = "[Recent]\n1=/" + std::string(300, 'z') +
                              "\n2=/5\n3=\"/\u05D0 b \"\n4=/8\n5=/7\n6=/6\n7=/4\n8=/3\n9=/2\n10=/1\n";
+    settings.remembered.insertion = "image create";
     saveApplicationSettings(folder.file("Pelrath"), settings);
-    EXPECT_EQ(folder.read("Pelrath.ini"), before + kept);
+    EXPECT_EQ(folder.read("Pelrath.ini"), before + kept + "[Remember]\nInsertion=image create\n");
     loadApplicationSettings(folder.file("Pelrath"), settings);
     EXPECT_EQ(row(settings.recentArchives.paths().size(), settings.recentArchives.paths().at(2)),
               "10, /\u05D0 b ");
+    EXPECT_EQ(settings.remembered.insertion, "image create");
     settings.recentArchives.clear();
     saveApplicationSettings(folder.file("Pelrath"), settings);
     loadApplicationSettings(folder.file("Pelrath"), settings);

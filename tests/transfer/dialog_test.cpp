@@ -124,6 +124,48 @@ TEST_F(Dialog, AsksForTheBazarTempFolderWhenItHasNone) {
     show(in, [&] { EXPECT_EQ(shown(), "false, "); });
 }
 
+TEST_F(Dialog, RemembersWhatItWasLastUsedWithWhenThatIsWanted) {
+    open({CddsType::TypeCdds, {chainOf("wall.bmp", "DXT1", 8, 8)}});
+    const Step remember = [](TransferControls& c) { c.chkRemember.setChecked(true); };
+    const Step forget = [](TransferControls& c) { c.chkRemember.setChecked(false); };
+    const auto shown = [this] {
+        const int kind = dialog.optOutFileType.selectedIndex(), operation = dialog.optMipmaps.selectedIndex();
+        return row(kind, operation, dialog.lstScaleFilter.selectedRow(), dialog.List1.checkedCount(),
+                   dialog.chkOverwriteExistingFiles.checked() || dialog.chkSaveCdds.checked(),
+                   dialog.chkLaunchEditor.checked() || dialog.chkDestination[ToBazarTemp].checked());
+    };
+    const std::string given = "1, 0, 2, 1, false, false", givenIn = "1, 1, 2, 4, true, false";
+    // The mode, what the settings hold before, what is done up to the last press, what they hold then, and
+    // how the next dialog begins: kind, operation, filter, number of marks, then overwriting or the safe
+    // copy, and the editor or the loose copy.
+    const std::tuple<DialogMode, const char*, Steps, std::string, std::string> cases[] = {
+        {out, "", {external, overwriting}, "", given},
+        {out, "", {external, overwriting, remember}, "dds external overwrite", "1, 2, 2, 4, true, false"},
+        {out, "", {images, launching, remember}, "image editor", "0, -1, 2, 1, false, true"},
+        {out, "dds embedded", {remember, single}, "dds single", given},
+        {out, "dds embedded", {forget}, "", given},
+        {out, "??? create bazar", {}, "dds single", given},
+        {in, "", {images, single, filter(7), remember}, "image single filter=7", "0, 0, 7, 1, true, false"},
+        {in,
+         "",
+         {withoutSafeCopy, intoBazarTemp, remember},
+         "dds embedded filter=2 no-copy bazar",
+         "1, 1, 2, 4, false, true"},
+        {in, "image external filter=9 bazar", {}, "image create filter=2", "0, 3, 2, 4, true, false"},
+        {in, "", {}, "", givenIn}};
+    for (const auto& [mode, before, steps, after, next] : cases) {
+        RememberedChoices& remembered = session.settings.remembered;
+        remembered = {mode == out ? before : "kept", mode == in ? before : "kept"};
+        (void)this->after(mode, steps);
+        EXPECT_EQ(row(remembered.extraction, remembered.insertion),
+                  mode == out ? after + ", kept" : "kept, " + after);
+        show(mode, [&, &after = after, &next = next] {
+            EXPECT_EQ(shown(), next) << after;
+            EXPECT_EQ(dialog.chkRemember.checked(), !after.empty());
+        });
+    }
+}
+
 TEST_F(Dialog, RefusesTypesThatItCannotHandle) {
     open({CddsType::TypeCdds, {chainOf("wall.bmp", "ATI2", 8, 8)}});
     for (const DialogMode mode : {out, in}) {
@@ -143,7 +185,7 @@ TEST_F(Dialog, NothingOverlapsAtAnySize) {
         for (const Control* control : std::initializer_list<const Control*>{
                  &dialog.Label1, &dialog.Text1, &dialog.FileFormat, &dialog.Mipmaps, &dialog.OptionsFrame,
                  &dialog.extractOptionsFrame, &dialog.destinationFrame, &dialog.lblWarningTgaInsert,
-                 &dialog.ExtractSummary, &dialog.cmdExtractInsert, &dialog.cmdQuit}) {
+                 &dialog.ExtractSummary, &dialog.cmdExtractInsert, &dialog.cmdQuit, &dialog.chkRemember}) {
             if (control->visible()) placed.push_back(control->box());
         }
         for (const Box& a : placed) {
