@@ -78,6 +78,7 @@ private:
         insertion();
         edit();
         safeCopies();
+        severalTextures();
         sizes();
         damagedArchive();
         user_.then([this] { program_->window.close(); });
@@ -329,6 +330,30 @@ private:
     void closeDialog() {
         user_.then([] { dialog<QDialog>()->findChild<QAbstractButton*>("cmdQuit")->click(); });
         user_.until("the end of the dialog", [] { return dialog<QDialog>() == nullptr; });
+    }
+    // One of the files is there already.
+    void severalTextures() {
+        user_.then([this] {
+            auto& box = widget<QLineEdit>("incrementalSearchText");
+            QTest::keyClick(&box, Qt::Key_B, Qt::ControlModifier);
+        });
+        user_.until("the window", [] { return inDialog<QLineEdit>("filter") != nullptr; });
+        user_.then([] { QTest::keyClicks(inDialog<QLineEdit>("filter"), "fx"); });
+        user_.then([] { inDialog<QAbstractButton>("all")->click(); });
+        plannedAs({"levels2"}, "several-textures");
+        choosing({"run"}, "several-textures-extracted");
+        user_.then([] { inDialog<QAbstractButton>("backToPlan")->click(); });
+        plannedAs({"direction1"}, "several-textures-to-be-inserted");
+        choosing({"run"}, "several-textures-inserted");
+        user_.then([] { inDialog<QAbstractButton>("close")->click(); });
+        user_.until("the end of the dialog", [] { return dialog<QDialog>() == nullptr; });
+    }
+    void plannedAs(std::initializer_list<const char*> clicks, const char* name) {
+        for (const char* button : clicks) {
+            user_.then([button] { inDialog<QAbstractButton>(button)->click(); });
+        }
+        user_.until("the plan", [] { return inDialog<QAbstractButton>("run")->isEnabled(); });
+        look(name);
     }
     void sizes() {
         press("viewPortSize0");

@@ -41,9 +41,10 @@ SeveralWindow::SeveralWindow(several::SeveralTextures& model, Binder& binder)
     setObjectName("SeveralTextures");
     auto* halves = new QHBoxLayout;
     halves->setSpacing(betweenHalves);
-    halves->addLayout(textures(), 1);
-    halves->addLayout(plan(), 1);
+    halves->addLayout(textures(), 4);
+    halves->addLayout(plan(), 5);
     auto* all = new QVBoxLayout{this};
+    all->setSizeConstraint(QLayout::SetMinimumSize); // of whatever font
     all->addLayout(halves, 1);
     all->addLayout(buttons());
     follow();
@@ -170,11 +171,10 @@ QBoxLayout* SeveralWindow::plan() {
     above->setStretchFactor(&summary, 1);
     half->addLayout(above);
     half->addWidget(&told, 1);
-    half->addLayout(progressRow());
     return half;
 }
 
-QBoxLayout* SeveralWindow::progressRow() {
+void SeveralWindow::addProgress(QBoxLayout& line) {
     ElidedLabel& text = make<ElidedLabel>("progressText");
     binder_.attach(model_.progressText, text,
                    [this, &text] { text.showText(toQString(model_.progressText.caption())); });
@@ -183,10 +183,8 @@ QBoxLayout* SeveralWindow::progressRow() {
         bar.setRange(0, static_cast<int>(model_.progress.total()));
         bar.setValue(static_cast<int>(model_.progress.done()));
     });
-    auto* line = row({&text, &bar});
-    line->setStretchFactor(&text, 1);
-    line->setStretchFactor(&bar, 1);
-    return line;
+    line.addWidget(&text, 2);
+    line.addWidget(&bar, 1);
 }
 
 QBoxLayout* SeveralWindow::buttons() {
@@ -197,7 +195,8 @@ QBoxLayout* SeveralWindow::buttons() {
     binder_.attach(model_.stop, *stop_, [this] { stop_->setText("&Stop"); });
     connect(stop_, &QPushButton::clicked, this, [this] { model_.stopRun(); }); // inside the run's reaction
     auto* line = new QHBoxLayout;
-    line->addStretch(1);
+    addProgress(*line);
+    line->addStretch();
     line->addWidget(run_);
     line->addWidget(stop_);
     line->addWidget(&button(model_.saveReport, "saveReport", 'S'));

@@ -31,7 +31,7 @@ private:
     QBoxLayout* textures();
     QBoxLayout* plan();
     QGridLayout* choices();
-    QBoxLayout* progressRow();
+    void addProgress(QBoxLayout& line);
     QBoxLayout* buttons();
     void follow();
 

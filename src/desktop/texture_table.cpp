@@ -16,7 +16,7 @@ namespace {
 constexpr int rowRoom = 4; // pixels
 constexpr std::array titles{"Name", "Size", "Type", "Levels"};
 // The widest that a column gets beside the names.
-constexpr std::array widest{"", "16384 x 16384", "DXT5___", "Levels___"};
+constexpr std::array widest{"", "16384 x 16384", "DXT5_", "Levels_"};
 
 } // namespace
 

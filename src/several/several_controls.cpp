@@ -4,6 +4,7 @@ namespace pelrath::several {
 
 SeveralControls::SeveralControls() {
     window.setCaption("Several Textures");
+    window.setSmallestSize(9000, 6000);
     rest.setEnabled(false);
     rest.setInterval(250);
 

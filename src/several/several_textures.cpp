@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <utility>
 
 namespace pelrath::several {
 
@@ -172,11 +173,11 @@ void SeveralTextures::askForPlan() {
     auto made = std::make_shared<PlanAnswer>();
     services_.inBackground([made, question, session = plannedFor_] { *made = answer(*session, question); },
                            [this, made, wish, asked = ++asked_] {
-                               if (asked == asked_) take(wish, *made);
+                               if (asked == asked_) take(wish, std::move(*made));
                            });
 }
 
-void SeveralTextures::take(const Wish& wish, const PlanAnswer& answer) {
+void SeveralTextures::take(const Wish& wish, PlanAnswer answer) {
     if (answer.folderPlan) {
         folderPlan_ = answer.folderPlan;
         found_ = wish;
@@ -185,8 +186,8 @@ void SeveralTextures::take(const Wish& wish, const PlanAnswer& answer) {
         const ScopedFlag finding{finding_};
         textures.check(*answer.found);
     }
-    planned_ = {wish, answer.plan, false, services_.workerExecutable};
-    told.setLines(answer.lines);
+    planned_ = {wish, std::move(answer.plan), false, services_.workerExecutable};
+    told.setLines(std::move(answer.lines));
     summary.setCaption(answer.summary);
     run.setEnabled(answer.workable);
 }

@@ -66,7 +66,7 @@ private:
     void choicesChanged();
     void switchMarks();
     void askForPlan();
-    void take(const Wish& wish, const PlanAnswer& answer);
+    void take(const Wish& wish, PlanAnswer answer);
 
     void runPlan();
     /// An interrupted insertion has been completed, and what needs the user's consent has it.
