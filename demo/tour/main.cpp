@@ -338,15 +338,21 @@ private:
             QTest::keyClick(&box, Qt::Key_B, Qt::ControlModifier);
         });
         user_.until("the window", [] { return inDialog<QLineEdit>("filter") != nullptr; });
+        look("several-textures-to-be-chosen");
         user_.then([] { QTest::keyClicks(inDialog<QLineEdit>("filter"), "fx"); });
         user_.then([] { inDialog<QAbstractButton>("all")->click(); });
         plannedAs({"levels2"}, "several-textures");
-        choosing({"run"}, "several-textures-extracted");
+        carriedOut("several-textures-extracted");
         user_.then([] { inDialog<QAbstractButton>("backToPlan")->click(); });
         plannedAs({"direction1"}, "several-textures-to-be-inserted");
-        choosing({"run"}, "several-textures-inserted");
+        carriedOut("several-textures-inserted");
         user_.then([] { inDialog<QAbstractButton>("close")->click(); });
         user_.until("the end of the dialog", [] { return dialog<QDialog>() == nullptr; });
+    }
+    void carriedOut(const char* name) {
+        user_.then([] { inDialog<QAbstractButton>("run")->click(); });
+        user_.until("the report", [] { return inDialog<QAbstractButton>("saveReport")->isVisible(); });
+        look(name);
     }
     void plannedAs(std::initializer_list<const char*> clicks, const char* name) {
         for (const char* button : clicks) {
