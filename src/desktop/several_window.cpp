@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -78,19 +79,19 @@ QCheckBox& SeveralWindow::check(CheckBox& model, const QString& name, QChar mnem
 
 QBoxLayout* SeveralWindow::textures() {
     QLabel& caption = label(model_.filterLabel, "filterLabel", 'F');
-    QLineEdit& filter = box(model_.filter, "filter");
-    filter.setPlaceholderText("part of a name; * and ? stand for others");
-    filter.setClearButtonEnabled(true);
-    caption.setBuddy(&filter);
-    TextureTable& table = make<TextureTable>("textures");
-    table.bindTo(model_.textures, binder_);
+    filter_ = &box(model_.filter, "filter");
+    filter_->setPlaceholderText("part of a name; * and ? stand for others");
+    filter_->setClearButtonEnabled(true);
+    caption.setBuddy(filter_);
+    table_ = &make<TextureTable>("textures");
+    table_->bindTo(model_.textures, binder_);
     QHBoxLayout* below = row({&label(model_.marks, "marks")});
     below->addStretch(1);
     below->addWidget(&button(model_.all, "all", 'A'));
     below->addWidget(&button(model_.none, "none", 'N'));
     auto* half = new QVBoxLayout;
-    half->addLayout(row({&caption, &filter}));
-    half->addWidget(&table, 1);
+    half->addLayout(row({&caption, filter_}));
+    half->addWidget(table_, 1);
     half->addLayout(below);
     return half;
 }
@@ -188,8 +189,8 @@ void SeveralWindow::addProgress(QBoxLayout& line) {
 }
 
 QBoxLayout* SeveralWindow::buttons() {
-    run_ = &button(model_.run, "run", 't');
-    run_->setDefault(true);
+    QPushButton& run = button(model_.run, "run", 't');
+    run.setDefault(true);
     stop_ = &make<QPushButton>("stop");
     stop_->setAutoDefault(false);
     binder_.attach(model_.stop, *stop_, [this] { stop_->setText("&Stop"); });
@@ -197,7 +198,7 @@ QBoxLayout* SeveralWindow::buttons() {
     auto* line = new QHBoxLayout;
     addProgress(*line);
     line->addStretch();
-    line->addWidget(run_);
+    line->addWidget(&run);
     line->addWidget(stop_);
     line->addWidget(&button(model_.saveReport, "saveReport", 'S'));
     line->addWidget(&button(model_.backToPlan, "backToPlan", 'k'));
@@ -229,9 +230,15 @@ void SeveralWindow::reject() {
     ModelDialog::reject();
 }
 
-void SeveralWindow::showEvent(QShowEvent* event) {
-    ModelDialog::showEvent(event);
-    findChild<QLineEdit*>("filter")->setFocus();
+// The action would come as a surprise there.
+void SeveralWindow::keyPressEvent(QKeyEvent* event) {
+    const bool leads =
+        event->key() == Qt::Key_Down || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (leads && filter_->hasFocus()) {
+        table_->setFocus(Qt::TabFocusReason);
+    } else {
+        ModelDialog::keyPressEvent(event);
+    }
 }
 
 } // namespace pelrath::desktop

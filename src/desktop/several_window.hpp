@@ -14,6 +14,8 @@ class QPushButton;
 
 namespace pelrath::desktop {
 
+class TextureTable;
+
 /// The real window for several textures. Object names are the controls' names, an index appended where there
 /// are several.
 class SeveralWindow : public ModelDialog {
@@ -25,7 +27,8 @@ public:
     void reject() override;
 
 protected:
-    void showEvent(QShowEvent* event) override;
+    /// From the filter, Enter and Down lead to the textures.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     QBoxLayout* textures();
@@ -48,7 +51,8 @@ private:
 
     several::SeveralTextures& model_;
     Binder& binder_;
-    QPushButton* run_ = nullptr;
+    QLineEdit* filter_ = nullptr;
+    TextureTable* table_ = nullptr;
     QPushButton* stop_ = nullptr;
     std::optional<Gate::Stoppable> stoppable_;
     Connections connections_;

@@ -548,7 +548,7 @@ TEST_F(RealWindow, SeveralTexturesAreExtractedAndARunIsStoppedByTheUserAndByTheE
         QTest::keyClicks(QApplication::focusWidget(), "ab");
         auto& table = in<QTreeView>("textures");
         EXPECT_EQ(table.model()->rowCount(), 2);
-        press(*QApplication::focusWidget(), Qt::Key_Tab);
+        press(*QApplication::focusWidget(), Qt::Key_Return);
         EXPECT_TRUE(table.hasFocus());
         QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
         press(table, Qt::Key_Space);
