@@ -258,9 +258,13 @@ TEST(SeveralTexturesWindow, RemembersItsChoicesWhereThatIsWanted) {
                       wanted ? "1, 1, true, 7, false, true, true" : "0, 0, false, 2, true, false, false");
         });
     }
-    (void)h.folder.write("s.ini", "[Several]\nRemember=1\nLevels=3\nFilter=-1\n");
-    loadApplicationSettings(h.folder.file("s"), h.session.settings);
-    EXPECT_EQ(row(h.session.settings.several.levels, h.session.settings.several.filter), "0, 2");
+    for (const auto& [by, levels, overwrite] : {std::tuple{"1\nLevels=3\nOverwrite=1", 0, true},
+                                                std::tuple{"0\nLevels=2\nOverwrite=1", 0, false}}) {
+        (void)h.folder.write("s.ini", std::string{"[Several]\nRemember="} + by + "\n");
+        loadApplicationSettings(h.folder.file("s"), h.session.settings);
+        const SeveralChoices& kept = h.session.settings.several;
+        EXPECT_EQ(row(kept.levels, kept.overwrite), row(levels, overwrite)) << by;
+    }
 }
 
 } // namespace
