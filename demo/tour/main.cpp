@@ -271,6 +271,7 @@ private:
         look("insertion");
         chooseFolder("chkDestination1", "Simulator/textures/Bazar Temp", "bazar-temp-folder");
         choosing({"optOutFileType0"}, "insertion-of-an-image");
+        check();
         chooseFolder("cmdExtractInsert", "Safe copies", "safe-copy-folder");
         look("image-inserted");
         closeDialog();
@@ -280,6 +281,26 @@ private:
         user_.then(
             [this] { QTest::keyRelease(&widget<desktop::ViewportWidget>("viewport"), Qt::Key_Space); });
         keys({Qt::Key_D}, "difference");
+    }
+    void check() {
+        user_.then([] { inDialog<QPushButton>("cmdCheck")->click(); });
+        user_.until("the window", [] { return inDialog<QWidget>("pictures") != nullptr; });
+        user_.then([] {
+            auto& pictures = *inDialog<QWidget>("pictures");
+            const QPointF place{150, 120};
+            QMouseEvent pointing{QEvent::MouseMove, place, pictures.mapToGlobal(place), {}, {}, {}};
+            QApplication::sendEvent(&pictures, &pointing);
+        });
+        look("check");
+        user_.then([] { QTest::keyClicks(inDialog<QWidget>("pictures"), "+++"); });
+        look("check-closer");
+        user_.then([] {
+            QTest::keyClick(inDialog<QWidget>("pictures"), Qt::Key_Home);
+            QTest::keyClick(inDialog<QWidget>("pictures"), Qt::Key_PageDown);
+        });
+        look("check-of-level-1");
+        user_.then([] { inDialog<QPushButton>("cmdClose")->click(); });
+        user_.until("the texture's dialog", [] { return inDialog<QPushButton>("cmdQuit") != nullptr; });
     }
     void safeCopies() {
         user_.then([this] { QTest::keyClick(&program_->window, Qt::Key_K, Qt::ControlModifier); });

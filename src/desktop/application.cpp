@@ -26,7 +26,9 @@ Application::Application()
                   [this](const std::string& why) { boxes.exclamation(why, "Pelrath - File manager"); }),
       textMenus(refresh, fileManager), recentMenu(window, main, session.settings.recentArchives, refresh),
       copies(session, copiesServices()), copiesWindow(copies, binder), several(session, severalServices()),
-      laidOut(refresh, screen, Places::OfLayout), severalWindow(several, laidOut) {
+      laidOut(refresh, screen, Places::OfLayout), severalWindow(several, laidOut),
+      inspection(session, main.transfer, {busy, [this] { return refresh.gate().isStopWished(); }}),
+      inspectionWindow(inspection, binder) {
     QApplication::setStyle(new WholeFrames);           // the application owns it
     QApplication::setLayoutDirection(Qt::LeftToRight); // places are fixed, and so are the texts in them
     QApplication::setWindowIcon(programIcon());        // of message boxes before the first window, too
@@ -39,6 +41,7 @@ Application::Application()
     windows.add(main.frmGetCDDSBackupFolder.window, cddsBackupFolder);
     windows.add(copies.window, copiesWindow);
     windows.add(several.window, severalWindow);
+    windows.add(inspection.window, inspectionWindow);
     windows.returned = [this] {
         if (window.isVisible()) window.activate();
     };

@@ -4,6 +4,7 @@
 #include "desktop/file_manager.hpp"
 #include "desktop/folder_choice_dialog.hpp"
 #include "desktop/guide_window.hpp"
+#include "desktop/inspection_window.hpp"
 #include "desktop/main_window.hpp"
 #include "desktop/mnemonics.hpp"
 #include "desktop/qt_background_work.hpp"
@@ -70,6 +71,8 @@ public:
     several::SeveralTextures several;
     Binder laidOut; // by layouts
     SeveralWindow severalWindow;
+    inspection::Inspection inspection;
+    InspectionWindow inspectionWindow;
 
 private:
     [[nodiscard]] several::SeveralServices severalServices();

@@ -122,6 +122,10 @@ void TransferDialog::buildBelow() {
     quit.setAutoDefault(false);
     binder_.bind(model_.cmdQuit, quit, 'Q');
     binder_.bind(model_.chkRemember, make<QCheckBox>("chkRemember", *this), 'R');
+    QPushButton& check = make<QPushButton>("cmdCheck", *this);
+    check.setAutoDefault(false);
+    check.setToolTip("Look at what would be inserted; nothing is written");
+    binder_.bind(model_.cmdCheck, check, 'h');
 }
 
 void TransferDialog::showEvent(QShowEvent* event) {

@@ -78,6 +78,7 @@ void SetUp::showParts(bool insertion) {
     c_.optMipmaps[Create].setVisible(insertion);
     c_.lblFilter.setVisible(insertion);
     c_.lstScaleFilter.setVisible(insertion);
+    c_.cmdCheck.setVisible(insertion);
 }
 
 void SetUp::forTexture() {

@@ -42,6 +42,11 @@ void TextureExtractionInsertion::show(const Window& owner, std::optional<Transfe
     windows_.showModal(window);
 }
 
+void TextureExtractionInsertion::showOver(Window& other) {
+    state_.folderDialogShown = true;
+    windows_.showModal(other);
+}
+
 void TextureExtractionInsertion::Form_Activate() {
     if (state_.folderDialogShown) return;
     setUp();

@@ -15,6 +15,7 @@
 #include "transfer/file_kind_rules.hpp"
 #include "transfer/image_insertion.hpp"
 #include "transfer/image_library_use.hpp"
+#include "transfer/insertion_choice.hpp"
 #include "transfer/insertion_recovery.hpp"
 #include "transfer/read_only_archive.hpp"
 #include "transfer/remembering.hpp"
@@ -68,6 +69,11 @@ public:
 
     ExtractionNotices extracted;
     Signal<const Insertion&> inserted; ///< by the dialog or unseen
+
+    /// What an insertion would take as the controls are.
+    [[nodiscard]] InsertionChoice choice() const { return choiceOf(*this, state_); }
+    /// Shows another window over the dialog, whose choices stay as they are.
+    void showOver(Window& other);
 
 private:
     void Form_Activate();

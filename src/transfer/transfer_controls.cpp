@@ -42,6 +42,8 @@ TransferControls::TransferControls() {
 
     cmdQuit.setCaption("Quit");
     chkRemember.setCaption("Remember");
+    cmdCheck.setCaption("Check...");
+    cmdCheck.setVisible(false);
     ExtractSummary.setAccessibleName("Summary");
     for (TextBox* shown : {&Text1, &txtCDDSBackupFolder, &txtbazarTempFolder, &ExtractSummary}) {
         shown->setLocked(true);

@@ -31,7 +31,7 @@ struct TransferState {
     MipmapOperation mipmapOperation = Single;
     ImageFileKind imageFileKind = ImageFileKind::Bmp;
     bool safeCopyDone = false;      ///< during the current operation
-    bool folderDialogShown = false; ///< a folder dialog was opened: its close sets nothing up again
+    bool folderDialogShown = false; ///< a dialog was opened over it: its close sets nothing up again
 };
 
 /// The controls of the window TextureExtractionInsertion, in their design state after construction. Their
@@ -77,6 +77,7 @@ struct TransferControls {
 
     CommandButton cmdExtractInsert; // the action
     CommandButton cmdQuit;          // closes the dialog
+    CommandButton cmdCheck;         // of an insertion: looks at what it would do
     TextBox ExtractSummary;         // what was done
     CheckBox chkRemember;           // the choices are kept for the next time
 };

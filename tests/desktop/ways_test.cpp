@@ -39,5 +39,45 @@ TEST_F(Ways, BackToASafeCopyByKeyboardAlone) {
     run();
 }
 
+TEST_F(Ways, ALookBeforeWriting) {
+    (void)folder.write("first-64x32.dds", ddsFile("DXT1", 64, 32, plainBlocks(64, 32, 0x001F)));
+    const std::string before = folder.read("demo.cdds");
+    // In the first, second or third picture, from its top left corner.
+    const auto pixelIn = [](int panel, int x) {
+        auto& pictures = in<QWidget>("pictures");
+        return pictures.grab().toImage().pixelColor(panel * pictures.width() / 3 + 6 + x, 20);
+    };
+    openArchive();
+    user.then([this] {
+        widget<QLineEdit>("Text8").setText(QString::fromStdString(folder.path()));
+        widget<QPushButton>("cmdInsert").click();
+    });
+    untilDialog<desktop::TransferDialog>().then([] {
+        in<QRadioButton>("optMipmaps0").click();
+        QTest::keyClick(dialog<QWidget>(), Qt::Key_H, Qt::AltModifier);
+    });
+    untilDialog<desktop::InspectionWindow>().then([this, pixelIn, before] {
+        auto& pictures = in<QWidget>("pictures");
+        const QColor ground = pictures.palette().color(QPalette::Base);
+        EXPECT_TRUE(in<QPlainTextEdit>("txtFindings").toPlainText().startsWith("Well: "));
+        EXPECT_EQ(pixelIn(0, 50), QColor(255, 0, 0));
+        EXPECT_EQ(pixelIn(1, 50), QColor(0, 0, 255));
+        EXPECT_EQ(pixelIn(2, 50), QColor(255, 0, 255));
+        EXPECT_EQ(pixelIn(1, 100), ground);
+        QTest::keyClick(&pictures, '+');
+        QTest::keyClick(&pictures, '+');
+        EXPECT_EQ(pixelIn(1, 100), QColor(0, 0, 255)); // twice as large
+        EXPECT_TRUE(in<QPlainTextEdit>("txtStrip").toPlainText().contains("2:1"));
+        EXPECT_TRUE(folder.read("demo.cdds") == before);
+        press(pictures, Qt::Key_Escape);
+    });
+    untilDialog<desktop::TransferDialog>().then([] {
+        EXPECT_TRUE(in<QRadioButton>("optMipmaps0").isChecked());
+        press(*dialog<QWidget>(), Qt::Key_Escape);
+    });
+    untilClosed();
+    run();
+}
+
 } // namespace
 } // namespace pelrath::test
