@@ -29,7 +29,10 @@ constexpr std::array dialogCommands{"cmdExtractInsert", "cmdExtractInsert", "cmd
                                     "optOutFileType0",  "optOutFileType1",  "optMipmaps0",
                                     "optMipmaps1",      "optMipmaps2",      "optMipmaps3",
                                     "chkDestination0",  "chkDestination1",  "chkSaveCdds",
-                                    "chkLaunchEditor",  "cmdQuit",          "chkOverwriteExistingFiles"};
+                                    "chkLaunchEditor",  "cmdQuit",          "chkOverwriteExistingFiles",
+                                    "cmdCheck"};
+constexpr std::array copiesCommands{"cmdRestore", "cmdRestore", "cmdNone",  "cmdAll",
+                                    "cmdStop",    "cmdClose",   "cmdFolder"};
 
 class Player : public QObject {
 public:
@@ -230,6 +233,10 @@ private:
         } else if (window.objectName() == "TextureExtractionInsertion") {
             if (dice.onceIn(4)) return choose(*find<QListView>(window, "List1"), dice);
             command(*find<QAbstractButton>(window, dice.oneOf(dialogCommands)));
+        } else if (window.objectName() == "SafeCopies") {
+            command(*find<QAbstractButton>(window, dice.oneOf(copiesCommands)));
+        } else if (window.objectName() == "Inspection") {
+            command(*find<QAbstractButton>(window, "cmdClose"));
         } else if (&window == &program_.window) {
             useMain(dice);
         }
@@ -240,6 +247,8 @@ private:
             choose(*find<QListView>(program_.window, kind == 0 ? "incrementalSearchList" : "Output0"), dice);
         } else if (kind == 3) {
             type(*find<QLineEdit>(program_.window, "Text8"), world_.someFolder(dice));
+        } else if (kind == 5 && dice.onceIn(4)) {
+            program_.window.safeCopies();
         } else if (kind == 4) {
             constexpr std::array words{"tw", "TWIN", "wall", "other", "more2999", "x", ""};
             type(*find<QLineEdit>(program_.window, "incrementalSearchText"), dice.oneOf(words));

@@ -18,7 +18,7 @@ constexpr double stripHeight = 540; // two lines
 
 constexpr double startWidth = 15000;
 constexpr double startHeight = 9900;
-constexpr double leastWidth = 9000;
+constexpr double leastWidth = 12000; // the strip is seen whole
 constexpr double leastHeight = 6900;
 
 } // namespace
