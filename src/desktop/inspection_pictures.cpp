@@ -60,13 +60,15 @@ void InspectionPictures::takePictures() {
 const QImage& InspectionPictures::pictureFor(std::size_t panel, double scale) {
     Halves& halves = pictures_.at(panel);
     std::size_t index = 0;
-    for (; scale <= 0.5; scale *= 2, ++index) {
+    while (scale <= 0.5) {
         const QImage& last = halves.at(index);
         if (last.width() == 1 && last.height() == 1) break;
         if (index + 1 == halves.size()) {
             halves.push_back(last.scaled(std::max(last.width() / 2, 1), std::max(last.height() / 2, 1),
                                          Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
         }
+        scale *= 2;
+        ++index;
     }
     return halves.at(index);
 }
