@@ -107,9 +107,11 @@ private:
 
     // Whatever is on the screen once it has come to rest.
     void look(const char* name) {
-        auto turns = std::make_shared<int>(0);
-        user_.until("a moment's rest", [turns] { return ++*turns > restingTurns; });
+        rest();
         user_.then([this, name] { photograph(name); });
+    }
+    void rest() {
+        user_.until("a moment's rest", [turns = 0]() mutable { return ++turns > restingTurns; });
     }
     void photograph(const char* name) {
         const QString number = QString{"%1"}.arg(++taken_, 2, 10, QChar{'0'});
@@ -327,8 +329,8 @@ private:
         user_.then([this] {
             const QString picture = folder_ + "/textures/fx_smoke_white-256x256.tga";
             QTest::keyClick(&widget<desktop::ViewportWidget>("viewport"), 'd'); // the texture itself again
-            QProcess::execute("convert", {picture, "-channel", "RGB", "-fill", "steelblue",
-                                          "-tint", "90", picture});
+            QProcess::execute("convert",
+                              {picture, "-channel", "RGB", "-fill", "steelblue", "-tint", "90", picture});
         });
         untilBar("saved");
         look("saved-in-the-editor");
@@ -440,6 +442,7 @@ private:
         user_.then([] { dialog<QMessageBox>()->accept(); });
         user_.then([] { inDialog<QPushButton>("cmdGetExtractInsertFolder")->click(); });
         user_.until("the folder picker", [] { return pickedPath() != nullptr; });
+        rest(); // what is typed before it can be seen does not count
         typeFolder(folder_ + '/' + folder);
         user_.then([] { QTest::keyClick(pickedPath(), Qt::Key_Return); });
         user_.until("the end of the picker", [] { return inDialog<QPushButton>("cmdOK") != nullptr; });
