@@ -45,6 +45,12 @@ inline Step filter(int index) {
     return [=](TransferControls& dialog) { dialog.lstScaleFilter.select(index); };
 }
 
+/// Lines of an insertion's summary.
+inline const std::string noCopy = "No Safe Copy of a.cdds done|";
+inline std::string copyLine(int number) {
+    return "Safe copy done as copies/a-" + std::to_string(number) + ".cdds|";
+}
+
 /// The dialog over an open archive, and the user in front of it. The archive is a.cdds in the folder; images
 /// are in its folder "out", safe copies in "copies", loose files in "bazar", and the program's own in
 /// "program".
