@@ -113,7 +113,9 @@ TEST(CopyOfAFile, ShowsItsProgressByTimeOnASlowDisk) {
     const std::string file = folder.write("a", "start");
     fs::resize_file(file, size);
     int waits = 0;
+    std::uint64_t asked = 0;
     const Answering slow{Call::FlushPart, [&](std::uint64_t bytes) {
+                             asked += bytes;
                              if (++waits % 2 == 0) // of two calls each
                                  std::this_thread::sleep_for(std::chrono::nanoseconds{bytes * 100});
                              return 0;
@@ -128,6 +130,7 @@ TEST(CopyOfAFile, ShowsItsProgressByTimeOnASlowDisk) {
     ASSERT_TRUE(copy.takeName(folder.file("b")));
     EXPECT_GE(seen.size(), 6U); // ten a second, or more on a busy machine
     EXPECT_TRUE(seen.front() == 0 && seen.back() == size && std::ranges::is_sorted(seen));
+    EXPECT_GT(asked, size) << "what was begun is waited for";
     EXPECT_TRUE(folder.read("b") == folder.read("a"));
 }
 
@@ -143,6 +146,7 @@ TEST(ReadOnlyFiles, AreToldFromThoseThatNobodyHereCanWrite) {
         {0400, {{Call::OpenToWrite, EACCES}}, ""}, // the attribute can be taken away
         {0600, {{Call::OpenToWrite, ETXTBSY}}, ""},
         {0400, {{Call::OpenToWrite, EROFS}}, " is on a file system that can only be read"},
+        {0400, {{Call::OpenToWrite, EACCES}, {Call::AskPlace, EROFS}}, " is on a file system that can only"},
         {0400, {{Call::OpenToWrite, EPERM}}, " is marked"},
         {0604, {{Call::OpenToWrite, EACCES}, {Call::OpenAsOwner, EPERM}}, " belongs to another user"},
         {0600, {{Call::OpenToWrite, EACCES}}, " may not be written by rules"}};

@@ -4,10 +4,12 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
+#include <string>
 #include <utility>
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -18,10 +20,12 @@ std::array<Answering::Answer, static_cast<std::size_t>(Call::Count)> answers;
 
 Answering::Answer& answerTo(Call call) { return answers[static_cast<std::size_t>(call)]; }
 
+int answersTo(Call call, std::uint64_t bytes = 0) { return answerTo(call) ? answerTo(call)(bytes) : 0; }
+
 /// What the call answers; the system where nobody here does.
 template <class... Arguments>
 long ask(Call call, std::uint64_t bytes, long number, Arguments... arguments) {
-    const int error = answerTo(call) ? answerTo(call)(bytes) : 0;
+    const int error = answersTo(call, bytes);
     if (error == 0) return syscall(number, arguments...);
     errno = error;
     return -1;
@@ -36,6 +40,7 @@ Answering::~Answering() { answerTo(call_) = before_; }
 
 } // namespace pelrath::test
 
+using pelrath::test::answersTo;
 using pelrath::test::ask;
 using pelrath::test::Call;
 
@@ -93,6 +98,15 @@ int fsync(int file) { return static_cast<int>(ask(Call::Flush, 0, SYS_fsync, fil
 int flock(int file, int operation) noexcept {
     return static_cast<int>(ask(Call::Lock, 0, SYS_flock, file, operation));
 }
+
+int fstatvfs(int file, struct statvfs* place) noexcept {
+    const std::string itself = "/proc/self/fd/" + std::to_string(file);
+    const int result = ::statvfs(itself.c_str(), place);
+    if (answersTo(Call::AskPlace) != 0) place->f_flag |= ST_RDONLY;
+    return result;
+}
+
+uid_t geteuid() noexcept { return static_cast<uid_t>(syscall(SYS_geteuid) + answersTo(Call::User)); }
 
 ssize_t copy_file_range(int in, off_t* from, int out, off_t* to, size_t length, unsigned flags) {
     return ask(Call::Copy, length, SYS_copy_file_range, in, from, out, to, length, flags);

@@ -18,6 +18,8 @@ enum class Call {
     Lock,         ///< flock
     Copy,         ///< copy_file_range
     FlushPart,    ///< sync_file_range
+    AskPlace,     ///< fstatvfs, which then tells of a file system that can only be read
+    User,         ///< geteuid, which then tells of another user
     Count
 };
 
