@@ -57,6 +57,9 @@ TEST_F(ProfileFiles, WritingLeavesEverythingElse) {
     EXPECT_EQ(file(), "\xEF\xBB\xBF; mine \xE9\r\n[Setup]\r\nFIRST=two words\r\n; note\r\n"
                       "added=\"'\u00E9'\"\r\n\r\n[Last]\r\nend=\xFF\x80");
     EXPECT_EQ(folder.list(), "a.ini");
+    std::filesystem::create_hard_link(folder.file("a.ini"), folder.file("same"));
+    setting.SaveSettingStr("Setup", "FIRST", "two words");
+    EXPECT_TRUE(std::filesystem::equivalent(folder.file("a.ini"), folder.file("same"))) << "nothing is new";
 }
 
 TEST_F(ProfileFiles, AFailedWriteIsSilentAndLeavesTheFileWhole) {
