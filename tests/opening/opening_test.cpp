@@ -10,6 +10,8 @@ using Words = std::vector<std::string>;
 TEST(CommandLineTest, NamesOneArchiveOrIsToldWhatItIs) {
     const TemporaryFolder folder;
     const std::string path = folder.write("a b.cdds", ""), odd = folder.write("caf\xE9.cdds", "");
+    folder.makeFolder("x:");
+    const std::string colon = folder.write("x://y.cdds", "");
     const std::string uri = "file://" + folder.path() + "/a%20b.cdds";
     // What is said, and the words that say it, and the begin of the answer: 0 runs, 1 prints, 2 refuses.
     const std::tuple<const char*, Words, std::string> cases[] = {
@@ -23,6 +25,8 @@ TEST(CommandLineTest, NamesOneArchiveOrIsToldWhatItIs) {
         {"the version", {"--version"}, "1, , Pelrath 1.0-1\n"},
         {"an option there is none of", {"--folder", path}, "2, , No such option: --folder. See "},
         {"a file that is named like an option", {"--", "--help"}, "2, , No such file: "},
+        {"one that is named as what ends them", {"--", "--"}, "2, , No such file: --"},
+        {"a file below a folder that ends in a colon", {colon}, "0, " + colon + ", "},
         {"two archives", {path, "b\n\xFF"}, "2, , One archive too many: b\uFFFD\uFFFD. Please start"},
         {"no file", {path + "x"}, "2, , No such file: " + path + "x"},
         {"an empty word", {""}, "2, , No such file: "},
