@@ -73,7 +73,10 @@ TEST_F(Loading, DoesNotBelieveACallThatLeavesACode) {
         pendingCode = 1285, imageLibrary().ilGenImages(count, made);
     };
     expectCode("1285 -> IL_INVALID_VALUE ");
-    const ReadingFromMemory other{{}}; // there is one file in memory
+    const std::string farOff = bytesOf("424D 8*00 d2000000000 d40 d4 d4 w1 w24 d0 12*00 d0 d0");
+    const ReadingFromMemory other{std::as_bytes(std::span{farOff})}; // there is one file in memory
+    EXPECT_EQ(imageLibrary().ilLoad(0x0420, "a.bmp"), 0) << "its pixels are not in it";
+    EXPECT_EQ(images.readErrorCode(), 1298);
     EXPECT_EQ(failureOf([&] { facade.loadImage(good, image); }).number(), 5);
 }
 

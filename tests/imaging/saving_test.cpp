@@ -1,3 +1,4 @@
+#include "imaging/chain_encoder.hpp"
 #include "imaging/level_encoder.hpp"
 #include "imaging/memory_files.hpp"
 #include "library_fixture.hpp"
@@ -149,6 +150,28 @@ TEST(LevelEncoder, KeepsAKnownCodingUnlessAnotherComesNearer) {
         }
     }
     EXPECT_GT(*std::ranges::min_element(ties), 2);
+}
+
+TEST(LevelEncoder, LeavesNoOtherTexelsClearAndNoColourOut) {
+    // The texels of a picture four wide, and a coding that is known of it.
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"a known coding hides a texel", "RRRR RRRR RRRR RRRR", "00F800F8 03000000"},
+        {"a known coding shows a clear one", ".RRR RRRR RRRR RRRR", "00F800F8 00000000"},
+        {"four colours in a block that is cut", "KdlW WldK", ""}};
+    for (const auto& [what, letters, coding] : cases) {
+        const std::string wanted = pixels(letters), known = bytesOf(coding);
+        std::string texels = wanted, block(8, '\0');
+        const auto height = static_cast<std::uint32_t>(wanted.size() / 16);
+        const Pixels level{
+            {4, height}, 0, 4, true, {reinterpret_cast<std::uint8_t*>(texels.data()), texels.size()}};
+        encodeChain(BlockFormat::Dxt1, {&level, 1}, std::as_bytes(std::span{known}),
+                    std::as_writable_bytes(std::span{block}));
+        decodeLevel(BlockFormat::Dxt1, std::as_bytes(std::span{block}), 4, height,
+                    std::as_writable_bytes(std::span{texels}));
+        EXPECT_TRUE(texels == wanted) << what;
+        std::array<std::byte, 16> tooLong{};
+        EXPECT_EQ(failureOf([&] { encodeChain(BlockFormat::Dxt1, {&level, 1}, {}, tooLong); }).number(), 5);
+    }
 }
 
 TEST_F(Saving, TracesItsSteps) {
