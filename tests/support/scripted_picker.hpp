@@ -15,6 +15,7 @@ public:
         asked = request;
         ++shown;
         listener_ = &listener;
+        if (early) early();
         listener.initialized(*this);
         return user ? user() : Choice{};
     }
@@ -26,6 +27,7 @@ public:
     int shown = 0;
     Log told;
     std::function<Choice()> user;
+    std::function<void()> early; ///< before the dialog is known
 
 private:
     void setStatusText(const std::string& text) override { told.add("status[" + text + "]"); }
