@@ -232,9 +232,9 @@ TEST_F(LifeCycleTest, TheCloseCleansUp) {
     EXPECT_EQ(atTheEnd, "Pelrath.ini tmp2.dds");
     main.queryUnload();
     main.activate();
-    EXPECT_EQ(
-        row(stored().extractionFolder, stored().viewPortColor, surface.record.alive, surface.record.created),
-        "/in/use, 4, 0, 1");
+    EXPECT_EQ(row(stored().extractionFolder, stored().viewPortColor, surface.record.alive,
+                  surface.record.created, main.Timer1.running()),
+              "/in/use, 4, 0, 1, false");
 }
 
 TEST_F(LifeCycleTest, SettingsThatCannotBeSavedAreTold) {

@@ -99,6 +99,7 @@ TEST_F(Picture, ThatCannotBeDrawnEndsTheLoopAndLeavesItsFlag) {
         const ShownBox last = boxes.take().back();
         EXPECT_EQ(row(last.title, last.text, session.viewer.Running),
                   row("Render Error", "Error:" + text + " \r\nDLL error: 0", true));
+        main.Timer1.tick.emit(); // which starts no other one
     };
     const ShownBox noDevice{"An error occurred while creating Direct3D.", "ERROR!"};
     surface.record.creationFails = true;
