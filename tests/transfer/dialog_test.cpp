@@ -23,7 +23,7 @@ TEST_F(Dialog, TakesTheLongestChain) {
 }
 
 TEST_F(Dialog, ShowsTheTextureAndWhatTheModeNeeds) {
-    open({CddsType::TypeCdds, {{"caf\xE9.tga", "DXT5", {{256, 128, "x"}, {12345678, 1, "x"}}}}});
+    open({CddsType::TypeCdds, {{"caf\xE9.tga", "DXT5", {{256, 128, "x"}, {12345678, 123456, "x"}}}}});
     session.settings.bazarTempFolder = "/bazar";
     session.settings.cddsBackupFolder = "/safe";
     const std::tuple<DialogMode, const char*, bool> cases[] = {
@@ -41,7 +41,7 @@ TEST_F(Dialog, ShowsTheTextureAndWhatTheModeNeeds) {
             EXPECT_EQ(row(dialog.extractOptionsFrame.visible(), dialog.chkLaunchEditor.visible()),
                       row(!insertion, !insertion));
             EXPECT_EQ(row(dialog.Text1.text(), dialog.List1.line(0), dialog.List1.line(1)),
-                      "caf\u00E9.tga,     256 x    128 , 12345678 x      1 ");
+                      "caf\u00E9.tga,     256 x    128 , 12345678 x 123456 ");
             EXPECT_FALSE(dialog.chkOverwriteExistingFiles.checked() && !insertion);
             act({overwriting, launching});
             const Box& box = dialog.window.box();

@@ -73,6 +73,11 @@ TEST_F(Extraction, HandsTheFileToTheEditor) {
                   *opened == '\0' ? "" : folder.file(opened));
         EXPECT_FALSE(fileExists(associations.probe)) << associations.probe;
     }
+    {
+        const Connection told =
+            dialog.ExtractSummary.change.connect([&] { folder.remove("out/a b-1x1.dds"); });
+        EXPECT_TRUE(extract({launching, mark(3)}).ends_with("|No executable found for ")) << "it has gone";
+    }
     associations.broken = true;
     for (const Step& kind : {Step{ddsFiles}, Step{images}}) {
         const Connection summary = dialog.ExtractSummary.change.connect([&] { boxes.expect(nullptr); });

@@ -35,6 +35,11 @@ struct TroubledInsertion : testing::Test, TransferHarness {
     }
     void remove(const std::string& name) const { fs::remove(folder.file("out/" + name)); }
     void permit(unsigned bits) const { folder.permit("a.cdds", bits); }
+    void clear(const std::string& inside) const {
+        for (const std::string& name : folder.names(inside)) {
+            folder.remove(inside + "/" + name);
+        }
+    }
 
     const std::string chain = std::string(128, 'h') + "xxxxxxxxyyyyyyyyzzzzzzzz",
                       path = folder.file("a.cdds");
@@ -339,6 +344,52 @@ TEST_F(TroubledInsertion, LooksBeforeTheSafeCopyWhetherTheArchiveCanBeWritten) {
         boxes.expect("can only be read. Please open a copy");
     }
     EXPECT_EQ(files("copies"), "");
+}
+
+// With each round one more flush goes well before one fails, until all do.
+TEST_F(TroubledInsertion, TellsOfEachFlushThatFailsAndLeavesTheArchiveWholeAndFree) {
+    int spared = -1;
+    for (std::size_t told = 2; told > 1 && spared < 30;) {
+        ++spared;
+        remove("../a.cdds"), clear("program"), reopen(), permit(0400);
+        bool noted = true;
+        {
+            const Answering failing{Call::Flush, [&, count = 0](std::uint64_t) mutable {
+                                        noted &=
+                                            folder.permitted("a.cdds") == 0400 || !files("program").empty();
+                                        return count++ == spared ? EIO : 0;
+                                    }};
+            (void)insert({embedded, withoutSafeCopy});
+        }
+        told = boxes.take().size(); // the question is one
+        EXPECT_TRUE(noted) << "it can be written, and no journal says so: " << spared;
+        EXPECT_TRUE(archive() == before || archive().ends_with(chain.substr(128))) << spared;
+        EXPECT_EQ(folder.permitted("a.cdds"), 0400U) << spared;
+        const InputFile other{path};
+        EXPECT_EQ(tryLock(other.handle(), LockKind::Exclusive), LockAnswer::Held) << spared;
+        releaseLock(other.handle());
+        permit(0440);
+        boxes.answer = BoxAnswer::Cancel;
+        EXPECT_EQ(insert({embedded, withoutSafeCopy}), noCopy) << "what is owed from before is forgotten";
+        boxes.answer = BoxAnswer::Ok;
+        boxes.take();
+    }
+    EXPECT_EQ(spared, 10) << "flushes";
+}
+
+TEST_F(TroubledInsertion, TellsOfEachWorkingFileThatStays) {
+    const TemporaryFilesIn own{folder.file("own")};
+    for (int round = 0; round < 24; ++round) {
+        {
+            const Refusal once{Call::Remove, EIO, round / 2, 1};
+            (void)(round % 2 == 0 ? insert({images, filter(0), withoutSafeCopy})
+                                  : extract({launching, overwriting}));
+        }
+        const std::string there = row(files(), files("program"), files("own"));
+        const bool told = !boxes.take().empty();
+        EXPECT_TRUE(told || there == "wall-4x4.bmp wall-4x4.dds, , ") << round << ": " << there;
+        clear("program"), clear("own");
+    }
 }
 
 TEST_F(TroubledInsertion, ClearsTheFoldersThatItWorksInOfWhatADeadProgramLeft) {
