@@ -1,8 +1,11 @@
 #include "archive/journal.hpp"
 #include "archive/reader.hpp"
+#include "batch/collected_messages.hpp"
 #include "console_harness.hpp"
 
 #include <nlohmann/json.hpp>
+
+#include <cstring>
 
 namespace pelrath::test {
 namespace {
@@ -133,6 +136,24 @@ TEST(Console, InsertsFilesThatFitAndNoOther) {
              0,
              "0",
              "no texture of the archive has a file of this name"},
+            {"the same folder twice",
+             {{"wall-4x4.dds", small}},
+             none + " @/in",
+             0,
+             "1",
+             "1 file(s) inserted"},
+            {"a chain and one of its levels",
+             {{"wall-8x8.dds", chain}, {"wall-4x4.dds", small}},
+             none,
+             1,
+             "",
+             "two files are of"},
+            {"a stranger, quietly",
+             {{"wall-4x4.dds", small}, {"no-8x8.dds", dxt1}},
+             none + " -q",
+             0,
+             "1",
+             ""},
             {"a picture that is none", {{"wall-8x8.bmp", "BM"}}, none, 1, "", "it is not of the kind that"},
         };
     for (const auto& [what, files, options, code, changed, told] : cases) {
@@ -144,6 +165,7 @@ TEST(Console, InsertsFilesThatFitAndNoOther) {
         const std::string before = h.archive();
         EXPECT_EQ(h("insert @/a.cdds @/in " + options), code) << what << ": " << h.err;
         EXPECT_NE((h.err + h.out).find(told), std::string::npos) << what << ": " << h.err;
+        EXPECT_TRUE(!options.ends_with("-q") || h.err.empty()) << what << ": " << h.err;
         const std::string after = h.archive();
         std::string levels;
         std::size_t at = before.size() - 56; // the four levels stand at the end
@@ -154,6 +176,31 @@ TEST(Console, InsertsFilesThatFitAndNoOther) {
         EXPECT_EQ(levels, changed) << what;
         EXPECT_TRUE(before.compare(0, before.size() - 56, after, 0, before.size() - 56) == 0) << what;
         EXPECT_EQ(h.folder.list("program"), "") << what;
+    }
+}
+
+TEST(Console, InsertsNothingThatHasChangedSinceItWasPlanned) {
+    ConsoleHarness h{{wall}};
+    EXPECT_EQ(h("extract @/a.cdds --to @/in --as image --levels all -q"), 0);
+    h.stop = [&h] { return h.folder.write("in/wall-8x8.bmp", h.folder.read("in/wall-4x4.bmp")).empty(); };
+    EXPECT_EQ(h("insert @/a.cdds @/in/wall-8x8.bmp --no-safe-copy"), 1);
+    EXPECT_NE(h.err.find("wall-8x8.bmp has other sides than the level by now"), std::string::npos) << h.err;
+}
+
+TEST(Console, ComparesLevelByLevel) {
+    TexturePlan other = wall, flat = wall;
+    other.levels[0].data[0] ^= 1;
+    flat.levels[0].height = 4;
+    ConsoleHarness h{{wall, wall}};
+    const std::tuple<const char*, std::vector<TexturePlan>, const char*> cases[] = {
+        {"the same", {wall, wall}, ""},
+        {"the first of two of one name", {other, wall}, "wall.bmp, level 0: "},
+        {"another height", {wall, flat}, "wall.bmp, level 0: 8 x 8 and 8 x 4 pixels\n"},
+        {"one is missing", {wall}, "wall.bmp: only in @/a.cdds\n"}};
+    for (const auto& [what, textures, begin] : cases) {
+        (void)h.folder.write("b.cdds", ArchiveBuilder{CddsType::TypeCdds, textures}.build());
+        EXPECT_EQ(h("diff @/a.cdds @/b.cdds"), *begin == '\0' ? 0 : 1) << what;
+        EXPECT_EQ(h.out.substr(0, std::strlen(begin)), begin) << what;
     }
 }
 
@@ -240,6 +287,15 @@ TEST(Console, ExtractsImagesInProcessesOfItsOwn) {
     for (const std::string& name : h.folder.names("one")) {
         EXPECT_TRUE(h.folder.read("one/" + name) == h.folder.read("more/" + name)) << name;
     }
+    h.folder.makeFolder("part"), (void)h.folder.write("part/wall-8x8.bmp", "old");
+    EXPECT_EQ(h("extract @/a.cdds wall a* --as image --levels all --to @/part"), 1);
+    EXPECT_EQ(h.err, "pelrath-batch: wall.bmp: @/part/wall-8x8.bmp: it is there already.\n"
+                     "pelrath-batch: 6 file(s) written, 1 refused.\n");
+    h.executable = h.folder.write("dies once", "#!/bin/sh\nmkdir '" + h.folder.file("died") +
+                                                   "' 2>/dev/null || exec '" PELRATH_BATCH "' \"$@\"\n");
+    h.folder.permit("dies once", 0700);
+    EXPECT_EQ(h("extract @/a.cdds wall a* ? --as image --levels largest --to @/all"), 1);
+    EXPECT_NE(h.err.find("2 file(s) written, 1 failed."), std::string::npos) << h.err;
     h.executable = "/bin/false";
     EXPECT_EQ(h(command + "none"), 1);
     EXPECT_EQ(h.folder.list("none"), "");
@@ -295,7 +351,7 @@ TEST(Console, ChecksEveryLevelAndListsThemAll) {
     odd.levels[1].width = 3;
     odd.levels[2].data = "short";
     odd.levels[3].data.clear();
-    ConsoleHarness h{{wall, odd, {"x", "ARGB", {{4, 4, "1234"}}}}};
+    ConsoleHarness h{{wall, odd, {"x", "ARGB", {{4, 4, "1234"}}}, chainOf("tall", "DXT1", 2, 16)}};
     EXPECT_EQ(h("check @/a.cdds"), 1);
     EXPECT_EQ(h.out, "odd\uFFFD, level 1: its sides are not half of those above\n"
                      "odd\uFFFD, level 2: it has 5 bytes, and 2 x 2 pixels take 8\n"
@@ -307,11 +363,19 @@ TEST(Console, ChecksEveryLevelAndListsThemAll) {
     const auto list = nlohmann::json::parse(h.out);
     EXPECT_EQ(list["textures"][1]["name"], "odd\x07");
     EXPECT_EQ(list["textures"][0]["levels"][3]["bytes"], 8);
-    for (const auto& [line, code, words] :
-         {std::tuple{"", 2, ""}, {"--help", 0, "restore"}, {"--version", 0, "."}}) {
+    for (const auto& [line, code, words] : {std::tuple{"", 2, ""},
+                                            {"--help", 0, "restore"},
+                                            {"--version", 0, "."},
+                                            {"work --tables 1 @/a.cdds", 3, ""}}) {
         EXPECT_EQ(h(line), code) << line;
         EXPECT_NE(h.out.find(words), std::string::npos) << line;
     }
+    std::istringstream nothing;
+    std::ostream closed{nullptr};
+    EXPECT_EQ(batch::run({"list", h.folder.file("a.cdds")}, {nothing, closed, closed, false, "", "", h.stop}),
+              1);
+    EXPECT_EQ(batch::asOneLine("Error: 5 \r\n\r\nIt is gone.\r\nPlease look."),
+              "Error: 5: It is gone. Please look");
     (void)h.folder.write("a.cdds", "cdds");
     EXPECT_EQ(h("check @/a.cdds"), 3);
     EXPECT_NE(h.err.find("@/a.cdds is damaged: "), std::string::npos) << h.err;
