@@ -86,6 +86,7 @@ TEST_F(RealWindow, TheDialogOfATextureWorksFromTheKeyboard) {
     user.until("the levels one by one",
                [this] { return program.main.transfer.optMipmaps[External].selected(); });
     user.then([this] {
+        EXPECT_EQ(QApplication::focusWidget()->objectName(), QString{"optMipmaps%1"}.arg(int{External}));
         auto& levels = in<QListView>("List1");
         auto& summary = in<QPlainTextEdit>("ExtractSummary");
         levels.setFocus();

@@ -25,10 +25,12 @@ std::string missingSides(QWidget& window, const QRect& place, double scale) {
     const QRgb outside = image.pixel(0, 0);
     const QRgb inside = image.pixel(x, y);
     std::string missing;
-    for (const auto& [name, side] : {std::pair{" left", QPoint{outer.left(), y}},
-                                     {" right", QPoint{outer.right(), y}},
-                                     {" top", QPoint{x, outer.top()}},
-                                     {" bottom", QPoint{x, outer.bottom()}}}) {
+    const int lines = static_cast<int>(scale);
+    const auto last = outer.adjusted(lines - 1, lines - 1, 1 - lines, 1 - lines);
+    for (const auto& [name, side] : {std::pair{" left", QPoint{last.left(), y}},
+                                     {" right", QPoint{last.right(), y}},
+                                     {" top", QPoint{x, last.top()}},
+                                     {" bottom", QPoint{x, last.bottom()}}}) {
         const QRgb found = image.pixel(side);
         if (found == outside || found == inside) missing += name;
     }

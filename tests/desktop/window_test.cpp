@@ -253,6 +253,10 @@ TEST_F(RealWindow, EveryControlCanBeReachedAndHasAName) {
         EXPECT_EQ(program.main.window.handle(), program.window.winId());
         const QImage swatch = widget<QRadioButton>("backViewportColor2").grab().toImage();
         EXPECT_EQ(swatch.pixelColor(swatch.rect().center()), QColor(255, 0, 0));
+        const QImage chosen = widget<QRadioButton>("backViewportColor0").grab().toImage();
+        EXPECT_NE(chosen.pixel(0, 9), swatch.pixel(0, 9)) << "its frame";
+        press(list("Output0"), Qt::Key_Right);
+        EXPECT_GT(widget<QScrollBar>("HScroll0").value(), 0);
         auto* first = &widget<QLineEdit>("Text1");
         first->setFocus();
         QStringList visited;
