@@ -23,8 +23,8 @@ inline LibraryFunctions libraryWithCode() {
 inline std::string pixels(std::string_view letters) {
     const std::map<char, std::string> known{{'R', "FF0000FF"}, {'G', "00FF00FF"}, {'B', "0000FFFF"},
                                             {'W', "FFFFFFFF"}, {'K', "000000FF"}, {'h', "FFFFFF80"},
-                                            {'.', "00000000"}, {'r', "FF000000"},
-                                             {'d', "555555FF"}, {'l', "AAAAAAFF"}, {' ', ""}};
+                                            {'.', "00000000"}, {'r', "FF000000"}, {'d', "555555FF"},
+                                            {'l', "AAAAAAFF"}, {'n', "040104FF"}, {' ', ""}};
     std::string bytes;
     for (const char letter : letters) {
         bytes += bytesOf(known.at(letter));

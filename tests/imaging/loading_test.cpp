@@ -67,6 +67,11 @@ TEST_F(Loading, DoesNotBelieveACallThatLeavesACode) {
         return pendingCode = 1298, imageLibrary().ilLoad(type, name);
     };
     expectCode("1298 -> IL_FILE_READ_ERROR ");
+    library.ilLoad = imageLibrary().ilLoad;
+    library.ilGetInteger = [](std::uint32_t mode) { // another width
+        return imageLibrary().ilGetInteger(mode) + (mode == 0x0DE4 ? 1 : 0);
+    };
+    expectCode("1284 -> IL_INTERNAL_ERROR ");
     library.ilBindImage = [](std::uint32_t given) { pendingCode = 1281, imageLibrary().ilBindImage(given); };
     expectCode("1281 -> IL_INVALID_ENUM ");
     library.ilGenImages = [](std::size_t count, std::uint32_t* made) {
