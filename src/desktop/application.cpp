@@ -64,7 +64,6 @@ several::SeveralServices Application::severalServices() {
     return {
         boxes,
         windows,
-        pump,
         screen,
         main.recovery,
         [this](const std::string& title, const std::string& start) {
@@ -73,7 +72,13 @@ several::SeveralServices Application::severalServices() {
         inBackground,
         [this](const std::string& suggestion) { return askWhereToSave(refresh, "Save Report", suggestion); },
         [this] { main.look().keepBefore(); },
+        [this] { return isStopAsked(); },
         batchExecutable()};
+}
+
+bool Application::isStopAsked() {
+    pump.processPending();
+    return refresh.gate().isStopWished();
 }
 
 void Application::showSeveral() {
@@ -100,10 +105,7 @@ copies::SafeCopiesServices Application::copiesServices() {
             });
         });
     };
-    services.stopIsAsked = [this] {
-        pump.processPending();
-        return refresh.gate().isStopWished();
-    };
+    services.stopIsAsked = [this] { return isStopAsked(); };
     services.dateText = [](std::int64_t seconds) {
         return toUtf8(QLocale().toString(QDateTime::fromSecsSinceEpoch(seconds), QLocale::ShortFormat));
     };

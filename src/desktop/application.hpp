@@ -77,6 +77,8 @@ public:
 private:
     [[nodiscard]] several::SeveralServices severalServices();
     void showSeveral();
+    /// The reaction that runs is to stop; lets events run.
+    bool isStopAsked();
     void showGuide();
     copies::SafeCopiesServices copiesServices();
     void showSafeCopies();

@@ -110,11 +110,15 @@ void Gate::dropWaiting() {
 }
 
 bool Gate::wishesStop(const QObject& object, const QEvent& event) const {
-    const bool stopper = std::find(stoppers_.begin(), stoppers_.end(), &object) != stoppers_.end();
-    if (event.type() == QEvent::MouseButtonPress) return stopper;
-    if (event.type() != QEvent::KeyPress) return false;
-    const int key = static_cast<const QKeyEvent&>(event).key();
-    return key == Qt::Key_Escape || (stopper && key == Qt::Key_Space);
+    const bool pressed = event.type() == QEvent::MouseButtonPress;
+    if (!pressed && event.type() != QEvent::KeyPress) return false;
+    const QKeyCombination key =
+        pressed ? QKeyCombination{} : static_cast<const QKeyEvent&>(event).keyCombination();
+    const auto isMeant = [&](const QAbstractButton* button) {
+        if (button == &object) return pressed || key == QKeyCombination{Qt::Key_Space};
+        return !pressed && button->isVisible() && QKeySequence::mnemonic(button->text()) == QKeySequence{key};
+    };
+    return key == QKeyCombination{Qt::Key_Escape} || std::any_of(stoppers_.begin(), stoppers_.end(), isMeant);
 }
 
 bool Gate::eventFilter(QObject* object, QEvent* event) {
@@ -122,11 +126,7 @@ bool Gate::eventFilter(QObject* object, QEvent* event) {
     if (key_.repeats() && isCommand(*object, *event)) return true;
     if (event->type() == QEvent::Paint && object == top().dialog) top().seen = true;
     if (!isQuiet() && wishesStop(*object, *event)) stopWished_ = true;
-    return object->isWidgetType() && isInput(*event) && (!isQuiet() || !top().seen) && !canStop(*object);
-}
-
-bool Gate::canStop(const QObject& object) const {
-    return stopBy_ != nullptr && (&object == stopBy_ || &object == stopBy_->window());
+    return object->isWidgetType() && isInput(*event) && (!isQuiet() || !top().seen);
 }
 
 } // namespace pelrath::desktop

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+class QAbstractButton;
 class QDialog;
 class QKeyEvent;
 class QWidget;
@@ -66,29 +67,6 @@ public:
         Gate& gate_;
     };
 
-    /// While this lives, the user can have the reaction that runs stopped: what he does to `by`, or gives as
-    /// keys to its window, reaches them.
-    class Stoppable {
-    public:
-        Stoppable(Gate& gate, const QWidget& by, std::function<void()> stop) : gate_(gate) {
-            gate_.stopBy_ = &by;
-            gate_.stop_ = std::move(stop);
-        }
-        ~Stoppable() {
-            gate_.stopBy_ = nullptr;
-            gate_.stop_ = nullptr;
-        }
-        Stoppable(const Stoppable&) = delete;
-        Stoppable& operator=(const Stoppable&) = delete;
-
-    private:
-        Gate& gate_;
-    };
-    /// The reaction that runs is to end as soon as it can.
-    void stop() const {
-        if (stop_) stop_();
-    }
-
     [[nodiscard]] bool admits(const QWidget& view) const;
     /// No reaction runs but those that wait.
     [[nodiscard]] bool isQuiet() const { return !shut_ && !turns_.back().reacting; }
@@ -99,8 +77,9 @@ public:
     void whenQuiet(QObject& who, std::function<void()> call);
     /// Gives the innermost dialog up, as closing it by its frame does. Only while it is quiet.
     void dismissDialog();
-    /// While a reaction runs, a press on this wishes that it stop.
-    void stopsBy(const QWidget& view) { stoppers_.push_back(&view); }
+    /// While a reaction runs, a press on this, or its mnemonic, wishes that it stop. It must live as long as
+    /// the gate is asked.
+    void stopsBy(const QAbstractButton& button) { stoppers_.push_back(&button); }
     void wishStop() { stopWished_ = true; }
     /// The reaction that runs is to stop, if it can: the user has pressed Escape, or wants the program to
     /// end.
@@ -123,15 +102,12 @@ private:
     Level& top() { return turns_.back(); }
     void tellWaiting();
     [[nodiscard]] bool wishesStop(const QObject& object, const QEvent& event) const;
-    [[nodiscard]] bool canStop(const QObject& object) const;
 
     std::vector<Level> turns_{Level{}};
     std::vector<std::pair<QPointer<QObject>, std::function<void()>>> waiting_;
     HeldKey key_;
-    std::vector<const QWidget*> stoppers_;
+    std::vector<const QAbstractButton*> stoppers_;
     bool stopWished_ = false;
-    const QWidget* stopBy_ = nullptr;
-    std::function<void()> stop_;
     bool shut_ = false;
 };
 

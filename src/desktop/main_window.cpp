@@ -437,7 +437,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (model_.window.isUnloaded()) return;
     if (!gate.isIdle()) {
         event->ignore();
-        gate.stop();
         if (std::exchange(closing_, true)) return; // one dialog at a time
         gate.whenQuiet(*this, [this, &gate] {
             closing_ = false;

@@ -191,15 +191,16 @@ void SeveralWindow::addProgress(QBoxLayout& line) {
 QBoxLayout* SeveralWindow::buttons() {
     QPushButton& run = button(model_.run, "run", 't');
     run.setDefault(true);
-    stop_ = &make<QPushButton>("stop");
-    stop_->setAutoDefault(false);
-    binder_.attach(model_.stop, *stop_, [this] { stop_->setText("&Stop"); });
-    connect(stop_, &QPushButton::clicked, this, [this] { model_.stopRun(); }); // inside the run's reaction
+    auto& stop = make<QPushButton>("stop");
+    stop.setAutoDefault(false);
+    stop.setText("&Stop");
+    binder_.attach(model_.stop, stop, [] {});
+    binder_.refresh().gate().stopsBy(stop);
     auto* line = new QHBoxLayout;
     addProgress(*line);
     line->addStretch();
     line->addWidget(&run);
-    line->addWidget(stop_);
+    line->addWidget(&stop);
     line->addWidget(&button(model_.saveReport, "saveReport", 'S'));
     line->addWidget(&button(model_.backToPlan, "backToPlan", 'k'));
     line->addWidget(&button(model_.close, "close"));
@@ -207,9 +208,6 @@ QBoxLayout* SeveralWindow::buttons() {
 }
 
 void SeveralWindow::follow() {
-    connections_.push_back(model_.runBegins.connect(
-        [this] { stoppable_.emplace(binder_.refresh().gate(), *stop_, [this] { model_.stopRun(); }); }));
-    connections_.push_back(model_.runEnds.connect([this] { stoppable_.reset(); }));
     auto* clock = new QTimer{this};
     clock->setSingleShot(true);
     connections_.push_back(model_.rest.changed.connect([this, clock] {
@@ -223,11 +221,6 @@ void SeveralWindow::follow() {
             clock->start(model_.rest.interval());
         }
     });
-}
-
-void SeveralWindow::reject() {
-    model_.stopRun();
-    ModelDialog::reject();
 }
 
 // The action would come as a surprise there.

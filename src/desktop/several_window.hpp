@@ -3,8 +3,6 @@
 #include "desktop/model_dialog.hpp"
 #include "several/several_textures.hpp"
 
-#include <optional>
-
 class QBoxLayout;
 class QCheckBox;
 class QGridLayout;
@@ -24,7 +22,6 @@ public:
     SeveralWindow(several::SeveralTextures& model, Binder& binder);
 
     /// Closing it also stops what runs.
-    void reject() override;
 
 protected:
     /// From the filter, Enter and Down lead to the textures.
@@ -53,8 +50,6 @@ private:
     Binder& binder_;
     QLineEdit* filter_ = nullptr;
     TextureTable* table_ = nullptr;
-    QPushButton* stop_ = nullptr;
-    std::optional<Gate::Stoppable> stoppable_;
     Connections connections_;
 };
 

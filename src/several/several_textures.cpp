@@ -50,7 +50,6 @@ void SeveralTextures::connectAll() {
     on(choices_.changed, [this] { choicesChanged(); });
     on(rest.tick, [this] { askForPlan(); });
     on(run.click, [this] { runPlan(); });
-    on(stop.click, [this] { stopRun(); });
     on(saveReport.click, [this] { saveReportAs(); });
     on(backToPlan.click, [this] {
         folderPlan_.reset(); // what is in the folder may be another by now
@@ -216,14 +215,13 @@ void SeveralTextures::runPlan() {
     showPhase(Phase::Running);
     showProgress(state);
     stop.focus();
-    running_ = &state;
     runBegins.emit();
-    const batch::Report report = carryOut(session_, planned_, state, [&] {
+    const auto lookUp = [&] {
         showProgress(state);
-        services_.pump.processPending();
-    });
-    running_ = nullptr;
-    runEnds.emit();
+        if (services_.stopIsAsked()) state.stop();
+    };
+    lookUp();
+    const batch::Report report = carryOut(session_, planned_, state, lookUp);
     tellReport(report);
 }
 
@@ -231,10 +229,6 @@ void SeveralTextures::showProgress(const RunProgress& state) {
     const RunProgress::State now = state.state();
     progressText.setCaption(now.text);
     progress.set(now.done, now.total);
-}
-
-void SeveralTextures::stopRun() {
-    if (running_ != nullptr) running_->stop();
 }
 
 void SeveralTextures::tellReport(const batch::Report& report) {

@@ -26,13 +26,13 @@ struct SeveralServices {
 
     MessageBoxes& boxes;
     ModalWindows& windows;
-    EventPump& pump;
     const Screen& screen;
     InsertionRecovery& recovery;
     Choices::ChooseFolder chooseFolder;
     InBackground inBackground;
     ChooseReport chooseReport;
     std::function<void()> beforeInsertion; ///< the archive may be changed behind it
+    std::function<bool()> stopIsAsked;     ///< the run is to end; lets events run
     std::string workerExecutable;          ///< as for extractOnAllCores()
 };
 
@@ -48,10 +48,7 @@ public:
     /// is not possible, that is told.
     void show(const Window& owner, const std::string& usualFolder);
 
-    Signal<> runBegins; ///< from here to the other only stopRun() may be called
-    Signal<> runEnds;
-    /// The run, if one runs, is to end behind the texture that is at work.
-    void stopRun();
+    Signal<> runBegins; ///< until show() goes on, nothing but the wish to stop is heard
 
 private:
     enum class Phase { Planning, Running, Told };
@@ -87,7 +84,6 @@ private:
     std::optional<Wish> found_;                 ///< the insertion whose files the marks were found by
     std::shared_ptr<const batch::Plan> folderPlan_;
     bool finding_ = false;
-    RunProgress* running_ = nullptr;
     std::string report_;
     Connections connections_;
 };
