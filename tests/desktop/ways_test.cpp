@@ -53,7 +53,7 @@ TEST_F(Ways, ALookBeforeWriting) {
         widget<QPushButton>("cmdInsert").click();
     });
     untilDialog<desktop::TransferDialog>().then([] {
-        in<QRadioButton>("optMipmaps0").click();
+        in<QCheckBox>("chkSaveCdds").click();
         QTest::keyClick(dialog<QWidget>(), Qt::Key_H, Qt::AltModifier);
     });
     untilDialog<desktop::InspectionWindow>().then([this, pixelIn, before] {
@@ -72,7 +72,7 @@ TEST_F(Ways, ALookBeforeWriting) {
         press(pictures, Qt::Key_Escape);
     });
     untilDialog<desktop::TransferDialog>().then([] {
-        EXPECT_TRUE(in<QRadioButton>("optMipmaps0").isChecked());
+        EXPECT_FALSE(in<QCheckBox>("chkSaveCdds").isChecked()); // as it was chosen
         press(*dialog<QWidget>(), Qt::Key_Escape);
     });
     untilClosed();
