@@ -19,11 +19,6 @@ constexpr int columnGap = 12; // pixels
 
 enum Column { NumberColumn, DateColumn, SizeColumn, DifferenceColumn, Columns };
 
-int alignmentOf(int column) {
-    const bool counts = column == NumberColumn || column == SizeColumn;
-    return static_cast<int>((counts ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-}
-
 } // namespace
 
 CopiesTable::CopiesTable(copies::SafeCopies& model, QObject* parent)
@@ -46,13 +41,12 @@ int CopiesTable::rowCount(const QModelIndex& parent) const { return parent.isVal
 int CopiesTable::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Columns; }
 
 QVariant CopiesTable::data(const QModelIndex& index, int role) const {
-    if (role == Qt::TextAlignmentRole) return alignmentOf(index.column());
     const bool text = role == Qt::DisplayRole || role == Qt::ToolTipRole;
     if (!text || index.row() >= model_.lstCopies.count()) return {};
     const copies::CopyRow& row = model_.lstCopies.row(index.row());
     switch (index.column()) {
     case NumberColumn:
-        return row.copy.number;
+        return QString::number(row.copy.number);
     case DateColumn:
         return toQString(model_.dateText(row.copy));
     case SizeColumn:
@@ -64,7 +58,6 @@ QVariant CopiesTable::data(const QModelIndex& index, int role) const {
 
 QVariant CopiesTable::headerData(int section, Qt::Orientation orientation, int role) const {
     constexpr std::array<const char*, Columns> titles{"Number", "Made", "Size", "Differs from now"};
-    if (role == Qt::TextAlignmentRole) return alignmentOf(section);
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
     return titles.at(static_cast<std::size_t>(section));
 }
