@@ -16,8 +16,6 @@ struct PictureState {
     Sides sides{};
     std::optional<BlockFormat> blocks; ///< that it is stored in
     std::size_t digest = 0;            ///< of its bytes: equal for equal ones, in one run of the program
-
-    bool operator==(const PictureState&) const = default;
 };
 
 /// What a look at a file found.

@@ -83,6 +83,7 @@ std::vector<std::string> sourcesOf(const TransferChoices& choices, const Session
     if (choices.operation == Embedded || choices.operation == Create) levels = {0};
     if (kind != ImageFileKind::Dds && levels.size() > 1) levels = {levels.back()};
     std::vector<std::string> sources;
+    sources.reserve(levels.size());
     for (const std::int16_t level : levels) {
         sources.push_back(buildImageFileName(session, level, kind));
     }
