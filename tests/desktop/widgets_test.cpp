@@ -133,7 +133,9 @@ TEST_F(Widgets, APathIsCompletedFromItsFolder) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return offered() == "b10 b9"; }));
     QTest::keyClick(&path, Qt::Key_Return);
     EXPECT_EQ(confirmed, 1) << "none of those offered";
-    QTest::keyClicks(&path, "10/");
+    QTest::keyClicks(&path, "1");
+    EXPECT_EQ(offered(), "b10 b9") << "of the folder that is listed already";
+    QTest::keyClicks(&path, "0/");
     EXPECT_TRUE(QTest::qWaitFor([&] { return offered() == "b10/in"; }));
 }
 
