@@ -206,6 +206,7 @@ TEST(SeveralTexturesWindow, ExtractsInsertsStopsAndReports) {
         const Connection stopped = h.window.runBegins.connect([&] { h.stopAsked = true; });
         h.runPlan();
         EXPECT_EQ(h.told(), "stopped: 0 file(s) written, 2 not reached");
+        h.stopAsked = false;
     });
     EXPECT_EQ(h.folder.read("report.txt"), "Extraction from " + h.session.archivePath +
                                                "\n2 file(s) written.\n\n" +
