@@ -147,7 +147,7 @@ void TransferLayout::placeBelow() {
     c_.cmdQuit.setBox({width() - margin - buttonWidth, buttons, buttonWidth, boxHeight});
     c_.chkRemember.setBox({margin, buttons, rememberWidth, boxHeight});
     c_.cmdExtractInsert.setBox({width() - margin - 2 * buttonWidth - gap, buttons, buttonWidth, boxHeight});
-    c_.cmdCheck.setBox({margin, buttons, buttonWidth, boxHeight});
+    c_.cmdCheck.setBox({width() - margin - 3 * buttonWidth - 2 * gap, buttons, buttonWidth, boxHeight});
 }
 
 } // namespace pelrath

@@ -185,7 +185,8 @@ TEST_F(Dialog, NothingOverlapsAtAnySize) {
         for (const Control* control : std::initializer_list<const Control*>{
                  &dialog.Label1, &dialog.Text1, &dialog.FileFormat, &dialog.Mipmaps, &dialog.OptionsFrame,
                  &dialog.extractOptionsFrame, &dialog.destinationFrame, &dialog.lblWarningTgaInsert,
-                 &dialog.ExtractSummary, &dialog.cmdExtractInsert, &dialog.cmdQuit, &dialog.chkRemember}) {
+                 &dialog.ExtractSummary, &dialog.cmdExtractInsert, &dialog.cmdQuit, &dialog.chkRemember,
+                 &dialog.cmdCheck}) {
             if (control->visible()) placed.push_back(control->box());
         }
         for (const Box& a : placed) {
