@@ -13,7 +13,7 @@ constexpr std::size_t colourChannels = 3;
 /// The largest steps of a stored end point's channels.
 constexpr std::array<float, colourChannels> lastSteps{31, 63, 31};
 
-constexpr std::size_t entriesOf(PaletteKind kind) { return kind == PaletteKind::Four ? 4 : 2; }
+constexpr std::size_t entriesOf(PaletteKind kind) { return kind == PaletteKind::Four ? 4 : 3; }
 /// The first end point's share in each entry.
 template <PaletteKind kind>
 constexpr std::array<float, 4> shares = kind == PaletteKind::Four ? std::array{1.0F, 0.0F, 2 / 3.0F, 1 / 3.0F}
