@@ -8,6 +8,7 @@
 
 int main(int argc, char* argv[]) try {
     using namespace pelrath;
+    holdStandardHandles();
     const EndSignals ends;
     outliveReaders();
     const batch::Console console{std::cin,

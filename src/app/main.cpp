@@ -2,6 +2,7 @@
 #include "opening/command_line.hpp"
 #include "platform/posix/end_signals.hpp"
 #include "platform/posix/started_by.hpp"
+#include "platform/posix/terminal.hpp"
 
 #include <QApplication>
 #include <QSocketNotifier>
@@ -34,6 +35,7 @@ int runWindow(int& argc, char* argv[], const pelrath::CommandLine& asked) {
 
 int main(int argc, char* argv[]) {
     using Wish = pelrath::CommandLine::Wish;
+    pelrath::holdStandardHandles();
     const std::vector<std::string> words{argv + std::min(argc, 1), argv + argc};
     const pelrath::CommandLine asked = pelrath::readCommandLine(words);
     if (asked.wish == Wish::Print) {

@@ -2,6 +2,7 @@
 
 #include <csignal>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace pelrath {
@@ -14,6 +15,14 @@ void outliveReaders() {
     action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);
     ::sigaction(SIGPIPE, &action, nullptr);
+}
+
+void holdStandardHandles() {
+    for (int handle = STDIN_FILENO; handle <= STDERR_FILENO; ++handle) {
+        if (::fcntl(handle, F_GETFD) >= 0) continue;
+        // The lowest free number is this one. Programs that are started have it as well.
+        (void)::open("/dev/null", handle == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
 }
 
 } // namespace pelrath

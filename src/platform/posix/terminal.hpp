@@ -9,4 +9,8 @@ namespace pelrath {
 /// that are started have none of this.
 void outliveReaders();
 
+/// To come before any file is opened: a standard handle that was closed by whoever started the program would
+/// be given to one, which would then get what is said. Reading and writing such a handle fails from now on.
+void holdStandardHandles();
+
 } // namespace pelrath
