@@ -73,15 +73,15 @@ std::vector<std::byte> DdsExport::readLevelData(std::int16_t textureIndex, std::
 }
 
 void DdsExport::writeDdsLevelFile(const std::string& path, std::int16_t textureIndex, std::int16_t levelIndex,
-                                  Durability durability) const {
+                                  Durability durability, OldFile old) const {
     const DdsHeader header = buildDdsHeader(textureIndex, levelIndex);
     const std::vector<std::byte> data = readLevelData(textureIndex, levelIndex);
     const std::array<Bytes, 2> pieces{bytesOf(header), Bytes{data}};
-    replaceFile(path, pieces, durability);
+    replaceFile(path, pieces, durability, old);
 }
 
-void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureIndex,
-                                  Durability durability) const {
+void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureIndex, Durability durability,
+                                  OldFile old) const {
     DdsHeader header = buildDdsHeader(textureIndex, 0);
     header.flags |= DdsHeader::MipmapCountGiven;
     header.mipmapCount = static_cast<std::uint32_t>(texture(textureIndex).mipmapCount);
@@ -98,7 +98,7 @@ void DdsExport::writeDdsChainFile(const std::string& path, std::int16_t textureI
                                         "\" are more than one file can hold. Please take single levels");
     }
     const InputFile archive = openArchive();
-    FileReplacement file{path};
+    FileReplacement file{path, old};
     file.write(bytesOf(header));
     for (const MipmapRecord& record : levels) {
         file.write(archive, static_cast<std::uint64_t>(record.dataOffset),

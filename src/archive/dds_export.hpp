@@ -28,13 +28,16 @@ public:
     /// read.
     [[nodiscard]] std::vector<std::byte> readLevelData(std::int16_t textureIndex, std::int16_t level) const;
 
-    /// Writes header and data of one level: 128 + dataSize bytes. An existing file is replaced whole.
+    /// Writes header and data of one level: 128 + dataSize bytes. An existing file is replaced whole,
+    /// or kept.
     void writeDdsLevelFile(const std::string& path, std::int16_t textureIndex, std::int16_t level,
-                           Durability durability = Durability::Flushed) const;
+                           Durability durability = Durability::Flushed,
+                           OldFile old = OldFile::Replaced) const;
 
     /// Writes one file of all levels: level 0's header, made a chain's, and the data of each level in order.
     void writeDdsChainFile(const std::string& path, std::int16_t textureIndex,
-                           Durability durability = Durability::Flushed) const;
+                           Durability durability = Durability::Flushed,
+                           OldFile old = OldFile::Replaced) const;
 
     /// How messages name the texture: its name, quoted, and the archive's path.
     [[nodiscard]] std::string describe(std::int16_t textureIndex) const;

@@ -7,7 +7,7 @@
 namespace pelrath::batch {
 
 Extraction::Extraction(Session& session, bool overwrite)
-    : session_(session), overwrite_(overwrite), library_(messages_),
+    : session_(session), old_(overwrite ? OldFile::Replaced : OldFile::Kept), library_(messages_),
       dds_(session.archive, session.archivePath, session.archiveFile) {}
 
 TextureReport Extraction::extract(const PlannedTexture& texture) {
@@ -20,30 +20,34 @@ TextureReport Extraction::extract(const PlannedTexture& texture) {
 
 void Extraction::write(std::int16_t texture, FileReport& report) {
     const PlannedFile& file = report.file;
-    if (!overwrite_ && (fileExists(file.path) || folderExists(file.path))) {
-        report.outcome = Outcome::Refused;
-        report.message = "it is there already";
-        return;
-    }
+    if (isKept(report)) return;
     const bool done = messages_.attempt([&] {
         if (file.kind != ImageFileKind::Dds) return writeImage(texture, file);
         if (file.level == wholeChain) {
-            dds_.writeDdsChainFile(file.path, texture, Durability::Scratch);
+            dds_.writeDdsChainFile(file.path, texture, Durability::Scratch, old_);
         } else {
-            dds_.writeDdsLevelFile(file.path, texture, file.level, Durability::Scratch);
+            dds_.writeDdsLevelFile(file.path, texture, file.level, Durability::Scratch, old_);
         }
         return true;
     });
     const std::string reason = messages_.takeFirst(); // what is there beside a success concerns nobody
+    if (!done && isKept(report)) return;              // it has come meanwhile
     report.outcome = done ? Outcome::Done : Outcome::Failed;
     if (!done) report.message = reason;
+}
+
+bool Extraction::isKept(FileReport& report) const {
+    if (old_ == OldFile::Replaced || !isNameTaken(report.file.path)) return false;
+    report.outcome = Outcome::Refused;
+    report.message = "it is there already";
+    return true;
 }
 
 bool Extraction::writeImage(std::int16_t texture, const PlannedFile& file) {
     if (!library_.start()) return false;
     LoadedLevel image{library_.imaging(), messages_, dds_};
     return image.load(session_.programFolder, texture, file.level, file.kind) &&
-           image.save(file.path, Durability::Scratch);
+           image.save(file.path, Durability::Scratch, old_);
 }
 
 bool needsLibrary(const Plan& plan) {

@@ -14,15 +14,17 @@ class Extraction {
 public:
     Extraction(Session& session, bool overwrite);
 
-    /// A file that was not there when it was planned is refused, unless files are overwritten.
+    /// What has come since it was planned, be it at the last moment, is kept, unless files are overwritten.
     [[nodiscard]] TextureReport extract(const PlannedTexture& texture);
 
 private:
     void write(std::int16_t texture, FileReport& report);
     bool writeImage(std::int16_t texture, const PlannedFile& file);
+    /// Refuses it where there is something that is not to be replaced.
+    [[nodiscard]] bool isKept(FileReport& report) const;
 
     Session& session_;
-    bool overwrite_;
+    OldFile old_;
     CollectedMessages messages_;
     LibraryRun library_;
     DdsExport dds_;

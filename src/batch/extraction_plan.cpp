@@ -73,7 +73,7 @@ private:
             planned.refuse("another level or texture has a file of the same name");
         } else if (sameFile(planned.path, session_.archivePath)) {
             planned.refuse("it is the archive itself");
-        } else if (planned.replaces && !wish_.overwrite) {
+        } else if (!wish_.overwrite && isNameTaken(planned.path)) {
             planned.refuse("it is there already");
         }
     }

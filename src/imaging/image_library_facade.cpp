@@ -203,7 +203,7 @@ bool ImageLibraryFacade::writeBoundImage(const std::string& fileName, bool overw
         if (!file) return;
         requireFree(fileName, overwrite); // it may have come meanwhile
         const std::array<Bytes, 1> pieces{*file};
-        replaceFile(fileName, pieces, durability);
+        replaceFile(fileName, pieces, durability, overwrite ? OldFile::Replaced : OldFile::Kept);
         written = true;
     });
     return written;

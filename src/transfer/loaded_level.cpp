@@ -25,10 +25,11 @@ bool LoadedLevel::load(const WorkingFolder& programFolder, std::int16_t textureI
                                                imaging_.options.extension);
 }
 
-bool LoadedLevel::save(const std::string& path, Durability durability) {
+bool LoadedLevel::save(const std::string& path, Durability durability, OldFile old) {
     imaging_.options.buildMipmaps = false;
     imaging_.options.targaFirstRow = FirstRow::Top; // upright in every reader
-    const bool saved = imaging_.facade.saveImage(imaging_.options.imageType, path, true, {}, durability);
+    const bool saved =
+        imaging_.facade.saveImage(imaging_.options.imageType, path, old == OldFile::Replaced, {}, durability);
     imaging_.images.check("saveImage");
     if (saved) image_->remove();
     return saved;

@@ -34,8 +34,10 @@ public:
     /// library must have been started.
     bool load(const WorkingFolder& programFolder, std::int16_t textureIndex, std::int16_t level,
               ImageFileKind kind);
-    /// Writes it, with the top row first in a TGA file, whatever stands at `path`, and lets go of it.
-    bool save(const std::string& path, Durability durability = Durability::Flushed);
+    /// Writes it, with the top row first in a TGA file, whatever stands at `path` unless that is kept, and
+    /// lets go of it.
+    bool save(const std::string& path, Durability durability = Durability::Flushed,
+              OldFile old = OldFile::Replaced);
 
 private:
     TransferImaging imaging_;

@@ -57,13 +57,17 @@ TEST(Files, ReplacingKeepsTheOldPermissions) {
     EXPECT_EQ(row(std::filesystem::is_symlink(folder.file("link")), folder.read("f")), "true, new");
     folder.makePipe("pipe");
     EXPECT_THROW(replaceFile(folder.file("pipe"), pieces, Durability::Scratch), RuntimeError);
+    FileReplacement kept{folder.file("late"), OldFile::Kept};
+    (void)folder.write("late", "first");
+    EXPECT_THROW(kept.finish(Durability::Scratch), RuntimeError);
+    EXPECT_EQ(folder.read("late"), "first");
     // A name as long as the system allows leaves no room for anything appended to it.
     const std::string longest = folder.file(std::string(255, 'n'));
     replaceFile(longest, pieces, Durability::Scratch);
     EXPECT_TRUE(fileExists(longest));
     removeFile(longest);
     removeFile(longest); // gone already
-    EXPECT_EQ(folder.list(), "f link pipe");
+    EXPECT_EQ(folder.list(), "f late link pipe");
 }
 
 TEST(Files, OverwritingChangesTheGivenBytesOfTheOpenedFileAndNothingElse) {

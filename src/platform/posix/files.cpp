@@ -63,6 +63,11 @@ bool fileExists(const std::string& path) {
     return exists && !folder;
 }
 
+bool isNameTaken(const std::string& path) {
+    struct stat info {};
+    return ::lstat(path.c_str(), &info) == 0;
+}
+
 bool folderExists(const std::string& path) {
     bool exists = false;
     return isFolder(path, exists);
@@ -133,7 +138,19 @@ void InputFile::readAt(std::uint64_t offset, std::span<std::byte> into) const {
     }
 }
 
-FileReplacement::FileReplacement(const std::string& path) : finalPath_(endOfLinks(path)) {
+FileReplacement::FileReplacement(const std::string& path, OldFile old)
+    : old_(old), finalPath_(old == OldFile::Kept ? path : endOfLinks(path)) {
+    requireReplaceable(path);
+    const int error = file_.create(std::string{parentFolder(finalPath_)});
+    // What is missing is the folder, as the file may well be.
+    if (error != 0) throw makeSystemError(error == ENOENT ? ENOTDIR : error, "FileReplacement", finalPath_);
+}
+
+void FileReplacement::requireReplaceable(const std::string& path) const {
+    if (old_ == OldFile::Kept) {
+        if (isNameTaken(path)) throw makeSystemError(EEXIST, "FileReplacement", path);
+        return;
+    }
     struct stat old {};
     const bool exists = ::stat(path.c_str(), &old) == 0;
     if (exists && !S_ISREG(old.st_mode)) {
@@ -142,9 +159,6 @@ FileReplacement::FileReplacement(const std::string& path) : finalPath_(endOfLink
         // Nothing is opened for writing here, which is what would refuse it.
         throw makeError(ErrorNumber::PermissionDenied, "FileReplacement", path);
     }
-    const int error = file_.create(std::string{parentFolder(finalPath_)});
-    // What is missing is the folder, as the file may well be.
-    if (error != 0) throw makeSystemError(error == ENOENT ? ENOTDIR : error, "FileReplacement", finalPath_);
 }
 
 void FileReplacement::write(Bytes bytes) {
@@ -176,14 +190,22 @@ void FileReplacement::takeOverMode() const {
     if (error != 0) throw makeSystemError(error, "FileReplacement", finalPath_);
 }
 
-int FileReplacement::putInPlace() {
+int FileReplacement::takeName() {
     const std::string name{fileName(finalPath_)};
-    const int error = file_.replace(name);
+    if (old_ == OldFile::Replaced) return file_.replace(name);
+    const int error = file_.takeName(name);
+    if (file_.mustBeHidden(error) || !NewFile::hasNoWay(error)) return error;
+    // Nothing here spares what has the name already but a look at it.
+    return isNameTaken(finalPath_) ? EEXIST : file_.replace(name);
+}
+
+int FileReplacement::putInPlace() {
+    const int error = takeName();
     if (!file_.mustBeHidden(error)) return error;
     const NewFile nameless = std::move(file_);
     const int copied = copyToNewFile(nameless.handle(), std::string{parentFolder(finalPath_)},
                                      NewFile::Start::Hidden, {}, file_);
-    return copied == 0 ? file_.replace(name) : copied;
+    return copied == 0 ? takeName() : copied;
 }
 
 void FileReplacement::finish(Durability durability) {
@@ -198,8 +220,8 @@ void FileReplacement::finish(Durability durability) {
     if (durability == Durability::Flushed) (void)file_.flushFolder();
 }
 
-void replaceFile(const std::string& path, std::span<const Bytes> pieces, Durability durability) {
-    FileReplacement file{path};
+void replaceFile(const std::string& path, std::span<const Bytes> pieces, Durability durability, OldFile old) {
+    FileReplacement file{path, old};
     for (const Bytes piece : pieces) {
         file.write(piece);
     }

@@ -19,6 +19,8 @@ using Bytes = std::span<const std::byte>;
 /// True for anything at `path` that is not a folder (a dangling link is nothing).
 [[nodiscard]] bool fileExists(const std::string& path);
 [[nodiscard]] bool folderExists(const std::string& path);
+/// True for anything that has the name, a link that leads nowhere as well.
+[[nodiscard]] bool isNameTaken(const std::string& path);
 /// True where both paths lead to one and the same file, by whatever links.
 [[nodiscard]] bool sameFile(const std::string& a, const std::string& b);
 
@@ -66,6 +68,10 @@ private:
 /// Whether a replaced file must be on the disk before replaceFile() returns.
 enum class Durability { Flushed, Scratch };
 
+/// What becomes of an old file. Kept: whatever has the name, be it that it comes at the last moment, stays
+/// there, and FileExists is the failure.
+enum class OldFile { Replaced, Kept };
+
 /// The new content of a file in the making: written into a new file first, which is then renamed over it.
 /// Given up before that, it leaves the old file as it was and no other file behind. Where the path is a link,
 /// the file that it leads to is the one replaced.
@@ -73,7 +79,7 @@ class FileReplacement {
 public:
     /// Fails where the folder takes no new file, where something that is no regular file stands in its place,
     /// and where the old file is read-only.
-    explicit FileReplacement(const std::string& path);
+    explicit FileReplacement(const std::string& path, OldFile old = OldFile::Replaced);
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
 
@@ -86,15 +92,19 @@ public:
     void finish(Durability durability);
 
 private:
+    void requireReplaceable(const std::string& path) const;
     void takeOverMode() const;
     [[nodiscard]] int putInPlace();
+    [[nodiscard]] int takeName();
 
+    OldFile old_;
     std::string finalPath_;
     NewFile file_;
 };
 
 /// The pieces, one after another, as the whole new content of `path`; all of it or nothing.
-void replaceFile(const std::string& path, std::span<const Bytes> pieces, Durability durability);
+void replaceFile(const std::string& path, std::span<const Bytes> pieces, Durability durability,
+                 OldFile old = OldFile::Replaced);
 
 /// Removes a file, read-only or not. A missing file is no failure.
 void removeFile(const std::string& path);
