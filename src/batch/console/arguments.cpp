@@ -8,6 +8,7 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <utility>
 
 namespace pelrath::batch {
 
@@ -16,6 +17,19 @@ namespace {
 // By their places in the dialog's list.
 constexpr std::array filters{"nearest", "linear",  "bilinear", "box",     "triangle",
                              "bell",    "bspline", "lanczos",  "mitchell"};
+
+// The library takes "[a,b]" for a list and "[]" for none. Textures and files may be called so: such a
+// word goes through it behind this.
+constexpr char guard = '\x01';
+
+std::string guarded(const std::string& word) {
+    const bool list = word.starts_with('[') && word.ends_with(']');
+    return list || word.starts_with(guard) ? guard + word : word;
+}
+
+void unguard(std::string& word) {
+    if (word.starts_with(guard)) word.erase(0, 1);
+}
 
 class Parser {
 public:
@@ -139,7 +153,14 @@ std::optional<Arguments> parseArguments(const std::vector<std::string>& line, st
     Arguments arguments;
     Parser parser{arguments};
     try {
-        parser.app().parse(std::vector<std::string>{line.rbegin(), line.rend()}); // as the library wants it
+        std::vector<std::string> words(line.size());
+        std::transform(line.rbegin(), line.rend(), words.begin(), guarded); // as the library wants it
+        parser.app().parse(std::move(words));
+        for (std::string* word : {&arguments.archive, &arguments.other, &arguments.extraction.folder,
+                                  &arguments.safeCopyFolder}) {
+            unguard(*word);
+        }
+        std::ranges::for_each(arguments.chosen, unguard);
         return arguments;
     } catch (const CLI::ParseError& error) {
         exitCode = parser.app().exit(error, out, err) == 0 ? AllWell : WrongUsage;
