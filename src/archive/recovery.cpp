@@ -246,7 +246,25 @@ private:
     JournalRecord record_;
 };
 
+bool isLeftOf(const std::string& journal, const JournalRecord& record, const InputFile& archive) {
+    if (record.levels.empty() || !isSameFile(archive.identity(), record.archive)) return false;
+    const std::optional<LockedFile> left = LockedFile::find(journal);
+    return left && left->lock() != LockAnswer::Taken;
+}
+
 } // namespace
+
+std::vector<std::string> interruptedInsertions(const std::string& programFolder, const InputFile& archive) {
+    std::vector<std::string> textures;
+    for (const std::string& path : journalsIn(programFolder)) {
+        try {
+            const std::optional<JournalRecord> record = readJournal(path);
+            if (record && isLeftOf(path, *record, archive)) textures.push_back(record->textureName);
+        } catch (const std::exception&) { // told by whoever is to complete it
+        }
+    }
+    return textures;
+}
 
 std::vector<RecoveredInsertion> recoverInsertions(const std::string& programFolder) {
     std::vector<RecoveredInsertion> recovered;

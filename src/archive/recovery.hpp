@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/posix/file_identity.hpp"
+#include "platform/posix/files.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -35,5 +36,11 @@ struct RecoveredInsertion {
 /// answer; so is a journal whose end is missing, which is removed: nothing had been written then. Never
 /// throws.
 [[nodiscard]] std::vector<RecoveredInsertion> recoverInsertions(const std::string& programFolder);
+
+/// The textures whose insertion into this very archive was interrupted and waits to be completed, as the
+/// journals in a program folder say. Nothing is changed; journals that cannot be read, and an insertion that
+/// is under way, are left out. Never throws.
+[[nodiscard]] std::vector<std::string> interruptedInsertions(const std::string& programFolder,
+                                                             const InputFile& archive);
 
 } // namespace pelrath

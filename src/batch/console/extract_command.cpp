@@ -1,7 +1,7 @@
 #include "batch/console/commands.hpp"
 
 #include "archive/journal_record.hpp"
-#include "batch/console/telling.hpp"
+#include "batch/console/interruptions.hpp"
 #include "batch/opened_archive.hpp"
 #include "batch/worker.hpp"
 #include "platform/posix/files.hpp"
@@ -10,13 +10,18 @@
 #include "platform/posix/sub_folders.hpp"
 #include "platform/runtime_error.hpp"
 
+#include <cerrno>
+
 namespace pelrath::batch {
 
 namespace {
 
 void requireFolder(const std::string& folder) {
     if (folderExists(folder)) return;
-    if (const int error = makeFolder(folder); error != 0) throw makeSystemError(error, "extract", folder);
+    const int error = makeFolder(folder);
+    if (error == 0) return;
+    // What is missing is the folder above.
+    throw makeSystemError(error == ENOENT ? ENOTDIR : error, "extract", folder);
 }
 
 } // namespace
@@ -39,6 +44,7 @@ int extractTextures(const Arguments& arguments, const Console& console) {
     openArchive(session, arguments.archive);
     session.programFolder = console.programFolder;
     Telling telling{console, arguments.quiet, extractedLine};
+    tellInterrupted(arguments.archive, console, telling);
     std::vector<std::string> unmatched;
     const std::vector<std::int16_t> textures = chosenTextures(session.archive, arguments.chosen, unmatched);
     requireFolder(arguments.extraction.folder);

@@ -1,6 +1,6 @@
 #include "batch/console/commands.hpp"
 
-#include "batch/console/telling.hpp"
+#include "batch/console/interruptions.hpp"
 #include "batch/insertion.hpp"
 #include "batch/opened_archive.hpp"
 #include "batch/restoration.hpp"
@@ -17,7 +17,9 @@ namespace {
 void openToWrite(Session& session, const Arguments& arguments, const Console& console, Telling& telling) {
     session.programFolder = console.programFolder;
     session.otherProgramFolder = console.otherProgramFolder;
-    if (!arguments.dryRun) {
+    if (arguments.dryRun) {
+        tellInterrupted(arguments.archive, console, telling);
+    } else {
         CollectedMessages messages;
         InsertionRecovery{messages, session}.look();
         for (const std::string& line : messages.take()) {
@@ -25,6 +27,15 @@ void openToWrite(Session& session, const Arguments& arguments, const Console& co
         }
     }
     openArchive(session, arguments.archive);
+}
+
+/// Why a run would write nothing at all, whatever is planned; empty where nothing keeps it.
+std::string whyNothing(const Arguments& arguments) {
+    if (!arguments.writeReadOnly && isReadOnly(fileMode(InputFile{arguments.archive})))
+        return arguments.archive + " is read-only: without --write-read-only nothing is done";
+    if (!arguments.noSafeCopy && !folderExists(arguments.safeCopyFolder))
+        return arguments.safeCopyFolder + " is no folder: without the safe copy nothing is done";
+    return {};
 }
 
 using Run = std::function<Report(const WritingTerms&)>;
@@ -37,8 +48,8 @@ int carryOut(const Arguments& arguments, Session& session, const Plan& plan, con
         for (const TextureReport& texture : report.textures) {
             telling.ended(texture);
         }
-        if (!arguments.writeReadOnly && isReadOnly(fileMode(InputFile{arguments.archive}))) {
-            telling.message(arguments.archive + " is read-only: without --write-read-only nothing is done");
+        if (const std::string reason = whyNothing(arguments); !reason.empty()) {
+            telling.message(reason);
             return NotAll;
         }
         return telling.conclude(report, words + ", were it no dry run");
