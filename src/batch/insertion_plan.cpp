@@ -52,7 +52,9 @@ private:
         if (places.size() == 1) {
             addOf(places.front(), path);
         } else if (places.empty()) {
-            PlannedFile file = refusedFile("no texture of the archive has a file of this name", path);
+            const bool missing = stranger == Fate::Refused && !isNameTaken(path);
+            PlannedFile file = refusedFile(
+                missing ? "it is not there" : "no texture of the archive has a file of this name", path);
             file.fate = stranger;
             strangers_.files.push_back(file);
         } else {

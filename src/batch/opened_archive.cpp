@@ -1,6 +1,7 @@
 #include "batch/opened_archive.hpp"
 
 #include "archive/image_file_kind.hpp"
+#include "batch/collected_messages.hpp"
 #include "platform/posix/files.hpp"
 #include "platform/runtime_error.hpp"
 #include "platform/text.hpp"
@@ -26,7 +27,7 @@ ArchiveContents openArchive(Session& session, const std::string& path) try {
     session.archive = makeCatalogue(contents);
     return contents;
 } catch (const DamagedArchive& damage) {
-    throw UnreadableArchive{path + " is damaged: " + damage.what()};
+    throw UnreadableArchive{path + " is damaged: " + asOneLine(damage.what())};
 } catch (const RuntimeError& error) {
     throw UnreadableArchive{error.description()};
 }

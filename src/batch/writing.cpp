@@ -21,8 +21,12 @@ Report Writing::run(const Plan& plan, RunWatcher& watcher) {
         TextureReport part = untried(texture);
         if (texture.hasWork() && report.ended.empty()) {
             report.stopped = report.stopped || watcher.stopIsAsked();
-            if (!report.stopped && (begun || begin(report))) {
-                begun = true;
+            if (!report.stopped && !begun) {
+                begun = begin(report);
+                // The copy may have taken long.
+                report.stopped = !report.safeCopy.empty() && watcher.stopIsAsked();
+            }
+            if (!report.stopped && begun) {
                 watcher.begins(texture.name, report.textures.size() + 1, plan.size());
                 part = write(texture);
             }

@@ -26,6 +26,8 @@ TEST(Console, ExtractsWhatIsAskedForAndTellsWhatItCannot) {
         {"a chain as an image", "a.cdds wall --as image --levels chain", 1, "", "holds one level"},
         {"a name that there is not", "a.cdds wall w --as dds --levels chain", 1, "wall-8x8.dds",
          "w: @/a.cdds has no such texture"},
+        {"brackets around it", "a.cdds [w] --as dds --levels chain", 1, "", "[w]: @/a.cdds has no such"},
+        {"nothing in brackets", "a.cdds [] --as dds --levels chain", 1, "", "[]: @/a.cdds has no such"},
         {"no folder", "a.cdds --as dds --levels all --to ", 2, "", "--to"},
         {"an unknown word", "a.cdds --as dds --levels some", 2, "", "it is one of largest, all, chain"},
         {"no archive", "none --as dds --levels all", 3, "", "File not found (@/none)"},
@@ -43,12 +45,14 @@ TEST(Console, OverwritesNothingUnasked) {
     h.folder.makeFolder("out");
     (void)h.folder.write("out/wall-8x8.dds", "old");
     std::filesystem::create_symlink("../a.cdds", h.folder.file("out/wall-4x4.dds"));
+    std::filesystem::create_symlink("../elsewhere", h.folder.file("out/wall-1x1.dds"));
     const std::string before = h.archive(), command = "extract @/a.cdds --to @/out --as dds --levels all";
     h.stop = [&h, planned = false]() mutable { // behind the plan's look
         return !std::exchange(planned, true) && h.folder.write("out/wall-2x2.dds", "late").empty();
     };
     EXPECT_EQ(h(command), 1);
     EXPECT_EQ(row(h.folder.read("out/wall-8x8.dds"), h.folder.read("out/wall-2x2.dds")), "old, late");
+    EXPECT_FALSE(h.folder.has("elsewhere"));
     EXPECT_NE(h.err.find("wall-8x8.dds: it is there already"), std::string::npos);
     EXPECT_EQ(h(command + " --overwrite"), 1);
     EXPECT_EQ(h.folder.read("out/wall-8x8.dds").size(), 128U + 32U);
@@ -94,6 +98,13 @@ TEST(Console, InsertsFilesThatFitAndNoOther) {
              1,
              "",
              "Path not found (@/no)"},
+            {"a dry run of that",
+             {{"wall-4x4.dds", small}},
+             "-n --safe-copy @/no",
+             1,
+             "",
+             "@/no is no folder"},
+            {"a file that is not there", {}, none + " @/no", 1, "", "@/no: it is not there"},
             {"a dry run",
              {{"wall-8x8.dds", dxt1}},
              none + " -n",
@@ -247,6 +258,9 @@ TEST(Console, WritesOnTheTermsAgreedOnAndGivesEverythingBack) {
     EXPECT_NE(h.err.find("stopped: 1 file(s) inserted, 1 not reached."), std::string::npos) << h.err;
     EXPECT_EQ(h("diff @/a.cdds @/copies/a-0.cdds"), 1);
     EXPECT_EQ(h.out.find("wall"), std::string::npos) << h.out;
+    asked = 0; // behind the copy
+    EXPECT_EQ(h(insert + "--safe-copy @/copies"), 4);
+    EXPECT_NE(h.err.find("stopped: 0 file(s) inserted, 2 not reached."), std::string::npos) << h.err;
     for (const char* other : {"a.cdds", "other"}) {
         (void)h.folder.write("other", ArchiveBuilder{CddsType::TypeCdds, {wall, mask}}.build());
         EXPECT_EQ(h(std::string{"restore --no-safe-copy @/a.cdds @/"} + other), 1);
@@ -337,7 +351,16 @@ TEST(Console, CompletesWhatWasInterruptedBeforeItWrites) {
     const JournalRecord record{
         h.folder.file("a.cdds"), "wall.bmp", file.identity(), tablesChecksum(catalogue), 0644, {fresh}, was};
     { Journal{h.folder.file("program"), record}.note(record); }
-    EXPECT_EQ(h("insert -n @/a.cdds @/copies --no-safe-copy"), 0);
+    for (const auto& [line, code] : {std::pair{"insert -n --no-safe-copy @/a.cdds @/copies", 0},
+                                     {"list @/a.cdds", 0},
+                                     {"check @/a.cdds", 1},
+                                     {"diff @/a.cdds @/a.cdds", 0},
+                                     {"extract @/a.cdds --to @/out --as dds --levels chain", 0}}) {
+        EXPECT_EQ(h(line), code) << line;
+        EXPECT_NE(h.err.find("@/a.cdds: the insertion of the texture \"wall.bmp\" was interrupted"),
+                  std::string::npos)
+            << line << h.err;
+    }
     EXPECT_TRUE(h.archive() == before);
     EXPECT_EQ(h("insert @/a.cdds @/copies --no-safe-copy"), 0);
     EXPECT_NE(h.err.find("was interrupted. It has been completed now: its level has the new data."),
@@ -376,9 +399,12 @@ TEST(Console, ChecksEveryLevelAndListsThemAll) {
               1);
     EXPECT_EQ(batch::asOneLine("Error: 5 \r\n\r\nIt is gone.\r\nPlease look."),
               "Error: 5: It is gone. Please look");
+    const std::string deaf = PELRATH_BATCH " list " + h.folder.file("a.cdds") + " <&- >&- 2>&-";
+    EXPECT_EQ(std::system(deaf.c_str()), 1 << 8) << "nobody could be told";
     (void)h.folder.write("a.cdds", "cdds");
     EXPECT_EQ(h("check @/a.cdds"), 3);
     EXPECT_NE(h.err.find("@/a.cdds is damaged: "), std::string::npos) << h.err;
+    EXPECT_EQ(h.err.find(".."), std::string::npos) << h.err;
 }
 
 } // namespace

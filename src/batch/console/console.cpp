@@ -3,6 +3,7 @@
 #include "batch/console/commands.hpp"
 #include "batch/opened_archive.hpp"
 #include "platform/runtime_error.hpp"
+#include "platform/text.hpp"
 
 #include <ostream>
 
@@ -34,7 +35,7 @@ int perform(const Arguments& arguments, const Console& console) {
 
 int run(const std::vector<std::string>& line, const Console& console) {
     const auto told = [&console](const std::exception& error, ExitCode code) {
-        console.err << "pelrath-batch: " << error.what() << ".\n";
+        console.err << "pelrath-batch: " << visibleText(error.what()) << ".\n";
         return code;
     };
     try {
@@ -42,8 +43,10 @@ int run(const std::vector<std::string>& line, const Console& console) {
         const std::optional<Arguments> arguments = parseArguments(line, console.out, console.err, exitCode);
         if (arguments) exitCode = perform(*arguments, console);
         console.out.flush();
+        if (console.out) return exitCode;
         // What nobody could be told is not done.
-        return console.out || exitCode != AllWell ? exitCode : NotAll;
+        console.err << "pelrath-batch: the output could not be written.\n";
+        return exitCode == AllWell ? NotAll : exitCode;
     } catch (const UnreadableArchive& error) {
         return told(error, Unreadable);
     } catch (const std::exception& error) {

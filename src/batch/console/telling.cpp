@@ -27,7 +27,7 @@ void Telling::show(const std::string& what, std::uint64_t done, std::uint64_t to
 
 void Telling::message(const std::string& text) {
     clear();
-    console_.err << "pelrath-batch: " << text << ".\n" << std::flush;
+    console_.err << "pelrath-batch: " << visibleText(text) << ".\n" << std::flush;
 }
 
 void Telling::result(const std::string& text) {
