@@ -64,7 +64,7 @@ std::string restoreFrom(const FoundCopy& copy, const batch::Plan& plan, const st
     batch::requireCopy(session, then);
     batch::WritingTerms terms;
     terms.safeCopyFolder = safeCopyFolder;
-    terms.writeReadOnly = true;
+    terms.writeReadOnly = watch.writeReadOnly;
     terms.busy = watch.busy;
     Watcher watcher{watch};
     watch.begins("Making a safe copy ...");

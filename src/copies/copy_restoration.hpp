@@ -15,6 +15,7 @@ struct RestorationWatch {
     std::function<bool()> stopIsAsked;              ///< between two textures; the window is painted meanwhile
     std::function<void(const std::string&)> begins; ///< tells what is being done
     BusySign* busy = nullptr;                       ///< shows the safe copy at work
+    bool writeReadOnly = false; ///< that a read-only archive is made writable has been agreed on
 };
 
 /// Puts these textures of the session's archive back as they are in the copy, each in one transaction, after

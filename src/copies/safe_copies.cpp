@@ -205,10 +205,11 @@ void SafeCopies::restore() {
         return;
     }
     const batch::Plan plan = markedOf(*row);
-    if (!plan.empty() && agreed(*row, plan.size())) putBack(copy, plan);
+    const bool readOnly = archiveIsReadOnly(session_);
+    if (!plan.empty() && agreed(*row, plan.size(), readOnly)) putBack(copy, plan, readOnly);
 }
 
-bool SafeCopies::agreed(const CopyRow& row, std::size_t count) {
+bool SafeCopies::agreed(const CopyRow& row, std::size_t count, bool readOnly) {
     const std::size_t all = row.look.differences.size();
     std::string text = count == all ? "Put the whole archive back as it is in "
                                     : "Put " + countOf(count, "texture", "textures") + " back as in ";
@@ -219,7 +220,7 @@ bool SafeCopies::agreed(const CopyRow& row, std::size_t count) {
         text += "The other " + std::to_string(all - count) + " that differ stay as they are. ";
     }
     text += "Before that, a safe copy of the archive as it is now is made in the same folder.";
-    if (archiveIsReadOnly(session_)) {
+    if (readOnly) {
         text += paragraph + session_.archivePath +
                 " is read only. It is made writable for this, and read only again afterwards.";
     }
@@ -227,7 +228,7 @@ bool SafeCopies::agreed(const CopyRow& row, std::size_t count) {
            BoxAnswer::Ok;
 }
 
-void SafeCopies::putBack(const FoundCopy& copy, const batch::Plan& plan) {
+void SafeCopies::putBack(const FoundCopy& copy, const batch::Plan& plan, bool writeReadOnly) {
     looks_.stop();
     services_.recovery.look();
     txtSummary.setText("");
@@ -239,7 +240,7 @@ void SafeCopies::putBack(const FoundCopy& copy, const batch::Plan& plan) {
     txtSummary.setText(
         restoreFrom(copy, plan, session_.settings.cddsBackupFolder, session_,
                     {services_.stopIsAsked, [this](const std::string& text) { txtSummary.setText(text); },
-                     &services_.busy}));
+                     &services_.busy, writeReadOnly}));
     cmdFolder.setEnabled(true);
     cmdClose.setEnabled(true);
     kept_ = copy.path;

@@ -53,8 +53,8 @@ private:
     void settleButtons();
     void restore();
     [[nodiscard]] batch::Plan markedOf(const CopyRow& row) const;
-    [[nodiscard]] bool agreed(const CopyRow& row, std::size_t count);
-    void putBack(const FoundCopy& copy, const batch::Plan& plan);
+    [[nodiscard]] bool agreed(const CopyRow& row, std::size_t count, bool readOnly);
+    void putBack(const FoundCopy& copy, const batch::Plan& plan, bool writeReadOnly);
     [[nodiscard]] const CopyRow* chosen() const;
     [[nodiscard]] std::string archiveName() const;
 

@@ -16,13 +16,20 @@ TransferChoices asExtracted(const ExtractedFile& file) {
     return choices;
 }
 
+/// Its device, inode and time of birth, as another file can get the inode of one that is gone.
+std::optional<std::tuple<std::uint64_t, std::uint64_t, std::int64_t>> fileOf(const std::string& path) {
+    const auto file = identityOf(path);
+    if (!file) return std::nullopt;
+    return std::tuple{file->device, file->inode, file->born};
+}
+
 } // namespace
 
 void InsertionMemory::note(const Insertion& insertion, const Session& session, bool byHand) {
     if (insertion.levels > 0 && byHand)
         choices_[{session.archivePath, session.selectedTexture}] = insertion.choices;
-    const auto archive = identityOf(session.archivePath);
-    if (insertion.safeCopyMade && archive) safe_.emplace(archive->device, archive->inode);
+    const auto archive = fileOf(session.archivePath);
+    if (insertion.safeCopyMade && archive) safe_.insert(*archive);
 }
 
 TransferChoices InsertionMemory::choicesFor(const EditedFile& file, const Session& session) const {
@@ -34,8 +41,8 @@ TransferChoices InsertionMemory::choicesFor(const EditedFile& file, const Sessio
 }
 
 bool InsertionMemory::hasSafeCopy(const std::string& archivePath) const {
-    const auto archive = identityOf(archivePath);
-    return archive && safe_.count({archive->device, archive->inode}) != 0;
+    const auto archive = fileOf(archivePath);
+    return archive && safe_.count(*archive) != 0;
 }
 
 } // namespace pelrath::editing

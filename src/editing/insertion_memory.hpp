@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace pelrath::editing {
@@ -25,7 +26,7 @@ public:
 
 private:
     std::map<std::pair<std::string, std::int16_t>, TransferChoices> choices_; ///< by archive and texture
-    std::set<std::pair<std::uint64_t, std::uint64_t>> safe_;                  ///< by device and inode
+    std::set<std::tuple<std::uint64_t, std::uint64_t, std::int64_t>> safe_;   ///< by what stays of a file
 };
 
 } // namespace pelrath::editing

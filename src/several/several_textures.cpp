@@ -65,23 +65,22 @@ void SeveralTextures::connectAll() {
     });
 }
 
-bool SeveralTextures::isArchiveInPlace() {
+std::optional<InputFile> SeveralTextures::archiveInPlace() {
     if (!isPossible()) {
         services_.boxes.exclamation("No archive with textures has been read. Please choose one first.",
                                     title);
-        return false;
+        return std::nullopt;
     }
     try {
-        (void)session_.archiveFile.open(session_.archivePath, session_.archive);
-        return true;
+        return session_.archiveFile.open(session_.archivePath, session_.archive);
     } catch (const RuntimeError& error) {
         services_.boxes.exclamation(error.description() + ".", title);
-        return false;
+        return std::nullopt;
     }
 }
 
 void SeveralTextures::show(const Window& owner, const std::string& usualFolder) {
-    if (window.isLoaded() || !isArchiveInPlace()) return;
+    if (window.isLoaded() || !archiveInPlace()) return;
     begin(owner, usualFolder);
     services_.windows.showModal(window);
     plannedFor_.reset();
@@ -192,11 +191,11 @@ void SeveralTextures::take(const Wish& wish, PlanAnswer answer) {
 }
 
 bool SeveralTextures::isReady() {
-    if (!planned_.wish.insertion) return isArchiveInPlace();
+    if (!planned_.wish.insertion) return archiveInPlace().has_value();
     services_.recovery.look();
-    if (!isArchiveInPlace()) return false;
-    const InputFile archive{session_.archivePath};
-    planned_.writeReadOnly = isReadOnly(fileMode(archive));
+    const auto archive = archiveInPlace();
+    if (!archive) return false;
+    planned_.writeReadOnly = isReadOnly(fileMode(*archive));
     if (!planned_.writeReadOnly) return true;
     const BoxAnswer consent = services_.boxes.show(
         session_.archivePath + " is Read Only.\r\n\r\n- Select Ok to make it writable for the insertion,\r\n"

@@ -56,7 +56,7 @@ private:
     void connectAll();
     void begin(const Window& owner, const std::string& usualFolder);
     /// As the main window has read it; otherwise that has been told.
-    [[nodiscard]] bool isArchiveInPlace();
+    [[nodiscard]] std::optional<InputFile> archiveInPlace();
     void showPhase(Phase phase);
     void showMarks();
 

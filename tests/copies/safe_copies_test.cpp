@@ -126,7 +126,10 @@ TEST(SafeCopies, LeadBack) {
          "Safe copy done as @/copies/a-1.cdds|1 texture put back from @/copies/a-0.cdds|"},
         {"no mark at all", [](SafeCopiesHarness& h) { h.window.cmdNone.press(); }, nullptr, now, ""},
         {"the answer is no", [](SafeCopiesHarness& h) { h.boxes.answer = BoxAnswer::Cancel; }, "?", now, ""},
-        {"stopped behind the first", [](SafeCopiesHarness& h) { h.stopAt = 2; }, "?",
+        {"stopped behind the copy", [](SafeCopiesHarness& h) { h.stopAt = 2; }, "?", now,
+         "Safe copy done as @/copies/a-1.cdds|0 textures put back from @/copies/a-0.cdds|"
+         "Stopped: 2 textures left as they are.|"},
+        {"stopped behind the first", [](SafeCopiesHarness& h) { h.stopAt = 3; }, "?",
          archiveOf('x', '2', '3'),
          "Safe copy done as @/copies/a-1.cdds|1 texture put back from @/copies/a-0.cdds|"
          "Stopped: 1 texture left as they are.|"},
