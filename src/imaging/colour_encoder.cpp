@@ -2,6 +2,7 @@
 
 #include "imaging/checked_bytes.hpp"
 #include "imaging/exact_coding.hpp"
+#include "imaging/stored_colours.hpp"
 
 #include <algorithm>
 #include <bit>
@@ -57,16 +58,6 @@ unsigned squaredDistance(const BlockTexels& a, const BlockTexels& b) {
         sum += off * off;
     }
     return static_cast<unsigned>(sum);
-}
-
-void keepBetter(ColourCodings& best, const ColourCodings& other) {
-    const LaneInts better = other.error < best.error;
-    best.four = choose(better, other.four, best.four);
-    best.error = choose(better, other.error, best.error);
-    for (std::size_t c = 0; c < best.first.size(); ++c) {
-        best.first[c] = choose(better, other.first[c], best.first[c]);
-        best.second[c] = choose(better, other.second[c], best.second[c]);
-    }
 }
 
 /// Those that are marked, each once, but no more than five.
@@ -182,10 +173,8 @@ void ColourEncoder::run(Queue& queue, bool cutOut) const {
         texels[lane] = task.visible == 0xFFFF ? task.texels : onlyMarked(task.texels, task.visible);
     }
     const ColourBatch batch = batchOf(texels, visible);
-    ColourCodings codings = fitColours(batch, cutOut ? PaletteKind::Three : PaletteKind::Four);
-    if (format_ == BlockFormat::Dxt1 && !cutOut && anyOf(codings.error > 0)) {
-        keepBetter(codings, fitColours(batch, PaletteKind::Three));
-    }
+    const Palettes whole = format_ == BlockFormat::Dxt1 ? Palettes::Either : Palettes::Four;
+    ColourCodings codings = fitColours(batch, cutOut ? Palettes::Three : whole);
     if (anyOf(codings.error > 0)) polishColours(batch, codings);
     const StoredColours stored = storedColours(batch, codings);
     for (std::size_t lane = 0; lane < queue.size; ++lane) {

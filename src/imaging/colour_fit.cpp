@@ -1,6 +1,6 @@
 #include "imaging/colour_fit.hpp"
 
-#include "imaging/block_decoder.hpp"
+#include "imaging/lane_palette.hpp"
 
 #include <span>
 #include <utility>
@@ -9,9 +9,8 @@ namespace pelrath {
 
 namespace {
 
-constexpr std::size_t colourChannels = 3;
-/// The largest steps of a stored end point's channels.
-constexpr std::array<float, colourChannels> lastSteps{31, 63, 31};
+/// How many colours a palette has. The fourth entry of one of three is clear, and is never chosen here.
+enum class PaletteKind { Four, Three };
 
 constexpr std::size_t entriesOf(PaletteKind kind) { return kind == PaletteKind::Four ? 4 : 3; }
 /// The first end point's share in each entry.
@@ -22,16 +21,17 @@ constexpr std::array<float, 4> shares = kind == PaletteKind::Four ? std::array{1
 template <PaletteKind kind>
 constexpr float cutOff = kind == PaletteKind::Four ? 1 / 3.0F : 0.25F;
 
-Lanes dot(const LaneColour& a, const LaneColour& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
-LaneColour between(const LaneColour& from, const LaneColour& to) {
-    return {to[0] - from[0], to[1] - from[1], to[2] - from[2]};
-}
-
 // ---- the line that the colours lie along
+
+/// Where the texels lie on the line; 0 is their middle.
+using Places = std::array<Lanes, texelsPerBlock>;
 
 struct Line {
     LaneColour middle{};
     LaneColour direction;
+    Lanes scale;   ///< makes a place along the direction, times it, the way there
+    Lanes squares; ///< the squared distances of all texels from the middle
+    Places places;
 };
 
 /// The covariance matrix: its diagonal; red with green, green with blue, blue with red.
@@ -88,13 +88,15 @@ Line lineThrough(const ColourBatch& batch) {
         }
     }
     line.direction = longestDirection(spread);
+    line.scale = 1 / most(dot(line.direction, line.direction), lanes(1e-20F));
+    line.squares = spread.own[0] + spread.own[1] + spread.own[2];
+    for (std::size_t i = 0; i < texelsPerBlock; ++i) {
+        line.places[i] = dot(between(line.middle, batch.texels[i]), line.direction);
+    }
     return line;
 }
 
 // ---- where on the line the palette fits best
-
-/// Where the texels lie on the line; 0 is their middle.
-using Places = std::array<Lanes, texelsPerBlock>;
 
 struct Segment {
     Lanes explained = lanes(-1); ///< of the squared distances from the middle
@@ -129,11 +131,11 @@ void settle(const Places& places, const Places& weights, Lanes all, Lanes from, 
 }
 
 template <PaletteKind kind>
-Segment bestSegment(const Places& places, const Places& weights) {
+Segment bestSegment(const Line& line, const std::array<Lanes, texelsPerBlock>& weights) {
     // By how much of the places' length the ends are moved inwards at first.
     constexpr std::pair<float, float> starts[] = {{0, 0}, {0.1F, 0.1F}, {0, 0.2F}, {0.2F, 0}};
-    Lanes low = places[0], high = places[0];
-    for (const Lanes& place : places) {
+    Lanes low = line.places[0], high = line.places[0];
+    for (const Lanes& place : line.places) {
         low = least(low, place);
         high = most(high, place);
     }
@@ -145,36 +147,21 @@ Segment bestSegment(const Places& places, const Places& weights) {
     const Lanes length = high - low;
     constexpr std::size_t worthTrying = kind == PaletteKind::Four ? 4 : 2;
     for (const auto& [below, above] : std::span{starts}.template first<worthTrying>()) {
-        settle<kind>(places, weights, all, low + length * below, high - length * above, best);
+        settle<kind>(line.places, weights, all, low + length * below, high - length * above, best);
     }
     return best;
 }
 
 // ---- end points that can be stored
 
-struct Ends {
-    LaneColour first;
-    LaneColour second;
-};
-
-Lanes widened(Lanes step, std::size_t channel) {
-    return channel == 1 ? step * 4 + cut(step * (1 / 16.0F)) : step * 8 + cut(step * (1 / 4.0F));
-}
 Lanes nearestStep(Lanes value, std::size_t channel) {
     return cut(within(value * (lastSteps[channel] / 255) + 0.5F, 0.5F, lastSteps[channel] + 0.5F));
 }
 
-template <PaletteKind kind>
-Ends endsAlong(const Line& line, const ColourBatch& batch) {
-    Places places;
-    for (std::size_t i = 0; i < texelsPerBlock; ++i) {
-        places[i] = dot(between(line.middle, batch.texels[i]), line.direction);
-    }
-    const Segment segment = bestSegment<kind>(places, batch.weights);
-    const Lanes length = 1 / most(dot(line.direction, line.direction), lanes(1e-20F));
+Ends endsAlong(const Line& line, const Segment& segment) {
     Ends ends;
     for (std::size_t c = 0; c < colourChannels; ++c) {
-        const Lanes unit = line.direction[c] * length;
+        const Lanes unit = line.direction[c] * line.scale;
         ends.first[c] = nearestStep(line.middle[c] + unit * segment.from, c);
         ends.second[c] = nearestStep(line.middle[c] + unit * segment.to, c);
     }
@@ -238,28 +225,7 @@ Ends bestEnds(const Fit& fit, const Ends& before) {
     return ends;
 }
 
-// ---- what decoders make of end points
-
-using LanePalette = std::array<LaneColour, 4>;
-
-/// One channel of the four entries. The fourth of a palette of three is left as the third.
-std::array<Lanes, 4> entriesBetween(Lanes first, Lanes second, LaneInts four, std::size_t channel) {
-    const Lanes a = widened(first, channel), b = widened(second, channel);
-    const Lanes half = cut((a + b) * 0.5F);
-    return {a, b, choose(four, cut((2 * a + b + 0.5F) * (1 / 3.0F)), half),
-            choose(four, cut((a + 2 * b + 0.5F) * (1 / 3.0F)), half)};
-}
-
-LanePalette lanePaletteOf(const Ends& ends, LaneInts four) {
-    LanePalette palette;
-    for (std::size_t c = 0; c < colourChannels; ++c) {
-        const std::array<Lanes, 4> entries = entriesBetween(ends.first[c], ends.second[c], four, c);
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            palette[i][c] = entries[i];
-        }
-    }
-    return palette;
-}
+// ---- trying end points
 
 struct Trial {
     Ends ends;
@@ -333,8 +299,8 @@ void tryBetween(const ColourBatch& batch, const Fit& fit, ColourCodings& best) {
 }
 
 template <PaletteKind kind>
-ColourCodings fit(const ColourBatch& batch) {
-    Ends ends = endsAlong<kind>(lineThrough(batch), batch);
+ColourCodings fit(const ColourBatch& batch, const Line& line, const Segment& segment) {
+    Ends ends = endsAlong(line, segment);
     Trial trial = tryEnds<kind>(batch, ends);
     ColourCodings best{laneInts(kind == PaletteKind::Four ? -1 : 0), ends.first, ends.second, trial.error};
     ends = bestEnds(trial.next, ends);
@@ -346,126 +312,43 @@ ColourCodings fit(const ColourBatch& batch) {
     return best;
 }
 
-ColourCodings fitEither(const ColourBatch& batch, PaletteKind kind) {
-    return kind == PaletteKind::Four ? fit<PaletteKind::Four>(batch) : fit<PaletteKind::Three>(batch);
-}
-
-// ---- the last steps
-
-/// The squared distances of all texels from all entries, in two of the three channels.
-using Distances = std::array<std::array<Lanes, 4>, texelsPerBlock>;
-
-Distances distancesWithout(std::size_t channel, const ColourBatch& batch, const LanePalette& palette) {
-    const std::size_t one = (channel + 1) % 3, other = (channel + 2) % 3;
-    Distances distances;
-    for (std::size_t i = 0; i < texelsPerBlock; ++i) {
-        for (std::size_t entry = 0; entry < palette.size(); ++entry) {
-            const Lanes x = batch.texels[i][one] - palette[entry][one];
-            const Lanes y = batch.texels[i][other] - palette[entry][other];
-            distances[i][entry] = x * x + y * y;
-        }
-    }
-    return distances;
-}
-
-void polishChannel(std::size_t channel, const ColourBatch& batch, ColourCodings& codings) {
-    const Distances distances =
-        distancesWithout(channel, batch, lanePaletteOf({codings.first, codings.second}, codings.four));
-    const Lanes first = codings.first[channel], second = codings.second[channel];
-    for (const auto& [up, otherUp] :
-         {std::pair{-1, -1}, {-1, 0}, {-1, 1}, {0, -1}, {0, 1}, {1, -1}, {1, 0}, {1, 1}}) {
-        const Lanes a = within(first + static_cast<float>(up), 0, lastSteps[channel]);
-        const Lanes b = within(second + static_cast<float>(otherUp), 0, lastSteps[channel]);
-        const std::array<Lanes, 4> entries = entriesBetween(a, b, codings.four, channel);
-        Lanes error{};
-        for (std::size_t i = 0; i < texelsPerBlock; ++i) {
-            std::array<Lanes, 4> all;
-            for (std::size_t entry = 0; entry < entries.size(); ++entry) {
-                const Lanes off = batch.texels[i][channel] - entries[entry];
-                all[entry] = distances[i][entry] + off * off;
-            }
-            error += batch.weights[i] * least(least(all[0], all[1]), least(all[2], all[3]));
-        }
-        const LaneInts better = error < codings.error;
-        codings.error = choose(better, error, codings.error);
-        codings.first[channel] = choose(better, a, codings.first[channel]);
-        codings.second[channel] = choose(better, b, codings.second[channel]);
+void keepBetter(ColourCodings& best, const ColourCodings& other) {
+    const LaneInts better = other.error < best.error;
+    best.four = choose(better, other.four, best.four);
+    best.error = choose(better, other.error, best.error);
+    for (std::size_t c = 0; c < colourChannels; ++c) {
+        best.first[c] = choose(better, other.first[c], best.first[c]);
+        best.second[c] = choose(better, other.second[c], best.second[c]);
     }
 }
 
-void polish(const ColourBatch& batch, ColourCodings& codings) {
-    for (const std::size_t channel : {1U, 0U, 2U}) {
-        polishChannel(channel, batch, codings);
+ColourCodings fit(const ColourBatch& batch, Palettes palettes) {
+    const Line line = lineThrough(batch);
+    if (palettes == Palettes::Three) {
+        return fit<PaletteKind::Three>(batch, line, bestSegment<PaletteKind::Three>(line, batch.weights));
     }
-}
-
-// ---- what is stored
-
-LaneInts packed(const LaneColour& end) { return toInts(end[0]) << 11 | toInts(end[1]) << 5 | toInts(end[2]); }
-
-LaneInts choicesOf(const ColourBatch& batch, const LanePalette& palette) {
-    LaneInts choices{};
-    for (std::size_t i = 0; i < texelsPerBlock; ++i) {
-        Lanes nearest = lanes(1e30F);
-        LaneInts choice{};
-        for (std::size_t entry = 0; entry < palette.size(); ++entry) {
-            const LaneColour off = between(palette[entry], batch.texels[i]);
-            const Lanes distance = dot(off, off);
-            const LaneInts nearer = distance < nearest;
-            nearest = choose(nearer, distance, nearest);
-            choice = choose(nearer, laneInts(static_cast<std::int32_t>(entry)), choice);
-        }
-        choices |= choice << static_cast<int>(2 * i);
-    }
-    return choices;
-}
-
-StoredColours stored(const ColourBatch& batch, const ColourCodings& codings) {
-    constexpr std::int32_t lowBits = 0x55555555;
-    const LaneInts a = packed(codings.first), b = packed(codings.second);
-    const LaneInts choices = choicesOf(batch, lanePaletteOf({codings.first, codings.second}, codings.four));
-    const LaneInts swapped = choose(codings.four, a<b, a> b);
-    // With the end points 0 and 1 change places, with those of four colours 2 and 3 do, too.
-    const LaneInts others = choices ^ choose(codings.four, laneInts(lowBits), ~(choices >> 1) & lowBits);
-    // Equal ends say that there are three colours: the fourth one would be clear.
-    const LaneInts all = choose(a == b, LaneInts{}, choose(swapped, others, choices));
-    return {choose(swapped, b, a), choose(swapped, a, b), all};
+    ColourCodings best =
+        fit<PaletteKind::Four>(batch, line, bestSegment<PaletteKind::Four>(line, batch.weights));
+    if (palettes == Palettes::Four || !anyOf(best.error > 0)) return best;
+    const Segment segment = bestSegment<PaletteKind::Three>(line, batch.weights);
+    // What ends of any colour would leave is hardly ever more than what those that can be stored leave.
+    const Lanes left = line.squares - segment.explained * line.scale;
+    if (anyOf(left < best.error)) keepBetter(best, fit<PaletteKind::Three>(batch, line, segment));
+    return best;
 }
 
 // ---- the same twice, for processors with and without registers of eight lanes
 
-[[gnu::flatten]] ColourCodings fitNarrow(const ColourBatch& batch, PaletteKind kind) {
-    return fitEither(batch, kind);
+[[gnu::flatten]] ColourCodings fitNarrow(const ColourBatch& batch, Palettes palettes) {
+    return fit(batch, palettes);
 }
-[[gnu::flatten, gnu::target("avx2")]] ColourCodings fitWide(const ColourBatch& batch, PaletteKind kind) {
-    return fitEither(batch, kind);
+[[gnu::flatten, gnu::target("avx2")]] ColourCodings fitWide(const ColourBatch& batch, Palettes palettes) {
+    return fit(batch, palettes);
 }
-[[gnu::flatten]] StoredColours storedNarrow(const ColourBatch& batch, const ColourCodings& codings) {
-    return stored(batch, codings);
-}
-[[gnu::flatten, gnu::target("avx2")]] StoredColours storedWide(const ColourBatch& batch,
-                                                               const ColourCodings& codings) {
-    return stored(batch, codings);
-}
-[[gnu::flatten]] void polishNarrow(const ColourBatch& batch, ColourCodings& codings) {
-    polish(batch, codings);
-}
-[[gnu::flatten, gnu::target("avx2")]] void polishWide(const ColourBatch& batch, ColourCodings& codings) {
-    polish(batch, codings);
-}
-
 } // namespace
 
-ColourCodings fitColours(const ColourBatch& batch, PaletteKind kind) {
-    return hasWideRegisters() ? fitWide(batch, kind) : fitNarrow(batch, kind);
-}
-
-void polishColours(const ColourBatch& batch, ColourCodings& codings) {
-    hasWideRegisters() ? polishWide(batch, codings) : polishNarrow(batch, codings);
-}
-
-StoredColours storedColours(const ColourBatch& batch, const ColourCodings& codings) {
-    return hasWideRegisters() ? storedWide(batch, codings) : storedNarrow(batch, codings);
+ColourCodings fitColours(const ColourBatch& batch, Palettes palettes) {
+    return hasWideRegisters() ? fitWide(batch, palettes) : fitNarrow(batch, palettes);
 }
 
 } // namespace pelrath

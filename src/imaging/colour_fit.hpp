@@ -22,25 +22,11 @@ struct ColourCodings {
     Lanes error;
 };
 
-/// The same as they are stored: end points of 5, 6 and 5 bits in the order that says which palette it is, and
-/// two bits for each texel, the first one's lowest.
-struct StoredColours {
-    LaneInts first;
-    LaneInts second;
-    LaneInts choices;
-};
-
-/// How many colours a palette has, its end points among them. The fourth entry of one of three is clear, and
-/// is never chosen here.
-enum class PaletteKind { Four, Three };
+/// Which palettes a block may have: of four colours, of three with the fourth entry clear and never chosen
+/// here, or for each block the one that comes nearer.
+enum class Palettes { Four, Three, Either };
 
 /// Finds good codings: the end points are fitted to the texels nearest to each entry of the palette.
-[[nodiscard]] ColourCodings fitColours(const ColourBatch& batch, PaletteKind kind);
-
-/// Moves the end points by steps, one channel after another, to where they leave a smaller error.
-void polishColours(const ColourBatch& batch, ColourCodings& codings);
-
-/// With the nearest entry for each texel.
-[[nodiscard]] StoredColours storedColours(const ColourBatch& batch, const ColourCodings& codings);
+[[nodiscard]] ColourCodings fitColours(const ColourBatch& batch, Palettes palettes);
 
 } // namespace pelrath

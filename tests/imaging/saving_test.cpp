@@ -155,6 +155,45 @@ TEST(LevelEncoder, KeepsAKnownCodingUnlessAnotherComesNearer) {
     EXPECT_GT(*std::ranges::min_element(ties), 2);
 }
 
+TEST(LevelEncoder, ComesAsNearAsTheBlocksThatANoisyPictureIsMadeOf) {
+    constexpr std::uint32_t side = 64;
+    constexpr std::size_t bytes = std::size_t{side} * side * 4;
+    for (const char* kind : {"four colours", "three colours", "three colours and clear texels"}) {
+        constexpr std::byte above{0x80}, none{};
+        const bool four = kind == std::string{"four colours"}, cutOut = std::string{kind}.ends_with("texels");
+        std::minstd_rand random;
+        std::vector<std::byte> made(bytes / 8), coded(made.size());
+        std::generate(made.begin(), made.end(), [&random] { return static_cast<std::byte>(random() >> 8); });
+        for (std::size_t i = 0; i < made.size(); i += 8) { // the higher end first says four colours
+            made[i + 1] = (made[i + 1] & std::byte{0x7F}) | (four ? above : none);
+            made[i + 3] = (made[i + 3] & std::byte{0x7F}) | (four ? none : above);
+            for (std::size_t texels = i + 4; !four && !cutOut && texels < i + 8; ++texels) {
+                made[texels] &= ~(made[texels] << 1 & std::byte{0xAA}); // none is the clear entry
+            }
+        }
+        std::vector<std::uint8_t> picture(bytes), decoded(bytes);
+        const auto decode = [](const std::vector<std::byte>& blocks, std::vector<std::uint8_t>& texels) {
+            decodeLevel(BlockFormat::Dxt1, blocks, side, side, std::as_writable_bytes(std::span{texels}));
+        };
+        decode(made, picture);
+        for (std::size_t i = 0; i < bytes; ++i) {
+            const int noisy = std::clamp(picture[i] + static_cast<int>(random() % 9) - 4, 0, 255);
+            if (i % 4 != 3) picture[i] = static_cast<std::uint8_t>(noisy);
+        }
+        LevelEncoder{BlockFormat::Dxt1, {{side, side}, 0, 4, true, picture}, {}, coded}.encodeAll();
+        const auto loss = [&](const std::vector<std::byte>& blocks) {
+            decode(blocks, decoded);
+            int sum = 0;
+            for (std::size_t i = 0; i < bytes; ++i) {
+                const bool counts = picture[i | 3] != 0 && i % 4 != 3;
+                if (counts) sum += (picture[i] - decoded[i]) * (picture[i] - decoded[i]);
+            }
+            return sum;
+        };
+        EXPECT_LE(loss(coded), loss(made)) << kind;
+    }
+}
+
 TEST(LevelEncoder, LeavesNoOtherTexelsClearAndNoColourOut) {
     // The texels of a picture four wide, a coding that is known of it, the squared loss.
     const std::tuple<const char*, const char*, const char*, int> cases[] = {
