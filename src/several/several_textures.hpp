@@ -1,7 +1,6 @@
 #pragma once
 
 #include "controls/modal_windows.hpp"
-#include "platform/event_pump.hpp"
 #include "platform/message_boxes.hpp"
 #include "platform/screen.hpp"
 #include "session/session.hpp"

@@ -51,8 +51,7 @@ bool BazarTempCopy::chooseType(const TextureRecord& texture) {
     const auto native = nativeImageKind(texture);
     const OutputFileType type =
         native && native->kind == ImageFileKind::Tga ? OutputFileType::Tga : OutputFileType::Bmp;
-    return imaging_.facade.setSaveImageOptions(static_cast<std::int32_t>(type), imaging_.options.imageType,
-                                               imaging_.options.extension);
+    return imaging_.saveAs(type);
 }
 
 bool BazarTempCopy::mayReplace(const std::string& path, const std::string& name) {

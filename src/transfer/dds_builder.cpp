@@ -12,8 +12,7 @@ bool DdsBuilder::chooseFormat(const TextureRecord& texture) {
     const auto native = nativeImageKind(texture);
     const OutputFileType type =
         native && native->kind == ImageFileKind::Bmp ? OutputFileType::DdsDxt1 : OutputFileType::DdsDxt5;
-    return imaging_.facade.setSaveImageOptions(static_cast<std::int32_t>(type), imaging_.options.imageType,
-                                               imaging_.options.extension);
+    return imaging_.saveAs(type);
 }
 
 bool DdsBuilder::buildWithLibraryChain(const std::string& path, HeldArchive& archive, std::size_t first,

@@ -2,6 +2,10 @@
 
 namespace pelrath {
 
+bool TransferImaging::saveAs(OutputFileType type) const {
+    return facade.setSaveImageOptions(static_cast<std::int32_t>(type), options.imageType, options.extension);
+}
+
 void runOnLevel(LongWork& longWork, const DdsExport& dds, std::int16_t textureIndex, std::int16_t level,
                 const std::function<void()>& work) {
     longWork.run(static_cast<std::uint64_t>(dds.level(textureIndex, level).dataSize), work);
@@ -19,10 +23,7 @@ bool LoadedLevel::load(const WorkingFolder& programFolder, std::int16_t textureI
         boxes_.critical("LoadImage " + staged + " error", "SimpleImageInsertion");
         return false;
     }
-    const auto fileType =
-        static_cast<std::int32_t>(kind == ImageFileKind::Bmp ? OutputFileType::Bmp : OutputFileType::Tga);
-    return imaging_.facade.setSaveImageOptions(fileType, imaging_.options.imageType,
-                                               imaging_.options.extension);
+    return imaging_.saveAs(kind == ImageFileKind::Bmp ? OutputFileType::Bmp : OutputFileType::Tga);
 }
 
 bool LoadedLevel::save(const std::string& path, Durability durability, OldFile old) {

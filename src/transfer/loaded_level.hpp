@@ -21,6 +21,9 @@ struct TransferImaging {
     const LibraryImages& images;
     SaveImageOptions& options;
     ImageLibraryUse& use;
+
+    /// Has pictures saved as this type from now on. False where the library refused, which it has told.
+    [[nodiscard]] bool saveAs(OutputFileType type) const;
 };
 
 /// A level of an archive on its way into an image file. What the library reports and what the system refuses

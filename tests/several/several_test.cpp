@@ -1,4 +1,5 @@
 #include "archive_builder.hpp"
+#include "platform/event_pump.hpp"
 #include "several/several_textures.hpp"
 #include "support/answering_desktop.hpp"
 #include "support/recording_boxes.hpp"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mainwindow/viewer/dds_file.hpp"
+#include "mainwindow/viewer/dds_picture.hpp"
 #include "mainwindow/viewer/viewport_surface.hpp"
 #include "platform/event_pump.hpp"
 

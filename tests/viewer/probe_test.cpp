@@ -1,6 +1,6 @@
-#include "mainwindow/viewer/dds_probe.hpp"
+#include "mainwindow/viewer/image_info.hpp"
 
-#include "mainwindow/viewer/dds_file.hpp"
+#include "mainwindow/viewer/dds_picture.hpp"
 #include "mainwindow/viewer/quad.hpp"
 #include "support/recording_boxes.hpp"
 #include "support/temporary_folder.hpp"

@@ -1,6 +1,6 @@
 #include "mainwindow/viewer/gl_renderer.hpp"
 
-#include "mainwindow/viewer/dds_file.hpp"
+#include "mainwindow/viewer/dds_picture.hpp"
 
 #include <algorithm>
 #include <array>

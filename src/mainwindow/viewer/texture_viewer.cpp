@@ -1,6 +1,6 @@
 #include "mainwindow/viewer/texture_viewer.hpp"
 
-#include "mainwindow/viewer/dds_probe.hpp"
+#include "mainwindow/viewer/image_info.hpp"
 #include "platform/posix/files.hpp"
 #include "platform/scoped_flag.hpp"
 

@@ -1,6 +1,6 @@
-#include "mainwindow/viewer/dds_file.hpp"
+#include "mainwindow/viewer/dds_picture.hpp"
 
-#include "mainwindow/viewer/dds_probe.hpp"
+#include "mainwindow/viewer/image_info.hpp"
 #include "platform/posix/files.hpp"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "mainwindow/viewer/dds_probe.hpp"
+#include "mainwindow/viewer/image_info.hpp"
 
 #include "platform/posix/files.hpp"
 #include "platform/runtime_error.hpp"
