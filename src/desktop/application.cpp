@@ -48,6 +48,12 @@ Application::Application()
     window.help = [this] { refresh.act(window, [this] { showGuide(); }); };
     window.safeCopies = [this] { showSafeCopies(); };
     window.several = [this] { showSeveral(); };
+    window.ofArchive = [this](QMenu& menu) {
+        const std::string& archive = session.archivePath;
+        QAction* show = menu.addAction("Show Archive in &File Manager", &window,
+                                       [this, archive] { fileManager.show({archive}); });
+        show->setEnabled(!archive.empty());
+    };
     textMenus.extend(*window.findChild<QLineEdit*>("Text1"), [this](QMenu& menu) {
         recentMenu.addTo(menu);
         QAction* many = menu.addAction("&Several Textures...\tCtrl+B", &window, [this] { showSeveral(); });

@@ -239,7 +239,7 @@ void MainWindow::buildStructure() {
     header.bindTo(model_.Output[HeaderPane], binder_);
     headerTitle.standOver(header);
     headerCaption.setBuddy(&header);
-    new PaneMenu{header, HeaderPane, model_.copies()};
+    addMenu(header, HeaderPane);
 
     QLabel& textures = label(model_.Label4, "Label4", *this, 'F');
     label(model_.Label6, "Label6", *this).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -258,6 +258,12 @@ void MainWindow::buildSaveBar() {
     binder_.bind(model_.editedFiles.results, bar);
 }
 
+void MainWindow::addMenu(ListBoxView& view, Pane pane) {
+    new PaneMenu{view, pane, model_.copies(), [this](QMenu& menu) {
+                     if (ofArchive) ofArchive(menu);
+                 }};
+}
+
 ListBoxView& MainWindow::buildPane(Pane pane) {
     BorderedBox& box = make<BorderedBox>(numbered("Picture1", pane), *this);
     binder_.bind(model_.Picture1.at(pane), box);
@@ -270,7 +276,7 @@ ListBoxView& MainWindow::buildPane(Pane pane) {
     list.setFrameShape(QFrame::NoFrame);
     list.setFont(binder_.screen().fixedFont());
     list.bindTo(model_.Output.at(pane), binder_);
-    new PaneMenu{list, pane, model_.copies()};
+    addMenu(list, pane);
     title.standOver(list);
     QScrollBar& bar = make<QScrollBar>(numbered("HScroll", pane), container);
     bar.setOrientation(Qt::Horizontal);

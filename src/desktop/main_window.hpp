@@ -6,6 +6,8 @@
 
 #include <QWidget>
 
+class QMenu;
+
 namespace pelrath::desktop {
 
 class ListBoxView;
@@ -23,10 +25,11 @@ public:
     /// What the model does when it becomes the program's active window.
     void activate();
 
-    std::function<void()> help;       ///< what F1 does
-    std::function<void()> several;    ///< what Ctrl+B does
-    std::function<void()> safeCopies; ///< what Ctrl+K does
-    std::function<void()> ready;      ///< runs once, as a command of the user's, behind the first activation
+    std::function<void()> help;            ///< what F1 does
+    std::function<void()> several;         ///< what Ctrl+B does
+    std::function<void()> safeCopies;      ///< what Ctrl+K does
+    std::function<void(QMenu&)> ofArchive; ///< ends the menus of the panes
+    std::function<void()> ready; ///< runs once, as a command of the user's, behind the first activation
 
 protected:
     bool event(QEvent* event) override;
@@ -43,6 +46,7 @@ private:
     void buildStructure();
     void buildSaveBar();
     ListBoxView& buildPane(Pane pane);
+    void addMenu(ListBoxView& view, Pane pane);
     void orderTabs();
     /// What the window takes beside its controls.
     void buildWays();

@@ -17,8 +17,8 @@ QKeySequence keyOf(const PaneCopyEntry& entry) { return {entry.key, QKeySequence
 
 } // namespace
 
-PaneMenu::PaneMenu(QListView& view, Pane pane, const PaneCopies& copies)
-    : QObject(&view), view_(view), pane_(pane), copies_(copies) {
+PaneMenu::PaneMenu(QListView& view, Pane pane, const PaneCopies& copies, std::function<void(QMenu&)> add)
+    : QObject(&view), view_(view), pane_(pane), copies_(copies), add_(std::move(add)) {
     view.installEventFilter(this);
     view.viewport()->installEventFilter(this);
 }
@@ -47,6 +47,8 @@ void PaneMenu::showMenu(const QContextMenuEvent& event) {
         action->setEnabled(copies_.has(pane_, entry.copy));
         connect(action, &QAction::triggered, this, [this, what = entry.copy] { copy(what); });
     }
+    menu->addSeparator();
+    add_(*menu);
     const QRect row = view_.visualRect(view_.currentIndex());
     const bool byKey = event.reason() == QContextMenuEvent::Keyboard;
     menu->popup(byKey ? view_.viewport()->mapToGlobal(row.bottomLeft()) : event.globalPos());

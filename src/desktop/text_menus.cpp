@@ -1,5 +1,6 @@
 #include "desktop/text_menus.hpp"
 
+#include "desktop/told_view.hpp"
 #include "desktop/units.hpp"
 #include "platform/posix/named_files.hpp"
 
@@ -14,6 +15,8 @@
 namespace pelrath::desktop {
 
 namespace {
+
+constexpr qsizetype mostLines = 100; // of a list, whose files are looked for on the disk
 
 // A label's own menu is not given out.
 QMenu* labelMenu(QLabel& label) {
@@ -40,6 +43,9 @@ MenuText menuTextOf(QWidget& view) {
     }
     if (auto* line = qobject_cast<QLineEdit*>(&view)) {
         return {line->text(), [line] { return line->createStandardContextMenu(); }};
+    }
+    if (auto* told = dynamic_cast<ToldView*>(view.parentWidget())) { // the view is inside it
+        return {told->selectedText(mostLines), [told] { return told->createStandardContextMenu(); }};
     }
     auto* text = qobject_cast<QPlainTextEdit*>(&view);
     if (text == nullptr) text = qobject_cast<QPlainTextEdit*>(view.parentWidget()); // the view inside it

@@ -45,6 +45,7 @@ QVariant TextureTableModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::CheckStateRole && isName)
         return list_.isChecked(index.row()) ? Qt::Checked : Qt::Unchecked;
     if (role == Qt::DisplayRole) return text(column);
+    if (role == Qt::ToolTipRole && isName) return "<span>" + text(column).toHtmlEscaped() + "</span>";
     if (role == Qt::AccessibleTextRole && isName) {
         return text(column) + ", " + text(TextureList::Sides) + ", " + text(TextureList::Type) + ", " +
                text(TextureList::Levels) + " levels";

@@ -8,6 +8,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <limits>
 
 namespace pelrath::desktop {
 
@@ -73,14 +74,19 @@ void ToldView::bindTo(several::ToldList& list, Binder& binder) {
     binder.attach(list, *this, [lines] { lines->sync(); });
 }
 
-void ToldView::copy() const {
+QString ToldView::selectedText(qsizetype most) const {
     QModelIndexList rows = selectionModel()->selectedRows();
     std::sort(rows.begin(), rows.end());
     QStringList texts;
-    for (const QModelIndex& row : rows) {
+    for (const QModelIndex& row : rows.first(std::min(rows.size(), most))) {
         texts << row.data().toString();
     }
-    if (!texts.isEmpty()) QApplication::clipboard()->setText(texts.join('\n'));
+    return texts.join('\n');
+}
+
+void ToldView::copy() const {
+    const QString text = selectedText(std::numeric_limits<qsizetype>::max());
+    if (!text.isEmpty()) QApplication::clipboard()->setText(text);
 }
 
 void ToldView::keyPressEvent(QKeyEvent* event) {
@@ -91,14 +97,19 @@ void ToldView::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void ToldView::contextMenuEvent(QContextMenuEvent* event) {
+QMenu* ToldView::createStandardContextMenu() {
     auto* menu = new QMenu{this};
-    menu->setAttribute(Qt::WA_DeleteOnClose);
     QAction* copied = menu->addAction("&Copy");
     copied->setShortcut(QKeySequence::Copy);
     copied->setEnabled(selectionModel()->hasSelection());
     connect(copied, &QAction::triggered, this, [this] { copy(); });
     connect(menu->addAction("Select &All"), &QAction::triggered, this, [this] { selectAll(); });
+    return menu;
+}
+
+void ToldView::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->popup(event->globalPos());
 }
 

@@ -5,6 +5,8 @@
 
 #include <QListView>
 
+class QMenu;
+
 namespace pelrath::desktop {
 
 /// Shows a list's lines, each shortened in its middle where the place is narrower; problems have a sign.
@@ -14,6 +16,11 @@ public:
     explicit ToldView(QWidget* parent);
 
     void bindTo(several::ToldList& list, Binder& binder);
+
+    /// The selected lines, one below the other, as many as that at the most.
+    [[nodiscard]] QString selectedText(qsizetype most) const;
+    /// Whoever takes it deletes it.
+    [[nodiscard]] QMenu* createStandardContextMenu();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -50,6 +50,13 @@ TEST_F(RealWindow, SeveralTexturesAreExtractedAndARunIsStoppedByTheUserAndByTheE
         press(in<QTreeView>("textures"), Qt::Key_Return); // the default button
         EXPECT_EQ(folder.list("out"), "abc-1024x512.dds abd-4x4.dds");
         EXPECT_EQ(program.several.summary.caption(), "2 file(s) written");
+        auto& report = in<QListView>("told");
+        report.selectAll();
+        QContextMenuEvent wish{QContextMenuEvent::Keyboard, {3, 3}, report.mapToGlobal(QPoint{3, 3})};
+        QApplication::sendEvent(report.viewport(), &wish);
+        const QAction* last = QApplication::activePopupWidget()->actions().constLast();
+        EXPECT_TRUE(last->text() == "Show in &File Manager" && last->isEnabled());
+        QApplication::activePopupWidget()->close();
     });
     runUnder([&] {
         QTest::mouseClick(&in<QPushButton>("stop"), Qt::LeftButton);

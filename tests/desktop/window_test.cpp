@@ -120,7 +120,8 @@ TEST_F(RealWindow, AnArchiveComesFromOutsideAndCommandsHaveKeysInEachBox) {
     user.then([&, menuOf] {
             auto& lines = list("Output1");
             lines.selectAll();
-            EXPECT_EQ(menuOf(*lines.viewport(), "Offset"), "&Copy Lines;Copy &Name;Copy &Offset in Hex");
+            EXPECT_EQ(menuOf(*lines.viewport(), "Offset"),
+                      "&Copy Lines;Copy &Name;Copy &Offset in Hex;;Show Archive in &File Manager");
             const QString offset = QApplication::clipboard()->text();
             QTest::keyClick(&lines, Qt::Key_C, Qt::ControlModifier);
             EXPECT_TRUE(QApplication::clipboard()->text().endsWith("\t" + offset));
