@@ -24,7 +24,7 @@ foreach(side 16 22 24 32 48 64 128 256 512)
     list(APPEND icons ${icon})
     install(FILES ${icon} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${side}x${side}/apps RENAME pelrath.png)
 endforeach()
-configure_file(packaging/pelrath-batch.1 ${made}/pelrath-batch.1 COPYONLY)
+configure_file(packaging/pelrath-batch.1.in ${made}/pelrath-batch.1 @ONLY)
 foreach(page pelrath pelrath-batch)
     add_custom_command(OUTPUT ${made}/${page}.1.gz DEPENDS ${made}/${page}.1 VERBATIM
                        COMMAND gzip -9nkf ${made}/${page}.1)

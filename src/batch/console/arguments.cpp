@@ -1,6 +1,7 @@
 #include "batch/console/arguments.hpp"
 
 #include "batch/console/console.hpp"
+#include "platform/version.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -34,7 +35,7 @@ void unguard(std::string& word) {
 class Parser {
 public:
     explicit Parser(Arguments& arguments) : a_(arguments) {
-        app_.set_version_flag("--version", "pelrath-batch " PELRATH_VERSION);
+        app_.set_version_flag("--version", std::string{"pelrath-batch "} + programVersion);
         app_.require_subcommand(1);
         app_.footer(
             "Exit codes: 0 all well, 1 something differs or was not done, 2 wrong usage, 3 an archive\n"
