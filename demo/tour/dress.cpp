@@ -22,6 +22,9 @@ QPalette highContrastPalette() {
                             QPalette::Mid, QPalette::Light, QPalette::Midlight}) {
         palette.setColor(role, Qt::white);
     }
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, Qt::darkGray);
+    }
     palette.setColor(QPalette::Highlight, Qt::yellow);
     palette.setColor(QPalette::HighlightedText, Qt::black);
     return palette;

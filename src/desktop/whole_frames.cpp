@@ -41,15 +41,28 @@ bool hidesOutlines(const QStyleOption& option) {
     return option.palette.color(QPalette::Window).lightness() < darkest;
 }
 
+// Whether outlines of the style are all but lost: what can be checked is to be seen while it is not.
+bool isDark(const QStyleOption& option) {
+    constexpr int dark = 100; // of 255
+    return option.palette.color(QPalette::Window).lightness() < dark;
+}
+
+bool isMark(QStyle::PrimitiveElement element) {
+    return element == QStyle::PE_IndicatorCheckBox || element == QStyle::PE_IndicatorItemViewItemCheck ||
+           element == QStyle::PE_IndicatorRadioButton;
+}
+
+QColor between(const QColor& one, const QColor& other) {
+    return {(one.red() + other.red()) / 2, (one.green() + other.green()) / 2,
+            (one.blue() + other.blue()) / 2};
+}
+
 bool hasOutline(QStyle::PrimitiveElement element) {
     switch (element) {
     case QStyle::PE_Frame:
     case QStyle::PE_FrameLineEdit:
     case QStyle::PE_FrameGroupBox:
     case QStyle::PE_PanelButtonCommand:
-    case QStyle::PE_IndicatorCheckBox:
-    case QStyle::PE_IndicatorItemViewItemCheck:
-    case QStyle::PE_IndicatorRadioButton:
         return true;
     default:
         return false;
@@ -57,9 +70,12 @@ bool hasOutline(QStyle::PrimitiveElement element) {
 }
 
 void drawOutline(QPainter& painter, const QStyleOption& option, bool round) {
+    const QPalette& palette = option.palette;
+    const QColor text = palette.color(QPalette::WindowText);
+    const QColor usual = hidesOutlines(option) ? text : between(text, palette.color(QPalette::Window));
     painter.save();
     const bool focus = option.state.testFlag(QStyle::State_HasFocus);
-    painter.setPen(option.palette.color(focus ? QPalette::Highlight : QPalette::WindowText));
+    painter.setPen(focus ? palette.color(QPalette::Highlight) : usual);
     painter.setBrush(Qt::NoBrush);
     if (round) {
         painter.setRenderHint(QPainter::Antialiasing);
@@ -89,8 +105,8 @@ void WholeFrames::drawPrimitive(PrimitiveElement element, const QStyleOption* op
             QProxyStyle::drawPrimitive(element, &placed, painter, widget);
         });
     }
-    if (hasOutline(element) && hidesOutlines(*option))
-        drawOutline(*painter, *option, element == PE_IndicatorRadioButton);
+    const bool lost = isMark(element) ? isDark(*option) : hasOutline(element) && hidesOutlines(*option);
+    if (lost) drawOutline(*painter, *option, element == PE_IndicatorRadioButton);
 }
 
 void WholeFrames::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

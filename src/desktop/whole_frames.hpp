@@ -11,7 +11,8 @@ namespace pelrath::desktop {
 /// allowed to paint.
 void drawFrame(QPainter& painter, const QRect& place);
 
-/// The desktop's style, whose frames have all four sides at every scale, and are seen on black, too.
+/// The desktop's style, whose frames have all four sides at every scale, and are seen on black, too; marks on
+/// every dark ground.
 class WholeFrames : public QProxyStyle {
 public:
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -2,10 +2,12 @@
 #include "desktop/whole_frames.hpp"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStyleOptionButton>
 
 #include <gtest/gtest.h>
 
@@ -59,6 +61,18 @@ TEST(WholeFrames, HaveAllSidesWhereverTheyStandAtEveryScale) {
             }
         }
     }
+}
+
+TEST(WholeFrames, AnEmptyMarkIsSeenOnADarkGround) {
+    QApplication::setStyle(new desktop::WholeFrames);
+    QCheckBox box;
+    box.setPalette({QColor{53, 53, 53}, QColor{42, 42, 42}});
+    const QImage image = box.grab().toImage();
+    const auto light = [&image](const QPoint& place) { return image.pixelColor(place).lightness(); };
+    QStyleOptionButton option;
+    option.initFrom(&box);
+    const QRect mark = box.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &box);
+    EXPECT_GT(light({mark.left(), mark.center().y()}), light(mark.center()) + 60);
 }
 
 TEST(WholeFrames, AreSeenOnBlack) {
