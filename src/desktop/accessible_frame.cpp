@@ -10,11 +10,13 @@ namespace pelrath::desktop {
 
 namespace {
 
-QAccessibleInterface* frameOf(const QString& /*className*/, QObject* object) {
+QAccessibleInterface* frameOf(const QString& className, QObject* object) {
     auto* window = dynamic_cast<MainWindow*>(object);
     if (window != nullptr) return new QAccessibleWidget{window, QAccessible::Window};
     auto* bar = dynamic_cast<SaveBarView*>(object);
-    return bar == nullptr ? nullptr : new QAccessibleWidget{bar, QAccessible::AlertMessage};
+    if (bar != nullptr) return new QAccessibleWidget{bar, QAccessible::AlertMessage};
+    auto* part = className == "QFrame" ? qobject_cast<QWidget*>(object) : nullptr;
+    return part == nullptr ? nullptr : new QAccessibleWidget{part, QAccessible::Grouping};
 }
 
 } // namespace

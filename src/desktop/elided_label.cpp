@@ -14,6 +14,7 @@ void ElidedLabel::showText(const QString& text) {
     whole_ = text;
     setToolTip("<span>" + text.toHtmlEscaped() + "</span>"); // or it would be taken for markup
     setAccessibleName(text);
+    setAccessibleDescription(text); // or that would be the markup
     fit();
 }
 

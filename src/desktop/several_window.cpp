@@ -16,6 +16,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <initializer_list>
@@ -82,6 +83,7 @@ QBoxLayout* SeveralWindow::textures() {
     filter_ = &box(model_.filter, "filter");
     filter_->setPlaceholderText("part of a name; * and ? stand for others");
     filter_->setClearButtonEnabled(true);
+    filter_->findChild<QToolButton*>()->setAccessibleName("Clear the filter");
     caption.setBuddy(filter_);
     table_ = &make<TextureTable>("textures");
     table_->bindTo(model_.textures, binder_);

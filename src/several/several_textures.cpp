@@ -140,7 +140,6 @@ void SeveralTextures::showPhase(Phase phase) {
 }
 
 // The plan on show is of other choices from here on, until the next has been made.
-// The plan on show is of other choices from here on, until the next has been made.
 void SeveralTextures::choicesChanged() {
     if (phase_ != Phase::Planning || !window.isLoaded() || finding_) return;
     ++asked_;
