@@ -20,7 +20,7 @@ enum class Arrangement : std::uint8_t { OneLevel, AllLevels, Tiled };
 struct ImageKey {
     std::int16_t level = 0;
     Version version = Version::Now;
-    auto operator<=>(const ImageKey&) const = default;
+    auto operator<=>(const ImageKey&) const = default; // NOLINT(modernize-use-nullptr): a 0 that nobody wrote
 };
 
 /// Pixels of the screen, from the viewport's top left corner.
