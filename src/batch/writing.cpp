@@ -11,6 +11,31 @@
 
 namespace pelrath::batch {
 
+namespace {
+
+/// The run is to stop.
+struct StopAsked {};
+
+/// Leaves the work that it shows where the run is to stop.
+class LeavingSign : public BusySign {
+public:
+    LeavingSign(BusySign* shown, RunWatcher& watcher) : shown_(shown), watcher_(watcher) {}
+
+    void show(const std::string& what, std::uint64_t done, std::uint64_t total) override {
+        if (shown_ != nullptr) shown_->show(what, done, total);
+        if (watcher_.stopIsAsked()) throw StopAsked{};
+    }
+    void clear() override {
+        if (shown_ != nullptr) shown_->clear();
+    }
+
+private:
+    BusySign* shown_;
+    RunWatcher& watcher_;
+};
+
+} // namespace
+
 Writing::Writing(Session& session, const WritingTerms& terms, CollectedMessages& messages, Hold hold)
     : session_(session), terms_(terms), messages_(messages), hold_(std::move(hold)), readOnly_(messages) {}
 
@@ -22,9 +47,9 @@ Report Writing::run(const Plan& plan, RunWatcher& watcher) {
         if (texture.hasWork() && report.ended.empty()) {
             report.stopped = report.stopped || watcher.stopIsAsked();
             if (!report.stopped && !begun) {
-                begun = begin(report);
+                begun = begin(report, watcher);
                 // The copy may have taken long.
-                report.stopped = !report.safeCopy.empty() && watcher.stopIsAsked();
+                report.stopped = report.stopped || (!report.safeCopy.empty() && watcher.stopIsAsked());
             }
             if (!report.stopped && begun) {
                 watcher.begins(texture.name, report.textures.size() + 1, plan.size());
@@ -37,7 +62,7 @@ Report Writing::run(const Plan& plan, RunWatcher& watcher) {
     return report;
 }
 
-bool Writing::begin(Report& report) {
+bool Writing::begin(Report& report, RunWatcher& watcher) try {
     const bool done = messages_.attempt([&] {
         HeldArchive archive{session_};
         archive.requireTables();
@@ -46,13 +71,19 @@ bool Writing::begin(Report& report) {
         if (!folderExists(terms_.safeCopyFolder)) {
             throw makeError(ErrorNumber::PathNotFound, "Writing", terms_.safeCopyFolder);
         }
-        report.safeCopy =
-            makeNumberedCopy(*archive.file(), session_.archivePath, terms_.safeCopyFolder, terms_.busy);
+        report.safeCopy = makeSafeCopy(*archive.file(), watcher);
         return true;
     });
-    if (terms_.busy != nullptr) terms_.busy->clear();
     if (!done) report.ended = "nothing was written: " + messages_.takeFirst();
     return done;
+} catch (const StopAsked&) {
+    report.stopped = true;
+    return false;
+}
+
+std::string Writing::makeSafeCopy(const InputFile& archive, RunWatcher& watcher) const {
+    LeavingSign sign{terms_.busy, watcher};
+    return makeNumberedCopy(archive, session_.archivePath, terms_.safeCopyFolder, &sign);
 }
 
 void Writing::requireWritable(HeldArchive& archive) const {

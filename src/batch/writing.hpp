@@ -20,7 +20,7 @@ struct WritingTerms {
 };
 
 /// Writes plans into the session's archive: each texture is one transaction, before the first of which there
-/// is the one safe copy. A texture that fails leaves the others alone.
+/// is the one safe copy, which a stop leaves without a file. A texture that fails leaves the others alone.
 class Writing {
 public:
     /// Reads all that is to be written of a planned texture, the session's chosen one, and has the writer
@@ -34,7 +34,8 @@ public:
     [[nodiscard]] Report run(const Plan& plan, RunWatcher& watcher);
 
 private:
-    bool begin(Report& report);
+    bool begin(Report& report, RunWatcher& watcher);
+    [[nodiscard]] std::string makeSafeCopy(const InputFile& archive, RunWatcher& watcher) const;
     void requireWritable(HeldArchive& archive) const;
     [[nodiscard]] TextureReport write(const PlannedTexture& texture);
     void writeHeld(HeldArchive& archive, LevelWriter& writer);

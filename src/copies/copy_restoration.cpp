@@ -4,6 +4,7 @@
 #include "batch/restoration.hpp"
 #include "platform/text.hpp"
 
+#include <optional>
 #include <utility>
 
 namespace pelrath::copies {
@@ -35,6 +36,14 @@ bool isDone(const batch::TextureReport& texture) {
     return texture.files.front().outcome == batch::Outcome::Done;
 }
 
+// What was agreed on is what the listed file holds.
+void requireAsListed(const FoundCopy& copy) {
+    const std::optional<FileIdentity> now = identityOf(copy.path);
+    if (now && now->sameFile(copy.file) && now->size == copy.file.size && now->modified == copy.file.modified)
+        return;
+    throw batch::NoCopy{copy.path + " has been changed since it was listed"};
+}
+
 std::string linesOf(const batch::Report& report, const FoundCopy& copy) {
     std::string lines;
     if (!report.safeCopy.empty()) lines += "Safe copy done as " + report.safeCopy + lineBreak;
@@ -62,6 +71,7 @@ std::string restoreFrom(const FoundCopy& copy, const batch::Plan& plan, const st
     Session then;
     batch::openArchive(then, copy.path);
     batch::requireCopy(session, then);
+    requireAsListed(copy);
     batch::WritingTerms terms;
     terms.safeCopyFolder = safeCopyFolder;
     terms.writeReadOnly = watch.writeReadOnly;

@@ -29,7 +29,7 @@ std::vector<FoundCopy> findCopies(const std::string& archivePath, const std::str
         const std::string path = joinPath(folder, name);
         const std::optional<FileIdentity> file = number ? identityOf(path) : std::nullopt;
         if (!file || sameFile(path, archivePath)) continue;
-        found.push_back({path, *number, file->modified / nanoseconds, file->size});
+        found.push_back({path, *number, file->modified / nanoseconds, file->size, *file});
     }
     std::ranges::sort(found, [](const FoundCopy& one, const FoundCopy& other) {
         return std::tie(one.made, one.number) > std::tie(other.made, other.number);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/posix/file_identity.hpp"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -12,6 +14,7 @@ struct FoundCopy {
     std::int32_t number = 0;
     std::int64_t made = 0;   ///< seconds since 1970: when its content was last written
     std::uint64_t bytes = 0; ///< its length
+    FileIdentity file;       ///< which file it was, and in which state
 };
 
 /// The files in the folder that bear the name of a numbered copy of the archive (see copyName()), the newest

@@ -258,9 +258,10 @@ TEST(Console, WritesOnTheTermsAgreedOnAndGivesEverythingBack) {
     EXPECT_NE(h.err.find("stopped: 1 file(s) inserted, 1 not reached."), std::string::npos) << h.err;
     EXPECT_EQ(h("diff @/a.cdds @/copies/a-0.cdds"), 1);
     EXPECT_EQ(h.out.find("wall"), std::string::npos) << h.out;
-    asked = 0; // behind the copy
+    asked = 0; // in the copy
     EXPECT_EQ(h(insert + "--safe-copy @/copies"), 4);
     EXPECT_NE(h.err.find("stopped: 0 file(s) inserted, 2 not reached."), std::string::npos) << h.err;
+    EXPECT_EQ(h.folder.list("copies"), "a-0.cdds a-1.cdds");
     for (const char* other : {"a.cdds", "other"}) {
         (void)h.folder.write("other", ArchiveBuilder{CddsType::TypeCdds, {wall, mask}}.build());
         EXPECT_EQ(h(std::string{"restore --no-safe-copy @/a.cdds @/"} + other), 1);

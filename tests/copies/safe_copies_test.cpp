@@ -63,12 +63,17 @@ struct SafeCopiesHarness {
     Window owner;
     FolderSelection folders{picker, owner};
     InsertionRecovery recovery{boxes, session};
-    int copies = 0, begun = 0, stopAt = 99;
+    int copies = 0, begun = 0, asked = 0, stopAt = 99;
+    bool stopInCopy = false;
+    bool stopIsAsked() {
+        if (folder.read("copies/a-1.cdds").empty()) return stopInCopy && ++asked > 1;
+        return ++begun >= stopAt;
+    }
     std::function<void(std::function<void()>)> run = [](const auto& work) { work(); };
     SafeCopies window{session,
                       {boxes, windows, folders, recovery, sign,
                        [this](const auto& work) { run([=] { work([](const auto& posted) { posted(); }); }); },
-                       [this] { return ++begun >= stopAt; }, [](auto) { return "then"; },
+                       [this] { return stopIsAsked(); }, [](auto) { return "then"; },
                        [](auto) { return ""; }}};
 };
 
@@ -126,10 +131,12 @@ TEST(SafeCopies, LeadBack) {
          "Safe copy done as @/copies/a-1.cdds|1 texture put back from @/copies/a-0.cdds|"},
         {"no mark at all", [](SafeCopiesHarness& h) { h.window.cmdNone.press(); }, nullptr, now, ""},
         {"the answer is no", [](SafeCopiesHarness& h) { h.boxes.answer = BoxAnswer::Cancel; }, "?", now, ""},
-        {"stopped behind the copy", [](SafeCopiesHarness& h) { h.stopAt = 2; }, "?", now,
+        {"stopped in the copy", [](SafeCopiesHarness& h) { h.stopInCopy = true; }, "?", now,
+         "0 textures put back from @/copies/a-0.cdds|Stopped: 2 textures left as they are.|"},
+        {"stopped behind the copy", [](SafeCopiesHarness& h) { h.stopAt = 1; }, "?", now,
          "Safe copy done as @/copies/a-1.cdds|0 textures put back from @/copies/a-0.cdds|"
          "Stopped: 2 textures left as they are.|"},
-        {"stopped behind the first", [](SafeCopiesHarness& h) { h.stopAt = 3; }, "?",
+        {"stopped behind the first", [](SafeCopiesHarness& h) { h.stopAt = 2; }, "?",
          archiveOf('x', '2', '3'),
          "Safe copy done as @/copies/a-1.cdds|1 texture put back from @/copies/a-0.cdds|"
          "Stopped: 1 texture left as they are.|"},
@@ -139,6 +146,8 @@ TEST(SafeCopies, LeadBack) {
         {"the copy has become another's",
          [](SafeCopiesHarness& h) { h.copy(0, archiveOf('x', '2', 'x', "drei")); }, "?", now,
          "Not restored: @/copies/a-0.cdds is no copy of @/a.cdds: its tables are others.|"},
+        {"the copy has been written anew", [](SafeCopiesHarness& h) { h.copy(0, archiveOf('x', 'y', 'x')); },
+         "?", now, "Not restored: @/copies/a-0.cdds has been changed since it was listed.|"},
         {"another's copy is chosen",
          [](SafeCopiesHarness& h) {
              h.copy(5, archiveOf('x', '2', 'x', "drei"));
