@@ -1,6 +1,7 @@
 #include "desktop/bind.hpp"
 
 #include "desktop/bordered_box.hpp"
+#include "desktop/elided_label.hpp"
 #include "desktop/key_line_edit.hpp"
 #include "desktop/window_font.hpp"
 
@@ -95,6 +96,13 @@ void Binder::bind(Label& label, QLabel& view, QChar mnemonic) {
         fit(view);
         const bool grey = label.textColor() == TextColor::Greyed;
         view.setForegroundRole(grey ? QPalette::PlaceholderText : QPalette::WindowText);
+    });
+}
+
+void Binder::bind(Label& label, ElidedLabel& view, QChar mnemonic) {
+    attach(label, view, [&label, &view, mnemonic] {
+        view.showText(toQString(label.caption()),
+                      mnemonic.isNull() ? QString{} : captionText(label.caption(), mnemonic));
     });
 }
 

@@ -28,6 +28,7 @@ class QScrollBar;
 namespace pelrath::desktop {
 
 class BorderedBox;
+class ElidedLabel;
 
 /// Which end of a text that cannot be typed into is seen where its place is too narrow for the whole.
 enum class SeenEnd { First, Last };
@@ -44,6 +45,8 @@ public:
         : refresh_(refresh), screen_(screen), places_(places) {}
 
     void bind(Label& label, QLabel& view, QChar mnemonic = {});
+    /// Whose text may be of any length: the window's font does not go by it.
+    void bind(Label& label, ElidedLabel& view, QChar mnemonic = {});
     void bind(CommandButton& button, QPushButton& view, QChar mnemonic = {});
     void bind(CheckBox& box, QCheckBox& view, QChar mnemonic = {});
     void bind(OptionButton& option, QRadioButton& view, QButtonGroup& group, QChar mnemonic = {});

@@ -1,5 +1,6 @@
 #include "desktop/elided_label.hpp"
 
+#include <QEvent>
 #include <QFontMetrics>
 
 namespace pelrath::desktop {
@@ -10,8 +11,9 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
     setMinimumHeight(fontMetrics().height());
 }
 
-void ElidedLabel::showText(const QString& text) {
+void ElidedLabel::showText(const QString& text, const QString& marked) {
     whole_ = text;
+    marked_ = marked;
     setToolTip("<span>" + text.toHtmlEscaped() + "</span>"); // or it would be taken for markup
     setAccessibleName(text);
     setAccessibleDescription(text); // or that would be the markup
@@ -23,6 +25,15 @@ void ElidedLabel::resizeEvent(QResizeEvent* event) {
     fit();
 }
 
-void ElidedLabel::fit() { setText(fontMetrics().elidedText(whole_, Qt::ElideMiddle, width())); }
+void ElidedLabel::changeEvent(QEvent* event) {
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange) fit();
+}
+
+void ElidedLabel::fit() {
+    const bool plain = marked_.isEmpty();
+    setText(fontMetrics().elidedText(plain ? whole_ : marked_, Qt::ElideMiddle, width(),
+                                     plain ? 0 : Qt::TextShowMnemonic));
+}
 
 } // namespace pelrath::desktop

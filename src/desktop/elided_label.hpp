@@ -9,14 +9,17 @@ namespace pelrath::desktop {
 class ElidedLabel : public QLabel {
 public:
     explicit ElidedLabel(QWidget* parent);
-    void showText(const QString& text);
+    /// `marked`: the text with its mnemonic, for a label that leads to another widget.
+    void showText(const QString& text, const QString& marked = {});
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void fit();
     QString whole_;
+    QString marked_; ///< empty: it has no mnemonic
 };
 
 } // namespace pelrath::desktop

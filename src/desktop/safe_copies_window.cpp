@@ -1,6 +1,7 @@
 #include "desktop/safe_copies_window.hpp"
 
 #include "desktop/check_list_view.hpp"
+#include "desktop/elided_label.hpp"
 #include "platform/scoped_flag.hpp"
 
 #include <QHeaderView>
@@ -81,8 +82,7 @@ SafeCopiesWindow::SafeCopiesWindow(copies::SafeCopies& model, Binder& binder)
 }
 
 void SafeCopiesWindow::buildCopies() {
-    QLabel& caption = make<QLabel>("lblCopies");
-    caption.setTextFormat(Qt::PlainText);
+    ElidedLabel& caption = make<ElidedLabel>("lblCopies");
     binder_.bind(model_.lblCopies, caption);
     list_ = &make<QTreeView>("lstCopies");
     table_ = new CopiesTable{model_, list_};
@@ -116,8 +116,7 @@ void SafeCopiesWindow::pushCopies() {
 }
 
 void SafeCopiesWindow::buildTextures() {
-    QLabel& caption = make<QLabel>("lblTextures");
-    caption.setTextFormat(Qt::PlainText);
+    ElidedLabel& caption = make<ElidedLabel>("lblTextures");
     binder_.bind(model_.lblTextures, caption, 'T');
     CheckListView& textures = make<CheckListView>("lstTextures");
     textures.bindTo(model_.lstTextures, binder_);

@@ -165,8 +165,7 @@ QBoxLayout* SeveralWindow::plan() {
     half->addLayout(choices());
     QLabel& caption = label(model_.toldLabel, "toldLabel", 'P');
     ElidedLabel& summary = make<ElidedLabel>("summary");
-    binder_.attach(model_.summary, summary,
-                   [this, &summary] { summary.showText(toQString(model_.summary.caption())); });
+    binder_.bind(model_.summary, summary);
     ToldView& told = make<ToldView>("told");
     told.bindTo(model_.told, binder_);
     caption.setBuddy(&told);
@@ -179,8 +178,7 @@ QBoxLayout* SeveralWindow::plan() {
 
 void SeveralWindow::addProgress(QBoxLayout& line) {
     ElidedLabel& text = make<ElidedLabel>("progressText");
-    binder_.attach(model_.progressText, text,
-                   [this, &text] { text.showText(toQString(model_.progressText.caption())); });
+    binder_.bind(model_.progressText, text);
     QProgressBar& bar = make<QProgressBar>("progress");
     binder_.attach(model_.progress, bar, [this, &bar] {
         bar.setRange(0, static_cast<int>(model_.progress.total()));
