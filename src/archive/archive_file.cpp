@@ -3,6 +3,7 @@
 #include "archive/journal_record.hpp"
 
 #include <chrono>
+#include <utility>
 
 namespace pelrath {
 
@@ -84,7 +85,7 @@ InputFile ArchiveFile::open(const std::string& chosen, const CddsArchive& catalo
     return file;
 }
 
-ArchiveContents ArchiveFile::requireTables(const InputFile& file, const CddsArchive& catalogue) const {
+const ArchiveContents& ArchiveFile::requireTables(const InputFile& file, const CddsArchive& catalogue) const {
     requireInPlace(file);
     return compareTables(file, file.identity(), catalogue);
 }
@@ -109,12 +110,15 @@ void ArchiveFile::requireSameState(const FileIdentity& now) const {
     if (now.size != known_.size || now.modified != known_.modified) refuseAsChanged(path_);
 }
 
-ArchiveContents ArchiveFile::compareTables(const InputFile& file, const FileIdentity& now,
-                                           const CddsArchive& catalogue) const {
+const ArchiveContents& ArchiveFile::compareTables(const InputFile& file, const FileIdentity& now,
+                                                  const CddsArchive& catalogue) const {
     ArchiveContents contents = tablesOf(file);
-    if (makeCatalogue(contents) != catalogue) refuseAsChanged(path_);
+    if (!comparedTables_ || contents != *comparedTables_) {
+        if (makeCatalogue(contents) != catalogue) refuseAsChanged(path_);
+        comparedTables_ = std::make_shared<const ArchiveContents>(std::move(contents));
+    }
     comparedAt_ = settledChange(now);
-    return contents;
+    return *comparedTables_;
 }
 
 } // namespace pelrath

@@ -6,6 +6,7 @@
 #include "platform/runtime_error.hpp"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace pelrath {
@@ -36,8 +37,8 @@ public:
                                  LockKind lock = LockKind::Shared) const;
 
     /// The tables of the opened file, read again and compared: its levels may be overwritten. Throws as
-    /// open(), also where its path leads to another file by now.
-    ArchiveContents requireTables(const InputFile& file, const CddsArchive& catalogue) const;
+    /// open(), also where its path leads to another file by now. They stay until the next comparison.
+    const ArchiveContents& requireTables(const InputFile& file, const CddsArchive& catalogue) const;
     /// The same as far as it shows without reading.
     void requireInPlace(const InputFile& file) const;
 
@@ -52,13 +53,16 @@ public:
 
 private:
     void requireSameState(const FileIdentity& now) const;
-    ArchiveContents compareTables(const InputFile& file, const FileIdentity& now,
-                                  const CddsArchive& catalogue) const;
+    const ArchiveContents& compareTables(const InputFile& file, const FileIdentity& now,
+                                         const CddsArchive& catalogue) const;
 
     std::string path_;
     FileIdentity known_;
     /// The status change behind which the tables were last compared; one that never was: they must be again.
     mutable std::int64_t comparedAt_ = -1;
+    /// The tables that were last found to be the catalogue's, none before the first time. Where they are read
+    /// again, the very same need no second catalogue to be compared by.
+    mutable std::shared_ptr<const ArchiveContents> comparedTables_;
 };
 
 } // namespace pelrath

@@ -24,6 +24,7 @@ public:
 struct PlacedMipmapEntry {
     std::int32_t position;
     records::MipmapEntry entry;
+    bool operator==(const PlacedMipmapEntry&) const = default;
 };
 
 /// A texture's own records and the absolute positions of what its entry points to.
@@ -31,12 +32,14 @@ struct PlacedTexture0C {
     records::TextureEntry0C entry;
     std::int32_t fieldPosition; ///< of mipmapTableOffset
     std::int32_t tablePosition; ///< of the first mipmap entry
+    bool operator==(const PlacedTexture0C&) const = default;
 };
 struct PlacedTextureCdds {
     records::TextureEntryCdds entry;
     records::TextureDescriptor descriptor;
     std::int32_t fieldPosition; ///< of descriptorOffset
     std::int32_t descriptorPosition;
+    bool operator==(const PlacedTextureCdds&) const = default;
 };
 
 /// Everything that the file says about its textures. The mipmap entries of all textures stand one after
@@ -46,11 +49,14 @@ struct ArchiveTables {
     Header header;
     std::vector<Texture, LargeBlocks<Texture>> textures;
     std::vector<PlacedMipmapEntry> mipmaps;
+    bool operator==(const ArchiveTables&) const = default;
 };
 using Tables0C = ArchiveTables<records::Header0C, PlacedTexture0C>;
 using TablesCdds = ArchiveTables<records::HeaderCdds, PlacedTextureCdds>;
 
-struct NotAnArchive {};
+struct NotAnArchive {
+    bool operator==(const NotAnArchive&) const = default;
+};
 
 using ArchiveContents = std::variant<NotAnArchive, Tables0C, TablesCdds>;
 

@@ -23,10 +23,12 @@ inline constexpr std::int32_t typeWordSize = 4;
 
 struct Header0C {
     std::int32_t textureCount, long1, long2, long3, long4;
+    bool operator==(const Header0C&) const = default;
 };
 
 struct HeaderCdds {
     std::int32_t long1, textureCount, long3, long4, long5, long6, long7;
+    bool operator==(const HeaderCdds&) const = default;
 };
 
 struct TextureEntry0C {
@@ -36,12 +38,14 @@ struct TextureEntry0C {
     std::int32_t long1, long2, long3, long4;
     std::int32_t mipmapCount;
     std::int32_t mipmapTableOffset; ///< to the texture's first MipmapEntry
+    bool operator==(const TextureEntry0C&) const = default;
 };
 
 struct TextureEntryCdds {
     Name name;
     std::int32_t descriptorOffset; ///< to the texture's TextureDescriptor
     std::int32_t long2, long3, long4, long5, long6, long7, long8;
+    bool operator==(const TextureEntryCdds&) const = default;
 };
 
 /// In front of a texture's mipmap table in the cdds layout.
@@ -51,12 +55,14 @@ struct TextureDescriptor {
     std::int32_t dxtL4;
     std::int32_t mipmapCount;
     std::int32_t dxtL6, dxtL7, dxtL8, dxtL9, dxtL10;
+    bool operator==(const TextureDescriptor&) const = default;
 };
 
 struct MipmapEntry {
     std::int32_t dataOffset; ///< to the level's data
     std::int32_t dataSize;   ///< in bytes
     std::int32_t height, width;
+    bool operator==(const MipmapEntry&) const = default;
 };
 
 static_assert(sizeof(Header0C) == 20);

@@ -22,7 +22,7 @@ std::shared_ptr<const InputFile> HeldArchive::file() {
     return file_;
 }
 
-ArchiveContents HeldArchive::requireTables() {
+const ArchiveContents& HeldArchive::requireTables() {
     if (const std::string reason = whyNotWritable(*file()); !reason.empty()) {
         throw ArchiveRefused{static_cast<int>(ErrorNumber::PermissionDenied), "requireTables", reason};
     }

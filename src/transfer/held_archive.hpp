@@ -32,7 +32,7 @@ public:
     /// The file's tables, read again. ArchiveRefused where its levels must not be overwritten: it is not, or
     /// no longer, the file that was read, its path does not lead to it any more, or it cannot be written nor
     /// made writable.
-    ArchiveContents requireTables();
+    const ArchiveContents& requireTables();
 
     /// To be called before the file is made writable: its permissions, to be given back, are in the journal
     /// then.

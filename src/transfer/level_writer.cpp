@@ -43,7 +43,7 @@ void LevelWriter::holdLevel(std::int16_t textureIndex, std::int16_t level, std::
 }
 
 void LevelWriter::checkArchive() const {
-    const ArchiveContents contents = archive_.requireTables();
+    const ArchiveContents& contents = archive_.requireTables();
     for (const LevelBytes& level : held_) {
         if (!touchesTables(contents, level.dataOffset, static_cast<std::int64_t>(level.data.size())))
             continue;
