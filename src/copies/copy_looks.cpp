@@ -60,12 +60,12 @@ void CopyLooks::compare(int row) {
     list_.setLook(row, {CopyState::Looking, 0, {}, {}});
     const auto posted = [this, row](CopyLook look) {
         const bool over = look.state != CopyState::Looking;
-        if (over) {
-            work_.reset();
-            row_ = -1;
-        }
+        const auto own = work_; // which still runs for who hears of the row: the next copy follows
+        if (over) row_ = -1;
         list_.setLook(row, std::move(look));
-        if (over && !isRunning()) compareNext();
+        if (!over || own != work_) return;
+        work_.reset();
+        compareNext();
     };
     start([archive = archiveAlone(), path = list_.row(row).copy.path, posted](GivenUp& givenUp,
                                                                               const Post& post) {

@@ -94,10 +94,14 @@ TEST(SafeCopies, AreListedWithWhatDiffersFromNow) {
         EXPECT_EQ(h.listed(), "2 comparing, 0 %|0 waiting|3 waiting|4 waiting|");
         h.window.lstCopies.choose(2);
         EXPECT_EQ(h.listed(), "2 waiting|0 waiting|3 comparing, 0 %|4 waiting|");
-        h.window.cmdStop.press();
-        EXPECT_EQ(h.listed(), "2 not compared|0 not compared|3 not compared|4 not compared|");
         late.back()();
-        EXPECT_EQ(h.listed(), "2 not compared|0 not compared|3 not compared|4 not compared|");
+        EXPECT_EQ(h.listed(), "2 comparing, 0 %|0 waiting|3 2 textures: one, three|4 waiting|");
+        EXPECT_TRUE(h.window.cmdStop.enabled());
+        const std::string stopped = "2 not compared|0 not compared|3 2 textures: one, three|4 not compared|";
+        h.window.cmdStop.press();
+        EXPECT_EQ(h.listed(), stopped);
+        late.back()();
+        EXPECT_EQ(h.listed(), stopped);
     });
     h.run = [](const auto& work) { work(); };
     for (const auto& [folder, caption] :
