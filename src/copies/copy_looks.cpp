@@ -50,7 +50,7 @@ void CopyLooks::compareNext() {
 
 void CopyLooks::prefer(int row) {
     const CopyState state = list_.row(row).look.state;
-    if (state != CopyState::Waiting && state != CopyState::Stopped) return;
+    if (state == CopyState::Looking || state == CopyState::Compared || state == CopyState::OfAnother) return;
     giveUp(CopyState::Waiting);
     compare(row);
 }

@@ -29,7 +29,8 @@ public:
 
     /// Fills the list anew with what is in the folder, and compares it.
     void begin(const std::string& folder);
-    /// The row is the next to be compared, at once, unless it has been.
+    /// The row is the next to be compared, at once, unless it has been; once more where it could not be: what
+    /// was in the way may have gone.
     void prefer(int row);
     /// Gives up what runs. Behind this the archive is not open; what was not compared stays so.
     void stop();

@@ -202,6 +202,8 @@ void SafeCopies::restore() {
         services_.boxes.exclamation("Nothing can be put back: " + row->look.reason + "." + paragraph +
                                         "Please choose another copy.",
                                     "Pelrath - Copy not readable");
+        looks_.prefer(lstCopies.chosenRow());
+        settleButtons();
         return;
     }
     const batch::Plan plan = markedOf(*row);

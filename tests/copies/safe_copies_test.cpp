@@ -85,6 +85,13 @@ TEST(SafeCopies, AreListedWithWhatDiffersFromNow) {
     h.copy(2, "rubbish");
     const std::string known = "2 cannot be compared|0 of another archive|3 2 textures: one, three|4 nothing|";
     h.show([&] { EXPECT_EQ(h.listed(), known); });
+    h.show([&] { // what is in the way goes
+        h.copy(2, archiveOf('1', '2', '3'));
+        h.window.cmdRestore.press();
+        EXPECT_EQ(h.listed().substr(0, 10), "2 nothing|");
+    });
+    EXPECT_EQ(h.boxes.take().size(), 1U);
+    h.copy(2, "rubbish");
 
     // What does not answer is given up, and what it says later is not heard.
     std::vector<std::function<void()>> late;
