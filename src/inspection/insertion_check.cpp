@@ -146,7 +146,7 @@ private:
                                   (chain ? "." : ": level " + std::to_string(level) + " stays as it is."));
             return true;
         }
-        lookAtHeader(file, headerOf(file.path), texture(), result_.findings);
+        if (const auto header = headerOf(file.path)) lookAtHeader(file, *header, texture(), result_.findings);
         try {
             writer_.readMipmapLevels(file.path, session_.selectedTexture, chain, level);
         } catch (const SourceTooShort&) {
@@ -157,10 +157,11 @@ private:
         return true;
     }
 
-    static DdsHeader headerOf(const std::string& path) {
+    /// Nothing where the file ends inside it.
+    static std::optional<DdsHeader> headerOf(const std::string& path) {
         const InputFile file{path};
-        std::vector<std::byte> start(
-            static_cast<std::size_t>(std::min<std::uint64_t>(file.size(), sizeof(DdsHeader))));
+        if (file.size() < sizeof(DdsHeader)) return std::nullopt;
+        std::vector<std::byte> start(sizeof(DdsHeader));
         file.readAt(0, start);
         return ddsHeaderOf(start);
     }
