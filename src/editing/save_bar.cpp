@@ -32,7 +32,7 @@ SaveBar::SaveBar(WatchList& list, const Session& session) : list_(list), session
         refresh();
     });
     on(ignore.click, [this] {
-        if (const auto file = current()) list_.settle(file->file.path);
+        if (const auto file = current()) list_.ignore(file->file.path);
     });
 }
 

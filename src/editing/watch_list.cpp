@@ -20,10 +20,11 @@ struct WatchList::Entry {
     std::optional<FileIdentity> seen;  ///< the last one, while it may go on changing
     std::optional<std::size_t> digest; ///< of the bytes that are known; nothing: any others are new
     std::optional<PictureState> saved;
-    unsigned order = 0;   ///< of being saved
-    unsigned begun = 0;   ///< how often: what was asked for before does not count
-    bool looking = false; ///< elsewhere
-    bool again = false;   ///< something happened meanwhile
+    std::optional<FileIdentity> taken; ///< the state in which the last insertion found it
+    unsigned order = 0;                ///< of being saved
+    unsigned begun = 0;                ///< how often: what was asked for before does not count
+    bool looking = false;              ///< elsewhere
+    bool again = false;                ///< something happened meanwhile
 };
 
 WatchList::WatchList(FileWatch& watch, BackgroundWork& background)
@@ -65,8 +66,10 @@ void WatchList::add(const EditedFile& file) {
         entries_.push_back(std::make_unique<Entry>());
         entry = entries_.back().get();
     }
+    // What was saved of the same texture stays to be inserted.
+    const bool isKnown = entry->file.archivePath == file.archivePath && entry->file.texture == file.texture;
     entry->file = file;
-    know(*entry);
+    if (!isKnown) know(*entry, identityOf(file.file.path));
     std::vector<std::string> paths;
     for (const auto& each : entries_) {
         paths.push_back(each->file.file.path);
@@ -78,12 +81,12 @@ void WatchList::rewritten(const EditedFile& file) {
     Entry* entry = find(file.file.path);
     if (entry == nullptr) return;
     entry->file = file;
-    know(*entry);
+    know(*entry, identityOf(file.file.path));
 }
 
-void WatchList::know(Entry& entry) {
+void WatchList::know(Entry& entry, const std::optional<FileIdentity>& state) {
     ++entry.begun;
-    entry.done = identityOf(entry.file.file.path);
+    entry.done = state;
     entry.seen.reset();
     entry.digest.reset();
     entry.looking = false;
@@ -98,10 +101,22 @@ void WatchList::know(Entry& entry) {
     if (shown) changed.emit();
 }
 
-void WatchList::settle(const std::string& path) {
+void WatchList::insertionBegins() {
+    for (const auto& entry : entries_) {
+        entry->taken = identityOf(entry->file.file.path);
+    }
+}
+
+void WatchList::inserted(const std::string& path) {
     Entry* entry = find(path);
     if (entry == nullptr) return;
-    if (!entry->saved) return know(*entry);
+    if (entry->saved && entry->saved->identity == entry->taken) return ignore(path);
+    know(*entry, entry->taken);
+}
+
+void WatchList::ignore(const std::string& path) {
+    Entry* entry = find(path);
+    if (entry == nullptr || !entry->saved) return;
     entry->digest = entry->saved->digest;
     entry->saved.reset();
     changed.emit();

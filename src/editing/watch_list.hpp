@@ -44,9 +44,12 @@ public:
     void add(const EditedFile& file);
     /// The program itself has written the file. Where it is one of them, it is this texture's from now on.
     void rewritten(const EditedFile& file);
-    /// The file, if it is one of them, has been dealt with: as it was saved or, where that has not shown yet,
-    /// as it is.
-    void settle(const std::string& path);
+    /// From here on the files are being read. What is saved meanwhile may be too late for that.
+    void insertionBegins();
+    /// The file, if it is one of them, was inserted as it was then.
+    void inserted(const std::string& path);
+    /// A saved file is to be left alone until it is saved again.
+    void ignore(const std::string& path);
     /// Looks at a saved file once more, at once. Nothing where it is no whole picture any more; it is waited
     /// for then.
     [[nodiscard]] std::optional<PictureState> lookAgain(const std::string& path);
@@ -59,8 +62,8 @@ private:
     void heed();
     void look();
     void start(Entry& entry);
-    /// What the file holds now is nothing new.
-    void know(Entry& entry);
+    /// What the file held in that state is nothing new.
+    void know(Entry& entry, const std::optional<FileIdentity>& state);
     void take(Entry& entry, const FileLook& look);
     void keepAsSaved(Entry& entry, const PictureState& picture);
     void showResults();

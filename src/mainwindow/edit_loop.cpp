@@ -37,11 +37,12 @@ EditLoop::EditLoop(const Controls& controls, const Parts& parts, Session& sessio
     keep(dialog.extracted.handedOver.connect([this](const ExtractedFile& file) {
         parts_.list.add(editing::EditedFile::ofChosen(session_, file));
     }));
+    keep(dialog.insertionBegins.connect([this] { parts_.list.insertionBegins(); }));
     keep(dialog.inserted.connect([this](const Insertion& done) {
         memory_.note(done, session_, parts_.dialog.window.isLoaded());
         if (done.levels == 0) return;
         for (const std::string& source : sourcesOf(done.choices, session_)) {
-            parts_.list.settle(source);
+            parts_.list.inserted(source);
         }
     }));
     keep(parts_.bar.look.click.connect([this] { lookAtCurrent(); }));

@@ -100,6 +100,7 @@ void TextureExtractionInsertion::cmdExtractInsert_Click() {
 Insertion TextureExtractionInsertion::insert() {
     const TransferChoices choices = choicesOf(*this, state_);
     recovery_.look();
+    insertionBegins.emit();
     InsertionRun run{{boxes_, safeCopy_, readOnly_, ExtractSummary, facade_.longWork()}, session_};
     if (state_.imageFileKind == ImageFileKind::Dds) {
         ddsInsertion_.insertFromDdsFiles(run);

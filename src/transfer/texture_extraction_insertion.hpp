@@ -68,6 +68,7 @@ public:
     void askForSafeCopyFolder(const Window& owner);
 
     ExtractionNotices extracted;
+    Signal<> insertionBegins;          ///< no file has been looked at yet
     Signal<const Insertion&> inserted; ///< by the dialog or unseen
 
     /// What an insertion would take as the controls are.

@@ -96,6 +96,13 @@ TEST_F(EditLoopTest, TellsWhatWasSavedOnceItIsWhole) {
     const auto extracts = [&] { // for no editor
         extract(2, [](auto& dialog) { asImage(dialog), dialog.chkLaunchEditor.setChecked(false); });
     };
+    const auto sendsAgain = [&] {
+        extract(2, [](auto& dialog) { asImage(dialog), dialog.chkOverwriteExistingFiles.setChecked(false); });
+    };
+    const auto insertsTooEarly = [&] { // for what is saved meanwhile
+        const Connection saves = main.transfer.ExtractSummary.change.connect([&] { write(name, whole); });
+        inDialog(main.cmdInsert, asImage);
+    };
     // What is done, one thing after another with time between them; what is said at the end.
     const std::tuple<const char*, std::vector<std::function<void()>>, std::string> cases[] = {
         {"nothing", {}, ""},
@@ -110,6 +117,8 @@ TEST_F(EditLoopTest, TellsWhatWasSavedOnceItIsWhole) {
         {"taken back", {writes(whole), writes(given)}, ""},
         {"removed", {writes(whole), removes}, ""},
         {"removed and made again", {removes, writes(whole)}, told},
+        {"saved, then sent to the editor once more", {writes(whole), sendsAgain}, told},
+        {"saved while it is inserted", {insertsTooEarly}, told},
         {"extracted over what was saved", {writes(whole), extracts}, ""},
         {"extracted over what was ignored", {writes(whole), ignores, extracts}, ""},
         {"ignored and saved as it was", {writes(whole), ignores, writes(whole)}, ""},
