@@ -110,7 +110,8 @@ void Gate::dropWaiting() {
 }
 
 bool Gate::wishesStop(const QObject& object, const QEvent& event) const {
-    const bool pressed = event.type() == QEvent::MouseButtonPress;
+    // A mnemonic comes as the button's shortcut or, where the toolkit finds none, as a key.
+    const bool pressed = event.type() == QEvent::MouseButtonPress || event.type() == QEvent::Shortcut;
     if (!pressed && event.type() != QEvent::KeyPress) return false;
     const QKeyCombination key =
         pressed ? QKeyCombination{} : static_cast<const QKeyEvent&>(event).keyCombination();

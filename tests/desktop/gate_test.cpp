@@ -76,6 +76,7 @@ TEST_F(Gate, EscapeAndTheNamedButtonWishThatTheOperationStop) {
         {"Escape while it runs", Qt::Key_Escape, false, true, true},
         {"Space elsewhere", Qt::Key_Space, false, true, false},
         {"Space on the button", Qt::Key_Space, true, true, true},
+        {"the button's letter, as a shortcut", Qt::Key{}, true, true, true},
         {"Escape before it begins", Qt::Key_Escape, false, false, false},
     };
     QPushButton& stop = widget<QPushButton>("cmdReadCDDS");
@@ -86,7 +87,9 @@ TEST_F(Gate, EscapeAndTheNamedButtonWishThatTheOperationStop) {
             QWidget& pressed = c.onButton ? static_cast<QWidget&>(stop) : widget<QLineEdit>("Text3");
             if (!c.operating) QTest::keyClick(&pressed, c.key);
             const desktop::Gate::Reaction operation{program.refresh.gate()};
-            if (c.operating) QTest::keyClick(&pressed, c.key);
+            QShortcutEvent letter{{}, 0};
+            if (c.operating && c.key == Qt::Key{}) QCoreApplication::sendEvent(&pressed, &letter);
+            if (c.operating && c.key != Qt::Key{}) QTest::keyClick(&pressed, c.key);
             EXPECT_EQ(program.refresh.gate().isStopWished(), c.stops);
         }
     });
