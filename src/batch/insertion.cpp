@@ -1,6 +1,7 @@
 #include "batch/insertion.hpp"
 
 #include "batch/library_run.hpp"
+#include "batch/source_look.hpp"
 #include "platform/posix/scratch_file.hpp"
 #include "platform/runtime_error.hpp"
 #include "transfer/picture_levels.hpp"
@@ -28,6 +29,7 @@ public:
 private:
     bool holdFile(const PlannedFile& file, HeldArchive& archive, LevelWriter& writer) try {
         if (file.kind != ImageFileKind::Dds || wish_.create) return holdPicture(file, archive, writer);
+        requireAsPlanned(file);
         const bool chain = file.level == wholeChain;
         writer.readMipmapLevels(file.path, session_.selectedTexture, chain,
                                 chain ? LevelWriter::everyLevel : file.level);
@@ -54,7 +56,16 @@ private:
         return {file.level, false, file.level, wish_.filter};
     }
 
-    // It may have been saved anew since it was planned.
+    // It may have been saved anew since it was planned. What is taken as it is shows that by its header
+    // alone.
+    void requireAsPlanned(const PlannedFile& file) const {
+        const FilePlace place{session_.selectedTexture,
+                              file.level == wholeChain ? std::int16_t{0} : file.level, file.kind};
+        const PlannedFile now = lookAtSource(file.path, session_.chosenTexture(), place, wish_.create);
+        if (now.fate != Fate::Planned) refuse(file.path + " is another by now: " + now.reason);
+        if (now.level != file.level) refuse(file.path + " has other levels by now");
+    }
+
     void requireSides(const PlannedFile& file, Sides sides) const {
         const MipmapRecord& level = session_.chosenTexture().mipmaps.at(
             static_cast<std::size_t>(file.level == wholeChain ? 0 : file.level));

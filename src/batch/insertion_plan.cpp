@@ -87,7 +87,7 @@ private:
         } else if (planned == 0 && wish_.create) {
             texture.files.push_back(refusedFile("there is no file of level 0, of which all are made"));
         } else if (sharesLevels(texture)) {
-            refuseAll(texture, "two files are of the same level");
+            refuseAll(texture, "two files are of the same level; please leave only the one that is meant");
         }
     }
 

@@ -191,11 +191,20 @@ TEST(Console, InsertsFilesThatFitAndNoOther) {
 }
 
 TEST(Console, InsertsNothingThatHasChangedSinceItWasPlanned) {
-    ConsoleHarness h{{wall}};
-    EXPECT_EQ(h("extract @/a.cdds --to @/in --as image --levels all -q"), 0);
-    h.stop = [&h] { return h.folder.write("in/wall-8x8.bmp", h.folder.read("in/wall-4x4.bmp")).empty(); };
-    EXPECT_EQ(h("insert @/a.cdds @/in/wall-8x8.bmp --no-safe-copy"), 1);
-    EXPECT_NE(h.err.find("wall-8x8.bmp has other sides than the level by now"), std::string::npos) << h.err;
+    // The files' kind, the extension of what is saved anew, and what is told.
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"image", ".bmp", "wall-8x8.bmp has other sides than the level by now"},
+        {"dds", ".dds", "wall-8x8.dds is another by now: its picture has 4 x 4 pixels"}};
+    for (const auto& [kind, extension, told] : cases) {
+        ConsoleHarness h{{wall}};
+        EXPECT_EQ(h(std::string{"extract @/a.cdds --to @/in --as "} + kind + " --levels all -q"), 0);
+        const std::string changed = std::string{"in/wall-8x8"} + extension,
+                          other =
+                              h.folder.read(std::string{"in/wall-4x4"} + extension) + std::string(99, 'x');
+        h.stop = [&] { return h.folder.write(changed, other).empty(); };
+        EXPECT_EQ(h("insert @/a.cdds @/" + changed + " --no-safe-copy"), 1);
+        EXPECT_NE(h.err.find(told), std::string::npos) << h.err;
+    }
 }
 
 TEST(Console, ComparesLevelByLevel) {
