@@ -4,6 +4,7 @@
 #include "desktop/artwork.hpp"
 #include "desktop/whole_frames.hpp"
 #include "platform/posix/program_folder.hpp"
+#include "several/edited_files.hpp"
 
 #include <QApplication>
 #include <QDateTime>
@@ -77,9 +78,15 @@ several::SeveralServices Application::severalServices() {
         },
         inBackground,
         [this](const std::string& suggestion) { return askWhereToSave(refresh, "Save Report", suggestion); },
-        [this] { main.look().keepBefore(); },
+        [this] {
+            main.look().keepBefore();
+            main.editedFiles.insertionBegins();
+        },
         [this] { return isStopAsked(); },
-        batchExecutable()};
+        batchExecutable(),
+        [this](const several::PlannedRun& run, const batch::Report& report) {
+            tellEditedFiles(main.editedFiles, session, run, report);
+        }};
 }
 
 bool Application::isStopAsked() {

@@ -220,6 +220,7 @@ void SeveralTextures::runPlan() {
     };
     lookUp();
     const batch::Report report = carryOut(session_, planned_, state, lookUp);
+    services_.afterRun(planned_, report);
     tellReport(report);
 }
 

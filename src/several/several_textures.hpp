@@ -33,6 +33,8 @@ struct SeveralServices {
     std::function<void()> beforeInsertion; ///< the archive may be changed behind it
     std::function<bool()> stopIsAsked;     ///< the run is to end; lets events run
     std::string workerExecutable;          ///< as for extractOnAllCores()
+    /// Something was written, or was to be.
+    std::function<void(const PlannedRun&, const batch::Report&)> afterRun = [](auto&, auto&) {};
 };
 
 /// The window through which many textures of the open archive are extracted to files or put back from them:

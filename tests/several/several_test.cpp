@@ -1,7 +1,9 @@
 #include "archive_builder.hpp"
 #include "platform/event_pump.hpp"
+#include "several/edited_files.hpp"
 #include "several/several_textures.hpp"
 #include "support/answering_desktop.hpp"
+#include "support/fake_watch.hpp"
 #include "support/recording_boxes.hpp"
 #include "support/temporary_folder.hpp"
 #include "texture_bytes.hpp"
@@ -48,6 +50,17 @@ struct SeveralHarness {
         windows.answer = user;
         window.show(owner, folder.file("files"));
     }
+    /// Writes a file, and gives how many then count as saved by an editor.
+    std::size_t save(const char* name, const std::string& bytes) {
+        (void)folder.write(name, bytes);
+        // The system's clock may stand still between two writes.
+        std::filesystem::last_write_time(folder.file(name), clock += std::chrono::seconds{1});
+        watch.happened();
+        for (int i = 0; i < 3; ++i) {
+            edited.settling.tick.emit(), edited.results.tick.emit();
+        }
+        return edited.saved().size();
+    }
     /// The choices have rested.
     void rest() {
         if (window.rest.running()) window.rest.tick.emit();
@@ -84,6 +97,10 @@ struct SeveralHarness {
     SmallScreen screen;
     Session session;
     Window owner;
+    CalledWatch watch;
+    std::filesystem::file_time_type clock = std::filesystem::file_time_type::clock::now();
+    ImmediateWork background;
+    editing::WatchList edited{watch, background};
     InsertionRecovery recovery{boxes, session};
     std::string chosenFolder;
     std::optional<std::string> reportFile;
@@ -92,8 +109,9 @@ struct SeveralHarness {
         {boxes, windows, screen, recovery,
          [this](const std::string& /*title*/, const std::string& /*start*/) { return chosenFolder; },
          [](const std::function<void()>& work, const std::function<void()>& done) { work(), done(); },
-         [this](const std::string& /*suggestion*/) { return reportFile; }, [] {},
-         [this] { return stopAsked; }, ""}};
+         [this](const std::string& /*suggestion*/) { return reportFile; },
+         [this] { edited.insertionBegins(); }, [this] { return stopAsked; }, "",
+         [this](auto& run, auto& report) { tellEditedFiles(edited, session, run, report); }}};
 };
 
 TEST(SeveralTexturesWindow, ShowsWhatTheFilterMeansAndMarksThat) {
@@ -213,7 +231,15 @@ TEST(SeveralTexturesWindow, ExtractsInsertsStopsAndReports) {
                                                "\n2 file(s) written.\n\n" +
                                                h.folder.file("files/wall-8x8.dds") + "\n" +
                                                h.folder.file("files/Wall_Top-4x4.dds") + "\n");
-    (void)h.folder.write("files/Wall_Top-4x4.dds", ddsFile("DXT1", 4, 4, plainBlocks(4, 4, 0x1234)));
+    const char* const top = "files/Wall_Top-4x4.dds";
+    const auto painted = [&](std::uint16_t colour) {
+        return h.folder.read(top).substr(0, 128) + plainBlocks(4, 4, colour);
+    };
+    h.edited.add({{h.folder.file(top), ImageFileKind::Dds, 0},
+                  h.session.archivePath,
+                  2,
+                  h.session.archive.textures[2]});
+    EXPECT_EQ(h.save(top, painted(0x1234)), 1U);
     h.folder.permit("a.cdds", 0400);
     h.show([&] {
         h.insertion();
@@ -229,6 +255,14 @@ TEST(SeveralTexturesWindow, ExtractsInsertsStopsAndReports) {
         h.boxes.expect("Read Only");
         EXPECT_EQ(h.told(), "1 file(s) inserted|safe copy: copies/a-0.cdds|"
                             "Wall_Top.bmp, level 0: files/Wall_Top-4x4.dds");
+        EXPECT_EQ(h.edited.saved().size(), 0U);
+        EXPECT_EQ(h.save(top, painted(0x4321)), 1U);
+    });
+    h.show([&] {
+        h.check("top");
+        h.window.overwrite.setChecked(true);
+        h.runPlan();
+        EXPECT_EQ(row(h.told(), h.edited.saved().size()), "1 file(s) written|files/Wall_Top-4x4.dds, 0");
     });
     EXPECT_TRUE(h.folder.read("copies/a-0.cdds") == before);
     EXPECT_NO_THROW((void)h.session.archiveFile.open(h.session.archivePath, h.session.archive));
