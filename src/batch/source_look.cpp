@@ -58,6 +58,8 @@ private:
             sides.height != static_cast<std::int64_t>(level_.height)) {
             file_.refuse("its picture has " + sidesText(sides.width, sides.height) + " pixels, the level " +
                          sidesText(level_.width, level_.height));
+        } else if (source.size() < leastBytesOfPicture(kindOf(file_.kind), start)) {
+            file_.refuse("it is too short");
         } else if (file_.kind == ImageFileKind::Dds && !create_) {
             lookAtBlocks(ddsHeaderOf(start), source.size());
         }

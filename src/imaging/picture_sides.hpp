@@ -12,4 +12,8 @@ inline constexpr std::size_t startOfPicture = std::size_t{1} << 19;
 /// Raises ImageLibraryError where that is impossible or of a kind that is not read.
 [[nodiscard]] Sides sidesOfPicture(FileKind kind, Bytes start);
 
+/// How many bytes such a BMP or TGA file has at least, by its header; 0 where only all of it tells, as in a
+/// run-length coded one, and for other kinds. Raises as sidesOfPicture() does.
+[[nodiscard]] std::uint64_t leastBytesOfPicture(FileKind kind, Bytes start);
+
 } // namespace pelrath
