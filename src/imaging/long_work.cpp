@@ -1,9 +1,9 @@
 #include "imaging/long_work.hpp"
 
+#include "platform/posix/other_thread.hpp"
+
 #include <algorithm>
-#include <future>
 #include <optional>
-#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -16,13 +16,6 @@ using namespace std::chrono_literals;
 
 constexpr auto quietTime = 40ms;
 constexpr std::uint64_t manyPixels = std::uint64_t{1} << 20; // a few hundredths of a second in the library
-
-/// Nothing where no thread is to be had.
-std::optional<std::future<void>> started(const std::function<void()>& work) try {
-    return std::async(std::launch::async, work);
-} catch (const std::system_error&) {
-    return std::nullopt;
-}
 
 } // namespace
 
@@ -37,13 +30,13 @@ void LongWork::showBy(BusySign* sign, std::string what) {
 void LongWork::run(std::uint64_t pixels, const std::function<void()>& work) {
     if (std::this_thread::get_id() != shownFrom_) return work();
     showInTime();
-    std::optional<std::future<void>> running;
-    if (sign_ != nullptr && pixels >= manyPixels) running = started(work);
+    if (sign_ == nullptr || pixels < manyPixels) return work();
+    std::optional<OtherThread> running = OtherThread::started(work);
     if (!running) return work();
-    while (running->wait_until(last_ + quietTime) != std::future_status::ready) {
+    while (!running->endsBefore(last_ + quietTime)) {
         showInTime();
     }
-    running->get();
+    running->end();
 }
 
 void LongWork::showInTime() {
@@ -57,18 +50,24 @@ void onAllCores(std::size_t count, std::size_t smallest,
                 const std::function<void(std::size_t first, std::size_t end)>& work) {
     const std::size_t cores = std::max(std::thread::hardware_concurrency(), 1U);
     const std::size_t parts = std::clamp<std::size_t>(count / std::max<std::size_t>(smallest, 1), 1, cores);
-    std::vector<std::future<void>> others; // each waits for its thread when it goes
-    std::size_t first = 0;
-    for (std::size_t part = 1; part < parts; ++part) {
-        const std::size_t end = count * part / parts;
-        auto other = started([&work, first, end] { work(first, end); });
+    std::vector<std::function<void()>> works;
+    for (std::size_t part = 0; part < parts; ++part) {
+        works.emplace_back(
+            [&work, first = count * part / parts, end = count * (part + 1) / parts] { work(first, end); });
+    }
+    std::vector<OtherThread> others; // each waits for its end when it goes
+    std::size_t begun = 1;
+    for (; begun < parts; ++begun) {
+        auto other = OtherThread::started(works[begun]);
         if (!other) break;
         others.push_back(std::move(*other));
-        first = end;
     }
-    work(first, count);
-    for (std::future<void>& other : others) {
-        other.get();
+    works.front()();
+    for (; begun < parts; ++begun) {
+        works[begun]();
+    }
+    for (OtherThread& other : others) {
+        other.end();
     }
 }
 

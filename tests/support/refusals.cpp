@@ -7,7 +7,9 @@
 #include <string>
 #include <utility>
 
+#include <dlfcn.h>
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/file.h>
 #include <sys/statvfs.h>
 #include <sys/syscall.h>
@@ -107,6 +109,14 @@ int fstatvfs(int file, struct statvfs* place) noexcept {
 }
 
 uid_t geteuid() noexcept { return static_cast<uid_t>(syscall(SYS_geteuid) + answersTo(Call::User)); }
+
+int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*work)(void*),
+                   void* data) noexcept {
+    static const auto system =
+        reinterpret_cast<decltype(&pthread_create)>(dlsym(RTLD_NEXT, "pthread_create"));
+    const int error = answersTo(Call::NewThread);
+    return error != 0 ? error : system(thread, attributes, work, data);
+}
 
 ssize_t copy_file_range(int in, off_t* from, int out, off_t* to, size_t length, unsigned flags) {
     return ask(Call::Copy, length, SYS_copy_file_range, in, from, out, to, length, flags);

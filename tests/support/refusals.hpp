@@ -20,6 +20,7 @@ enum class Call {
     FlushPart,    ///< sync_file_range
     AskPlace,     ///< fstatvfs, which then tells of a file system that can only be read
     User,         ///< geteuid, which then tells of another user
+    NewThread,    ///< pthread_create
     Count
 };
 
