@@ -128,6 +128,7 @@ private:
         for (const LevelBytes& level : levels) {
             overwrite(archive_, static_cast<std::uint64_t>(level.dataOffset), level.data);
         }
+        flushOverwritten(archive_);
     }
 
     void lockAgain() const {

@@ -1,5 +1,6 @@
 #include "transfer/held_archive.hpp"
 
+#include "platform/posix/file_patch.hpp"
 #include "platform/posix/full_path.hpp"
 #include "platform/runtime_error.hpp"
 #include "platform/text.hpp"
@@ -75,6 +76,7 @@ void HeldArchive::overwriteAll(const std::vector<LevelBytes>& levels) {
             ++begun;
             overwriteOne(level);
         }
+        flushOverwritten(*file());
     } catch (...) {
         putBack(std::span{record_.old}.first(begun));
         try {
@@ -107,6 +109,11 @@ void HeldArchive::putBack(std::span<const LevelBytes> old) {
         } catch (const std::bad_alloc&) {
             failure = makeError(ErrorNumber::OutOfMemory, "putBack");
         }
+    }
+    try {
+        flushOverwritten(*file());
+    } catch (const RuntimeError& error) {
+        if (!failure) failure = error;
     }
     torn_ = failure.has_value();
     if (!torn_) return;

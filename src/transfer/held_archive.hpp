@@ -37,10 +37,10 @@ public:
     /// To be called before the file is made writable: its permissions, to be given back, are in the journal
     /// then.
     void noteMode(FileMode before);
-    /// Writes over the levels' bytes, in their order, each with one open, one write and one flush. Afterwards
-    /// all are new, or, when it fails, all as they were: the session knows the file as it then is. Where even
-    /// that fails, the failure says so, and the journal stays. ArchiveRefused as above, as far as it shows
-    /// without reading.
+    /// Writes over the levels' bytes, in their order, each with one open and one write, and flushes them.
+    /// Afterwards all are new, or, when it fails, all as they were: the session knows the file as it then is.
+    /// Where even that fails, the failure says so, and the journal stays. ArchiveRefused as above, as far as
+    /// it shows without reading.
     void overwriteLevels(const std::vector<LevelBytes>& levels);
     [[nodiscard]] std::size_t levelsWritten() const { return written_; }
     /// Runs work on so many bytes of the levels.

@@ -31,8 +31,8 @@ void requireFileBytes(const std::string& path, std::int64_t position, std::int64
 [[nodiscard]] std::vector<std::byte> readFileBytes(const std::string& path, std::int64_t position,
                                                    std::int64_t size);
 
-/// Writes the bytes over those at the position of the archive, as overwrite() does. Never changes the
-/// archive's length.
+/// Writes the bytes over those at the position of the archive, as overwrite() does: flushOverwritten() is
+/// still to come. Never changes the archive's length.
 void writeArchiveBytes(const InputFile& archive, std::int64_t position, Bytes bytes);
 
 } // namespace pelrath

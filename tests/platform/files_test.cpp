@@ -84,7 +84,7 @@ TEST(Files, OverwritingChangesTheGivenBytesOfTheOpenedFileAndNothingElse) {
     overwrite(opened, 9, raw("z"));
     EXPECT_EQ(row(folder.read("twin"), folder.read("a")), "012abc678z, of another");
     const Refusal badDisk{Call::Flush, EIO};
-    EXPECT_EQ(failureOf([&] { overwrite(opened, 0, raw("0")); }).number(), 57);
+    EXPECT_EQ(failureOf([&] { flushOverwritten(opened); }).number(), 57);
 }
 
 TEST(RuntimeErrors, NumbersAndSentences) {

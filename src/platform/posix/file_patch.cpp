@@ -29,6 +29,11 @@ FileHandle openToWrite(const std::string& path) {
     return FileHandle{::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK)};
 }
 
+/// Leads to the file itself, also when another has its name.
+FileHandle openAgainToWrite(const InputFile& opened) {
+    return openToWrite("/proc/self/fd/" + std::to_string(opened.handle()));
+}
+
 void requireInside(const InputFile& file, std::uint64_t offset, std::size_t size) {
     const std::uint64_t length = file.identity().size;
     if (offset > length || size > length - offset)
@@ -44,10 +49,17 @@ void writeInto(const std::string& path, std::uint64_t offset, Bytes bytes) {
 
 void overwrite(const InputFile& opened, std::uint64_t offset, Bytes bytes) {
     requireInside(opened, offset, bytes.size());
-    // Leads to the file itself, also when another has its name.
-    const FileHandle file = openToWrite("/proc/self/fd/" + std::to_string(opened.handle()));
-    if (!file || !writeAll(file.get(), bytes, offset) || ::fsync(file.get()) != 0)
+    const FileHandle file = openAgainToWrite(opened);
+    if (!file || !writeAll(file.get(), bytes, offset))
         throw makeSystemError(errno, "overwrite", opened.path());
+}
+
+// The handle that is older than the writes hears of all that the disk has refused since; some network file
+// systems flush only for one that can write.
+void flushOverwritten(const InputFile& opened) {
+    const FileHandle file = openAgainToWrite(opened);
+    if (!file || ::fsync(opened.handle()) != 0 || ::fsync(file.get()) != 0)
+        throw makeSystemError(errno, "flushOverwritten", opened.path());
 }
 
 } // namespace pelrath
