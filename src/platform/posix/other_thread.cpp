@@ -12,6 +12,8 @@ namespace {
 
 /// Work that waits for a thread, held by the pool and by whoever started it.
 struct Task {
+    explicit Task(const std::function<void()>& theWork) : work(std::cref(theWork)) {}
+
     std::packaged_task<void()> work;
     std::atomic<bool> taken = false; ///< by a thread, or back
 };
@@ -32,7 +34,7 @@ GThreadPool* pool() {
 } // namespace
 
 std::optional<OtherThread> OtherThread::started(const std::function<void()>& work) {
-    const auto task = std::make_shared<Task>(std::packaged_task<void()>{std::cref(work)});
+    const auto task = std::make_shared<Task>(work);
     OtherThread thread{task->work.get_future()};
     auto held = std::make_unique<SharedTask>(task);
     GError* error = nullptr;
