@@ -30,6 +30,14 @@ CopyLook compare(const Session& session, const std::string& path, GivenUp& given
 
 } // namespace
 
+std::shared_ptr<const Session> archiveAlone(const Session& session) {
+    auto alone = std::make_shared<Session>();
+    alone->archive = session.archive;
+    alone->archiveFile = session.archiveFile;
+    alone->archivePath = session.archivePath;
+    return alone;
+}
+
 CopyLook lookAtCopy(const Session& session, const std::string& path, GivenUp& givenUp,
                     const std::function<void(int percent)>& progress) try {
     return compare(session, path, givenUp, progress);

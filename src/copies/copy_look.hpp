@@ -4,6 +4,7 @@
 #include "session/session.hpp"
 
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <string>
 
@@ -28,6 +29,10 @@ private:
     std::mutex mutex_;
     bool givenUp_ = false;
 };
+
+/// The session's archive for a thread that has it to itself: what an open archive file knows changes as it is
+/// read.
+[[nodiscard]] std::shared_ptr<const Session> archiveAlone(const Session& session);
 
 /// Compares the copy at `path` with the session's archive, which is open only inside what `givenUp` guards:
 /// the copy may lie on a network that never answers. `progress` hears of each further percent. What fails is

@@ -67,22 +67,13 @@ void CopyLooks::compare(int row) {
         work_.reset();
         compareNext();
     };
-    start([archive = archiveAlone(), path = list_.row(row).copy.path, posted](GivenUp& givenUp,
-                                                                              const Post& post) {
+    start([archive = archiveAlone(session_), path = list_.row(row).copy.path, posted](GivenUp& givenUp,
+                                                                                      const Post& post) {
         const auto progress = [&](int percent) {
             post([=] { posted({CopyState::Looking, percent, {}, {}}); });
         };
         post([posted, look = lookAtCopy(*archive, path, givenUp, progress)] { posted(look); });
     });
-}
-
-// The thread has its own: what an open archive file knows changes as it is read.
-std::shared_ptr<const Session> CopyLooks::archiveAlone() const {
-    auto alone = std::make_shared<Session>();
-    alone->archive = session_.archive;
-    alone->archiveFile = session_.archiveFile;
-    alone->archivePath = session_.archivePath;
-    return alone;
 }
 
 void CopyLooks::stop() {

@@ -43,7 +43,6 @@ private:
     void compareNext();
     void compare(int row);
     void giveUp(CopyState left);
-    [[nodiscard]] std::shared_ptr<const Session> archiveAlone() const;
     /// Runs work on a thread of its own; what it posts is dropped where it has been given up.
     void start(std::function<void(GivenUp& givenUp, const Post& post)> work);
 

@@ -4,6 +4,8 @@
 #include "batch/restoration.hpp"
 #include "platform/text.hpp"
 
+#include <chrono>
+#include <future>
 #include <optional>
 #include <utility>
 
@@ -12,6 +14,7 @@ namespace pelrath::copies {
 namespace {
 
 constexpr const char* lineBreak = "\r\n";
+constexpr std::chrono::milliseconds glance{30};
 
 class Watcher : public batch::RunWatcher {
 public:
@@ -44,6 +47,34 @@ void requireAsListed(const FoundCopy& copy) {
     throw batch::NoCopy{copy.path + " has been changed since it was listed"};
 }
 
+using Opened = std::shared_ptr<Session>;
+
+Opened openListed(const FoundCopy& copy, const Session& archive) {
+    Opened opened = std::make_shared<Session>();
+    batch::openArchive(*opened, copy.path);
+    batch::requireCopy(archive, *opened);
+    requireAsListed(copy);
+    return opened;
+}
+
+/// Null where it is waited for in vain until the user has enough.
+Opened openBeside(const FoundCopy& copy, const Session& session, const RestorationWatch& watch) {
+    auto opened = std::make_shared<std::promise<Opened>>();
+    std::future<Opened> answer = opened->get_future();
+    watch.begins("Opening " + copy.path + " ...");
+    watch.beside([opened, copy, archive = archiveAlone(session)](const Post& /*post*/) {
+        try {
+            opened->set_value(openListed(copy, *archive));
+        } catch (...) {
+            opened->set_exception(std::current_exception());
+        }
+    });
+    while (answer.wait_for(glance) != std::future_status::ready) {
+        if (watch.stopIsAsked()) return nullptr;
+    }
+    return answer.get();
+}
+
 std::string linesOf(const batch::Report& report, const FoundCopy& copy) {
     std::string lines;
     if (!report.safeCopy.empty()) lines += "Safe copy done as " + report.safeCopy + lineBreak;
@@ -68,17 +99,17 @@ std::string linesOf(const batch::Report& report, const FoundCopy& copy) {
 
 std::string restoreFrom(const FoundCopy& copy, const batch::Plan& plan, const std::string& safeCopyFolder,
                         Session& session, const RestorationWatch& watch) try {
-    Session then;
-    batch::openArchive(then, copy.path);
-    batch::requireCopy(session, then);
-    requireAsListed(copy);
+    const Opened then = openBeside(copy, session, watch);
+    if (then == nullptr) {
+        return "Not restored: stopped before " + copy.path + " could be read." + lineBreak;
+    }
     batch::WritingTerms terms;
     terms.safeCopyFolder = safeCopyFolder;
     terms.writeReadOnly = watch.writeReadOnly;
     terms.busy = watch.busy;
     Watcher watcher{watch};
     watch.begins("Making a safe copy ...");
-    return linesOf(batch::runRestoration(session, then, plan, terms, watcher), copy);
+    return linesOf(batch::runRestoration(session, *then, plan, terms, watcher), copy);
 } catch (const std::exception& error) {
     return "Not restored: " + batch::asOneLine(error.what()) + "." + lineBreak;
 }

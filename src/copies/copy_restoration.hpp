@@ -1,7 +1,7 @@
 #pragma once
 
 #include "batch/report.hpp"
-#include "copies/copy_list.hpp"
+#include "copies/copy_looks.hpp"
 #include "platform/busy_sign.hpp"
 #include "session/session.hpp"
 
@@ -12,7 +12,9 @@ namespace pelrath::copies {
 
 /// What putting textures back needs of its window.
 struct RestorationWatch {
-    std::function<bool()> stopIsAsked;              ///< between two textures; the window is painted meanwhile
+    Beside beside;                                  ///< opens the copy, which may never answer
+    std::function<bool()> stopIsAsked;              ///< between two textures, and while the copy is waited
+                                                    ///< for; the window is painted meanwhile
     std::function<void(const std::string&)> begins; ///< tells what is being done
     BusySign* busy = nullptr;                       ///< shows the safe copy at work
     bool writeReadOnly = false; ///< that a read-only archive is made writable has been agreed on

@@ -239,10 +239,10 @@ void SafeCopies::putBack(const FoundCopy& copy, const batch::Plan& plan, bool wr
     }
     cmdStop.setEnabled(true);
     cmdStop.focus();
-    txtSummary.setText(
-        restoreFrom(copy, plan, session_.settings.cddsBackupFolder, session_,
-                    {services_.stopIsAsked, [this](const std::string& text) { txtSummary.setText(text); },
-                     &services_.busy, writeReadOnly}));
+    txtSummary.setText(restoreFrom(copy, plan, session_.settings.cddsBackupFolder, session_,
+                                   {services_.beside, services_.stopIsAsked,
+                                    [this](const std::string& text) { txtSummary.setText(text); },
+                                    &services_.busy, writeReadOnly}));
     cmdFolder.setEnabled(true);
     cmdClose.setEnabled(true);
     kept_ = copy.path;

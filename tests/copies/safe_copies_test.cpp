@@ -142,6 +142,12 @@ TEST(SafeCopies, LeadBack) {
          "Safe copy done as @/copies/a-1.cdds|1 texture put back from @/copies/a-0.cdds|"},
         {"no mark at all", [](SafeCopiesHarness& h) { h.window.cmdNone.press(); }, nullptr, now, ""},
         {"the answer is no", [](SafeCopiesHarness& h) { h.boxes.answer = BoxAnswer::Cancel; }, "?", now, ""},
+        {"the copy never answers",
+         [](SafeCopiesHarness& h) {
+             h.run = [](const auto&) {};
+             h.stopInCopy = true;
+         },
+         "?", now, "Not restored: stopped before @/copies/a-0.cdds could be read.|"},
         {"stopped in the copy", [](SafeCopiesHarness& h) { h.stopInCopy = true; }, "?", now,
          "0 textures put back from @/copies/a-0.cdds|Stopped: 2 textures left as they are.|"},
         {"stopped behind the copy", [](SafeCopiesHarness& h) { h.stopAt = 1; }, "?", now,
