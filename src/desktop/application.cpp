@@ -28,7 +28,12 @@ Application::Application()
       textMenus(refresh, fileManager), recentMenu(window, main, session.settings.recentArchives, refresh),
       copies(session, copiesServices()), copiesWindow(copies, binder), several(session, severalServices()),
       laidOut(refresh, screen, Places::OfLayout), severalWindow(several, laidOut),
-      inspection(session, main.transfer, {busy, [this] { return refresh.gate().isStopWished(); }}),
+      inspection(session, main.transfer,
+                 {busy,
+                  [this] {
+                      refresh.gate().dropWaiting();
+                      return refresh.gate().isStopWished();
+                  }}),
       inspectionWindow(inspection, binder) {
     QApplication::setStyle(new WholeFrames);           // the application owns it
     QApplication::setLayoutDirection(Qt::LeftToRight); // places are fixed, and so are the texts in them

@@ -53,6 +53,8 @@ Inspection::Inspection(Session& session, TextureExtractionInsertion& dialog, Ins
 void Inspection::check() try {
     LeavingSign sign{services_};
     open(checkInsertion(session_, dialog_.choice(), &sign));
+    // It may have been too short to look at events.
+    if (services_.stopIsAsked()) throw GivenUp{};
     window.load();
     const Box& over = dialog_.window.box();
     const Box& own = window.box();
