@@ -31,7 +31,7 @@ std::int64_t settledChange(const FileIdentity& state) {
 
 [[noreturn]] void refuseAsReplaced(const std::string& path) {
     refuse(ErrorNumber::PathFileAccess,
-           "another file has taken the place of " + path + " since it was read. Please read it again");
+           path + " has been replaced by another file since it was read. Please read it again");
 }
 
 [[noreturn]] void refuseAsChanged(const std::string& path) {

@@ -168,7 +168,7 @@ TEST(ArchiveFileInUse, IsTheOneThatWasReadAndNoOther) {
         fs::rename(folder.file("twin"), path);
     };
     const char* const changed = "has been changed by another";
-    const char* const replaced = "another file has taken the place of ";
+    const char* const replaced = " has been replaced by another file since it was read";
     // What happens to it behind the read, and the words of the refusal; null: it is still the one.
     const std::tuple<const char*, std::function<void()>, const char*> cases[] = {
         {"nothing", [] {}, nullptr},

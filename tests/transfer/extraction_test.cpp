@@ -113,7 +113,7 @@ TEST_F(Extraction, AFailureIsToldAndLeavesNothingHalfWritten) {
         {[this] { session.exportImportFolder += "/gone"; }, {}, "Error : 76 ", none, ""},
         {noArchive, {embedded}, "Error : 53 ", none, ""},
         {noArchive, {images}, "Error : 53 ", "", ""},
-        {[this] { replaceByATwin(); }, {external}, "ImageSave Error : 75 another file has taken", none, ""},
+        {[this] { replaceByATwin(); }, {external}, "a.cdds has been replaced by another file", none, ""},
     };
     for (const auto& [spoil, steps, words, summary, after] : cases) {
         begin("w.bmp", "DXT1");

@@ -111,8 +111,8 @@ TEST_F(TroubledInsertion, RefusesAnArchiveThatIsNotTheOneRead) {
     const std::string changed = archive();
     for (const Step& kind : {Step{ddsFiles}, Step{images}}) {
         EXPECT_EQ(insert({kind}), "Insertion canceled.");
-        boxes.expect({"The insertion was stopped: another file has taken the place of " + path +
-                          " since it was read. Please read it again.",
+        boxes.expect({"The insertion was stopped: " + path +
+                          " has been replaced by another file since it was read. Please read it again.",
                       "Pelrath - Insertion refused"});
     }
     EXPECT_EQ(row(archive() == changed, files("copies")), "true, ");
