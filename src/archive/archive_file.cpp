@@ -72,6 +72,13 @@ ArchiveFile::ArchiveFile(const InputFile& file)
     : path_(file.path()), known_(file.identity()), comparedAt_(settledChange(known_)) {}
 
 InputFile ArchiveFile::open(const std::string& chosen, const CddsArchive& catalogue, LockKind lock) const {
+    InputFile file = openLocked(chosen, lock);
+    const FileIdentity now = file.identity();
+    if (now.statusChanged != comparedAt_) compareTables(file, now, catalogue);
+    return file;
+}
+
+InputFile ArchiveFile::openLocked(const std::string& chosen, LockKind lock) const {
     if (chosen != path_) {
         refuse(ErrorNumber::PathFileAccess, chosen + " was chosen, but is not the archive that was read" +
                                                 (path_.empty() ? "" : ", which is " + path_) +
@@ -79,9 +86,7 @@ InputFile ArchiveFile::open(const std::string& chosen, const CddsArchive& catalo
     }
     InputFile file = openAnew(path_);
     if (waitForLock(file.handle(), lock) == LockAnswer::Taken) refuseAsUsed(path_);
-    const FileIdentity now = file.identity();
-    requireSameState(now);
-    if (now.statusChanged != comparedAt_) compareTables(file, now, catalogue);
+    requireSameState(file.identity());
     return file;
 }
 
@@ -105,6 +110,12 @@ void ArchiveFile::heedCompletion(const FileIdentity& now, std::uint32_t tables,
     if (isThis && tablesChecksum(catalogue) == tables) known_.modified = now.modified;
 }
 
+std::uint32_t ArchiveFile::checksumOf(const CddsArchive& catalogue) const {
+    if (!comparedTables_) return tablesChecksum(catalogue);
+    if (!checksum_) checksum_ = tablesChecksum(catalogue);
+    return *checksum_;
+}
+
 void ArchiveFile::requireSameState(const FileIdentity& now) const {
     if (!now.sameFile(known_)) refuseAsReplaced(path_);
     if (now.size != known_.size || now.modified != known_.modified) refuseAsChanged(path_);
@@ -116,6 +127,7 @@ const ArchiveContents& ArchiveFile::compareTables(const InputFile& file, const F
     if (!comparedTables_ || contents != *comparedTables_) {
         if (makeCatalogue(contents) != catalogue) refuseAsChanged(path_);
         comparedTables_ = std::make_shared<const ArchiveContents>(std::move(contents));
+        checksum_.reset();
     }
     comparedAt_ = settledChange(now);
     return *comparedTables_;

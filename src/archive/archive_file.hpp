@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace pelrath {
@@ -39,6 +40,10 @@ public:
     /// The tables of the opened file, read again and compared: its levels may be overwritten. Throws as
     /// open(), also where its path leads to another file by now. They stay until the next comparison.
     const ArchiveContents& requireTables(const InputFile& file, const CddsArchive& catalogue) const;
+    /// open() to write for whoever calls requireTables() next: one reading does for both.
+    [[nodiscard]] InputFile openUnread(const std::string& chosen) const {
+        return openLocked(chosen, LockKind::Exclusive);
+    }
     /// The same as far as it shows without reading.
     void requireInPlace(const InputFile& file) const;
 
@@ -50,8 +55,11 @@ public:
     void heedCompletion(const FileIdentity& now, std::uint32_t tables, const CddsArchive& catalogue);
 
     [[nodiscard]] const std::string& path() const { return path_; }
+    /// tablesChecksum() of the catalogue, reckoned once for the tables that were last compared with it.
+    [[nodiscard]] std::uint32_t checksumOf(const CddsArchive& catalogue) const;
 
 private:
+    [[nodiscard]] InputFile openLocked(const std::string& chosen, LockKind lock) const;
     void requireSameState(const FileIdentity& now) const;
     const ArchiveContents& compareTables(const InputFile& file, const FileIdentity& now,
                                          const CddsArchive& catalogue) const;
@@ -63,6 +71,7 @@ private:
     /// The tables that were last found to be the catalogue's, none before the first time. Where they are read
     /// again, the very same need no second catalogue to be compared by.
     mutable std::shared_ptr<const ArchiveContents> comparedTables_;
+    mutable std::optional<std::uint32_t> checksum_; ///< of those
 };
 
 } // namespace pelrath

@@ -24,10 +24,15 @@ std::shared_ptr<const InputFile> HeldArchive::file() {
 }
 
 const ArchiveContents& HeldArchive::requireTables() {
-    if (const std::string reason = whyNotWritable(*file()); !reason.empty()) {
+    const ArchiveFile& known = session_.archiveFile;
+    const auto file =
+        file_ ? file_ : std::make_shared<const InputFile>(known.openUnread(session_.archivePath));
+    if (const std::string reason = whyNotWritable(*file); !reason.empty()) {
         throw ArchiveRefused{static_cast<int>(ErrorNumber::PermissionDenied), "requireTables", reason};
     }
-    return session_.archiveFile.requireTables(*file(), session_.archive);
+    const ArchiveContents& tables = known.requireTables(*file, session_.archive);
+    file_ = file;
+    return tables;
 }
 
 void HeldArchive::noteMode(FileMode before) {
@@ -41,7 +46,7 @@ void HeldArchive::note() {
         record_.archivePath = pathFromRoot(session_.archivePath); // it may be read from another folder
         record_.textureName = session_.chosenTexture().name;
         record_.archive = file()->identity(); // for the journal's name
-        record_.tables = tablesChecksum(session_.archive);
+        record_.tables = session_.archiveFile.checksumOf(session_.archive);
         journal_.emplace(session_.programFolder.path(), record_, session_.otherProgramFolder);
     }
     record_.archive = file()->identity();
