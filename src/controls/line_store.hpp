@@ -28,11 +28,6 @@ public:
         const std::size_t start = ends_.size() < 2 ? 0 : ends_[ends_.size() - 2];
         return std::span{text_}.subspan(start);
     }
-    /// Makes room for so many lines and bytes in all; a hint only.
-    void reserve(std::size_t lines, std::size_t bytes) {
-        ends_.reserve(lines);
-        text_.reserve(bytes);
-    }
     /// Keeps the memory for the lines to come.
     void clear() {
         text_.clear();

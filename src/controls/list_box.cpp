@@ -40,17 +40,27 @@ void removeRow(Runs& runs, int row) {
 
 } // namespace
 
+std::string ListBox::line(int row) const {
+    if (!maker_) return std::string{lines_.line(static_cast<std::size_t>(row))};
+    std::string line;
+    maker_(row, line);
+    return line;
+}
+
 void ListBox::append(std::string_view line) {
     lines_.append(line);
     changed.emit();
 }
 
-void ListBox::reserve(int lines, std::size_t bytes) {
-    lines_.reserve(static_cast<std::size_t>(lines), bytes);
+void ListBox::appendMade() {
+    ++made_;
+    changed.emit();
 }
 
 void ListBox::clear() {
     lines_.clear();
+    maker_ = nullptr;
+    made_ = 0;
     upperCased_.clear();
     runs_.clear();
     ++clearances_;
@@ -59,9 +69,7 @@ void ListBox::clear() {
 
 int ListBox::selectedRow() const { return runs_.empty() ? -1 : runs_.front().first; }
 
-std::string_view ListBox::selectedText() const {
-    return runs_.empty() ? std::string_view{} : line(selectedRow());
-}
+std::string ListBox::selectedText() const { return runs_.empty() ? std::string{} : line(selectedRow()); }
 
 bool ListBox::isSelected(int row) const {
     return std::any_of(runs_.begin(), runs_.end(),
@@ -99,8 +107,13 @@ void ListBox::press(int row) {
 }
 
 void ListBox::upperCaseNewLines() const {
-    for (std::size_t i = upperCased_.count(); i < lines_.count(); ++i) {
-        const std::string_view line = lines_.line(i);
+    std::string line;
+    for (int i = static_cast<int>(upperCased_.count()); i < count(); ++i) {
+        if (maker_) {
+            maker_(i, line);
+        } else {
+            line = lines_.line(static_cast<std::size_t>(i));
+        }
         if (isAscii(line)) {
             upperCased_.append(line);
             makeUpperCase(upperCased_.lastLine());

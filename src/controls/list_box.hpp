@@ -4,7 +4,10 @@
 #include "controls/line_store.hpp"
 
 #include <cstdint>
+#include <functional>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace pelrath {
@@ -22,19 +25,23 @@ public:
     explicit ListBox(Choice choice = Choice::Single) : choice_(choice) {}
 
     [[nodiscard]] Choice choice() const { return choice_; }
-    [[nodiscard]] int count() const { return static_cast<int>(lines_.count()); }
-    [[nodiscard]] std::string_view line(int row) const { return lines_.line(static_cast<std::size_t>(row)); }
+    [[nodiscard]] int count() const { return static_cast<int>(lines_.count()) + made_; }
+    [[nodiscard]] std::string line(int row) const;
 
     void append(std::string_view line);
-    /// Room for so many lines and bytes in all; a hint only.
-    void reserve(int lines, std::size_t bytes);
+    /// Puts the text of a row in `line`'s place.
+    using LineMaker = std::function<void(int row, std::string& line)>;
+    /// An empty list's lines are made from now on, each whenever it is looked at, and appended by
+    /// appendMade(): of ten thousands, hardly any ever is. Until the list is cleared.
+    void setMaker(LineMaker maker) { maker_ = std::move(maker); }
+    void appendMade();
     /// Removes every line. What was selected is gone with its line; that raises no click.
     void clear();
 
     /// The chosen row of a Single list, -1 when none is.
     [[nodiscard]] int selectedRow() const;
     /// The chosen row's text, empty when none is.
-    [[nodiscard]] std::string_view selectedText() const;
+    [[nodiscard]] std::string selectedText() const;
     [[nodiscard]] bool isSelected(int row) const;
     /// Rows outside the list are ignored. In a Single list, selecting a row deselects the one chosen before.
     void setSelected(int row, bool selected);
@@ -67,6 +74,8 @@ private:
 
     Choice choice_;
     LineStore lines_;
+    LineMaker maker_;
+    int made_ = 0;
     std::vector<Run> runs_;
     std::uint64_t clearances_ = 0;
     std::uint64_t selections_ = 0;

@@ -4,6 +4,7 @@
 #include "archive/number_text.hpp"
 #include "platform/posix/files.hpp"
 #include "platform/runtime_error.hpp"
+#include "platform/text.hpp"
 
 #include <string_view>
 
@@ -42,6 +43,12 @@ private:
     }
     const std::vector<CommandButton*>& commands_;
 };
+
+// The contents' tables of a layout, none where they are of another.
+template <class Tables>
+std::shared_ptr<const Tables> tablesOf(const std::shared_ptr<const ArchiveContents>& contents) {
+    return {contents, std::get_if<Tables>(contents.get())};
+}
 
 constexpr int texturesPerPump = 10;
 constexpr const char* notFoundTitle = "Pelrath - File not found";
@@ -95,7 +102,8 @@ void ArchiveReading::openArchive() {
 std::optional<ArchiveReading::ReadTables> ArchiveReading::readTables() {
     try {
         const InputFile file{session_.archivePath};
-        return ReadTables{ArchiveFile{file}, readArchive(file)}; // in this order
+        ArchiveFile known{file}; // before its tables are read
+        return ReadTables{std::move(known), std::make_shared<const ArchiveContents>(readArchive(file))};
     } catch (const DamagedArchive& damage) {
         refuse(session_.archivePath + " is damaged and was not opened.\r\n\r\n" + damage.what() +
                    "\r\n\r\nPlease take a fresh copy of the file.",
@@ -112,10 +120,10 @@ void ArchiveReading::readFile() {
     if (c_.window.isUnloaded()) return; // closed behind its message
     const std::optional<ReadTables> read = readTables();
     if (!read) return;
-    if (!std::holds_alternative<NotAnArchive>(read->contents))
+    if (!std::holds_alternative<NotAnArchive>(*read->contents))
         session_.settings.recentArchives.add(session_.archivePath);
-    if (const auto* tables = std::get_if<Tables0C>(&read->contents)) show(*tables, read->file);
-    if (const auto* tables = std::get_if<TablesCdds>(&read->contents)) show(*tables, read->file);
+    if (const auto tables = tablesOf<Tables0C>(read->contents)) show(tables, read->file);
+    if (const auto tables = tablesOf<TablesCdds>(read->contents)) show(tables, read->file);
 }
 
 void ArchiveReading::refuse(const std::string& text, const char* title) {
@@ -139,19 +147,30 @@ void ArchiveReading::takeOver(CddsArchive archive, const ArchiveFile& file) {
 }
 
 template <class Tables>
-void ArchiveReading::show(const Tables& tables, const ArchiveFile& file) {
-    CddsArchive archive = makeCatalogue(tables);
-    const LayoutWords words = wordsOf(tables);
+void ArchiveReading::show(const std::shared_ptr<const Tables>& tables, const ArchiveFile& file) {
+    CddsArchive archive = makeCatalogue(*tables);
+    const LayoutWords words = wordsOf(*tables);
     listing_.clearListingPane(c_.Output[HeaderPane]);
     c_.Text9.setText(std::string{words.headerTitle});
     c_.Text3.setText(std::string{words.type});
-    c_.Text4.setText(fileNumberText(tables.header.textureCount));
-    listing_.appendListingLine(c_.Output[HeaderPane], listing::headerLine(tables.header));
+    c_.Text4.setText(fileNumberText(tables->header.textureCount));
+    listing_.appendListingLine(c_.Output[HeaderPane], listing::headerLine(tables->header));
 
     beginPane(TexturePane, words.textureTitle);
     beginPane(MipmapPane, listing::mipmapTitle);
     takeOver(std::move(archive), file);
-    fillPanes(tables);
+    c_.Output[TexturePane].setMaker([tables](int row, std::string& line) {
+        const auto& texture = tables->textures[static_cast<std::size_t>(row)];
+        listing::textureLine(texture, row, fieldText(texture.entry.name), line);
+    });
+    c_.Output[MipmapPane].setMaker([tables](int row, std::string& line) {
+        listing::mipmapLine(tables->mipmaps[static_cast<std::size_t>(row)], row + 1, line);
+    });
+    c_.incrementalSearchList.setMaker([tables](int row, std::string& line) {
+        const auto& texture = tables->textures[static_cast<std::size_t>(row)];
+        line = listing::nameListEntry(fieldText(texture.entry.name));
+    });
+    fillPanes(*tables);
 }
 
 void ArchiveReading::beginPane(Pane pane, std::string_view title) {
@@ -163,30 +182,18 @@ void ArchiveReading::beginPane(Pane pane, std::string_view title) {
 template <class Tables>
 void ArchiveReading::fillPanes(const Tables& tables) {
     const auto textures = static_cast<std::int32_t>(tables.textures.size());
-    const auto mipmaps = static_cast<std::int32_t>(tables.mipmaps.size());
-    c_.Output[TexturePane].reserve(textures,
-                                   tables.textures.size() * (c_.Text2[TexturePane].text().size() + 4));
-    c_.Output[MipmapPane].reserve(mipmaps, tables.mipmaps.size() * listing::mipmapTitle.size());
-    constexpr std::size_t usualName = 32;
-    c_.incrementalSearchList.reserve(textures, tables.textures.size() * usualName);
-    std::string line;
     std::int32_t number = 0;
     for (std::int32_t i = 0; i < textures; ++i) {
         if (i % texturesPerPump == 0) services_.pump.processPending();
         if (c_.window.isUnloaded()) return;
         const auto& texture = tables.textures[static_cast<std::size_t>(i)];
-        const std::string& name = session_.archive.textures[static_cast<std::size_t>(i)].name;
         c_.Text7.setText(std::to_string(i + 1));
-        listing::textureLine(texture, i, name, line);
-        listing_.appendListingLine(c_.Output[TexturePane], line);
-        listing_.appendListingLine(c_.incrementalSearchList, listing::nameListEntry(name));
+        c_.Output[TexturePane].appendMade();
+        c_.incrementalSearchList.appendMade();
         const std::int32_t last = number + mipmapCountOf(texture);
         while (number < last) {
-            const PlacedMipmapEntry& mipmap = tables.mipmaps[static_cast<std::size_t>(number)];
-            ++number;
-            c_.Text5.setText(indexText(number));
-            listing::mipmapLine(mipmap, number, line);
-            listing_.appendListingLine(c_.Output[MipmapPane], line);
+            c_.Text5.setText(indexText(++number));
+            c_.Output[MipmapPane].appendMade();
         }
         if (mipmapCountOf(texture) == 0) c_.Text5.setText("");
     }

@@ -16,6 +16,7 @@
 #include "transfer/insertion_recovery.hpp"
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -65,14 +66,14 @@ private:
     void readFile();
     struct ReadTables {
         ArchiveFile file;
-        ArchiveContents contents;
+        std::shared_ptr<const ArchiveContents> contents;
     };
     /// Nothing when the file was refused or could not be read, which has then been reported.
     std::optional<ReadTables> readTables();
     void refuse(const std::string& text, const char* title);
 
     template <class Tables>
-    void show(const Tables& tables, const ArchiveFile& file);
+    void show(const std::shared_ptr<const Tables>& tables, const ArchiveFile& file);
     template <class Tables>
     void fillPanes(const Tables& tables);
     void beginPane(Pane pane, std::string_view title);

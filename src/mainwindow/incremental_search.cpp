@@ -26,7 +26,7 @@ void IncrementalSearch::copyChosenName() {
     if (row < 0) return;
     {
         const ScopedFlag copying{copyingChosenName_};
-        c_.incrementalSearchText.setText(std::string{list.selectedText()});
+        c_.incrementalSearchText.setText(list.selectedText());
     }
     // Another row of the same name leaves the text as it was, and nothing to complete.
     if (autoCompleteAllowed_ && !searchBusy_) c_.texturePane.setSelected(row, true);
@@ -40,7 +40,7 @@ void IncrementalSearch::complete() {
     const int row = copyingChosenName_ ? list.selectedRow() : list.findPrefix(start);
     if (row < 0) return;
     list.setSelected(row, true);
-    c_.incrementalSearchText.setText(std::string{list.line(row)});
+    c_.incrementalSearchText.setText(list.line(row));
     c_.incrementalSearchText.setSelection(characterCount(start), toTheEnd);
     c_.texturePane.setSelected(row, true);
 }

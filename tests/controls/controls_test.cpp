@@ -114,6 +114,11 @@ TEST(Controls, BeginAnewWithEachFillingOrLoad) {
     EXPECT_EQ(row(names.findPrefix("OL"), names.findPrefix("")), "0, -1");
     names.clear(), names.append("New");
     EXPECT_EQ(row(names.findPrefix("o"), names.findPrefix("n")), "-1, 0");
+    names.clear(), names.setMaker([](int at, std::string& line) { line = "Made " + std::to_string(at); });
+    names.appendMade(), names.appendMade();
+    EXPECT_EQ(row(names.count(), names.line(1), names.findPrefix("made 1")), "2, Made 1, 1");
+    names.clear(), names.append("New");
+    EXPECT_EQ(row(names.count(), names.line(0), names.findPrefix("made")), "1, New, -1");
     Timer timer;
     EXPECT_FALSE(timer.running()) << "without an interval";
     Window window;
