@@ -1,5 +1,6 @@
 #pragma once
 
+#include "archive/records.hpp"
 #include "platform/posix/large_blocks.hpp"
 
 #include <cstdint>
@@ -13,7 +14,7 @@ enum class CddsType { Type0C, TypeCdds };
 
 /// One mipmap level of a texture.
 struct MipmapRecord {
-    std::string fourCC;      ///< the owning texture's
+    records::FourCC fourCC;  ///< the owning texture's bytes; not a text of its own for each of the thousands
     std::int32_t dataOffset; ///< absolute 0-based position of the level's data in the archive
     std::int32_t dataSize;   ///< bytes, never negative; 0: the level has no data
     std::int32_t width;      ///< as stored; nothing has checked it

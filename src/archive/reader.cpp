@@ -197,7 +197,7 @@ CddsArchive catalogueOf(const Tables& tables, CddsType type) {
         texture.mipmaps.reserve(static_cast<std::size_t>(texture.mipmapCount));
         for (std::int32_t j = 0; j < texture.mipmapCount; ++j, ++next) {
             const records::MipmapEntry& entry = next->entry;
-            texture.mipmaps.push_back({texture.fourCC, next->position + entry.dataOffset, entry.dataSize,
+            texture.mipmaps.push_back({fourCCOf(placed), next->position + entry.dataOffset, entry.dataSize,
                                        entry.width, entry.height});
         }
     }

@@ -35,10 +35,12 @@ decltype(CddsArchive::textures) recordsOf(const ArchiveBuilder& builder) {
         const auto& places = builder.dataAt[records.size()];
         TextureRecord& record = records.emplace_back(
             TextureRecord{plan.name, plan.type, static_cast<std::int32_t>(places.size()), {}});
+        records::FourCC type{};
+        plan.type.copy(type.data(), type.size());
         for (std::size_t j = 0; j < places.size(); ++j) {
             const LevelPlan& level = plan.levels[j];
-            record.mipmaps.push_back({plan.type, places[j], static_cast<std::int32_t>(level.data.size()),
-                                      level.width, level.height});
+            record.mipmaps.push_back(
+                {type, places[j], static_cast<std::int32_t>(level.data.size()), level.width, level.height});
         }
     }
     return records;
