@@ -59,6 +59,13 @@ TEST(Look, ZoomsAndMovesByWholePixelsAndKeepsThePictureInTheViewport) {
         look.begin({{0, 2048, 1024}});
         EXPECT_TRUE(look.isGiven()) << what;
     }
+    Look thin;
+    thin.begin({{0, 4, 1}, {1, 2, 1}});
+    act(thin, "tiled zoom 0.0625 0 0 mouse 1 1");
+    EXPECT_EQ(seen(thin) + "; " + row(thin.pointed()->x),
+              "0.0625; 0, 0, 0, 1, 1; 0, 1, 0, 1, 1; 0, 0, 1, 1, 1; 0, 1, 1, 1, 1; 2");
+    act(thin, "chain");
+    EXPECT_EQ(seen(thin), "0.0625; 0, 0, 0, 1, 1; 1, 5, 0, 1, 1");
     Look chain = lookAtTexture();
     chain.arrange(Arrangement::AllLevels);
     const Sheet last = chain.sheets()[1];

@@ -161,6 +161,10 @@ GLuint makeTexture(const LevelImage& image) {
     return made;
 }
 
+bool isReduced(const Sheet& sheet, std::int32_t width, std::int32_t height) {
+    return sheet.width < width || sheet.height < height;
+}
+
 // Whose pixels those are that end where a sheet ends is each driver's choice, but two tiles share none.
 Sheet inWholePixels(Sheet sheet) {
     sheet.width = std::ceil(sheet.width - 0.5);
@@ -363,7 +367,7 @@ void GlRenderer::drawInto(std::uint32_t target, std::int32_t width, std::int32_t
 void GlRenderer::reduce(const Sheet& sheet) {
     constexpr double screens = 4;
     const auto found = images_.find(sheet.image);
-    if (found == images_.end() || sheet.width >= found->second.width ||
+    if (found == images_.end() || !isReduced(sheet, found->second.width, found->second.height) ||
         sheet.width * sheet.height > screens * backWidth_ * backHeight_)
         return;
     Reduced& reduced = reduced_[sheet.image];
@@ -404,7 +408,8 @@ void GlRenderer::drawSheet(const Sheet& sheet, const Sheet& place, const Picks& 
         draw(nearest_, small, place, small.width, small.height, picks.channel);
     } else {
         // Above 1:1 there is one texel under a pixel.
-        const Program& program = picks.averaged && sheet.width < image.width ? averaged_ : nearest_;
+        const bool averaged = picks.averaged && isReduced(sheet, image.width, image.height);
+        const Program& program = averaged ? averaged_ : nearest_;
         draw(program, image, place, sheet.width, sheet.height, picks.channel);
     }
 }

@@ -30,6 +30,9 @@ Extent extentOf(const std::vector<Sheet>& sheets) {
 // A pixel belongs to a picture that reaches beyond its centre.
 double pixelsUnder(double length) { return std::max(0.0, std::ceil(length - 0.5)); }
 
+// However far it is zoomed out, a sheet can be seen.
+double drawnSide(std::int32_t texels, double scale) { return std::max(texels * scale, 1.0); }
+
 // A picture that fits stays inside, one that does not leaves no free room.
 double held(double origin, double extent, double room) {
     const double slack = room - pixelsUnder(extent);
@@ -157,8 +160,8 @@ double Look::fittedScale() const {
 
 std::vector<Sheet> Look::laidOut(double scale) const {
     if (arrangement_ == Arrangement::AllLevels) return chain(scale);
-    const double width = level().width * scale;
-    const double height = level().height * scale;
+    const double width = drawnSide(level().width, scale);
+    const double height = drawnSide(level().height, scale);
     std::vector<Sheet> sheets;
     const int tiles = arrangement_ == Arrangement::Tiled ? 2 : 1;
     for (int row = 0; row < tiles; ++row) {
@@ -179,7 +182,11 @@ std::vector<Sheet> Look::chain(double scale) const {
     double left = 0;
     double top = 0;
     for (const LevelSides& sides : levels_) {
-        const Sheet sheet{{sides.level, picks.version}, left, top, sides.width * scale, sides.height * scale};
+        const Sheet sheet{{sides.level, picks.version},
+                          left,
+                          top,
+                          drawnSide(sides.width, scale),
+                          drawnSide(sides.height, scale)};
         if (sheets.empty()) {
             left = std::ceil(sheet.width) + gap;
         } else {

@@ -109,6 +109,7 @@ public:
 
     /// Pixels of the screen to a texel. There must be a texture.
     [[nodiscard]] double scale() const { return zoom_ ? *zoom_ : fittedScale(); }
+    /// None is thinner than a pixel.
     [[nodiscard]] std::vector<Sheet> sheets() const;
 
     /// The mouse is there.
