@@ -23,8 +23,6 @@ const std::string_view mipmapTitle =
 
 namespace {
 
-constexpr std::size_t nameWidth = 32;
-
 void addAll(NumberColumns& columns, std::initializer_list<std::int32_t> numbers) {
     for (const std::int32_t number : numbers) {
         columns.addDecimal(number);

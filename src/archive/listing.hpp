@@ -2,6 +2,7 @@
 
 #include "archive/reader.hpp"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -29,6 +30,9 @@ void textureLine(const PlacedTextureCdds& texture, std::int32_t index, std::stri
 
 /// The line of a mipmap entry, put in `line`'s place; `number` counts the archive's entries from 1.
 void mipmapLine(const PlacedMipmapEntry& mipmap, std::int32_t number, std::string& line); // 106
+
+/// Of the column that the textures' names stand in.
+inline constexpr std::size_t nameWidth = 32;
 
 /// A texture's entry in the name list: its name padded to 32 characters, less the blanks at both
 /// ends. A part of `name`.

@@ -1,5 +1,6 @@
 #include "archive/listing_cells.hpp"
 
+#include "archive/listing.hpp"
 #include "platform/text.hpp"
 
 #include <algorithm>
@@ -9,7 +10,6 @@ namespace pelrath::listing {
 namespace {
 
 constexpr std::string_view name = "File Name"; // the one title of two words
-constexpr std::size_t nameWidth = 32;          // characters
 constexpr std::size_t textColumns = 5;         // index, name, width, height and type; the others are numbers
 
 // Takes the first word off a text.

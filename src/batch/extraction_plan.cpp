@@ -12,9 +12,9 @@ namespace pelrath::batch {
 
 namespace {
 
-class Planning {
+class ExtractionPlanning {
 public:
-    Planning(const Session& session, const ExtractionWish& wish) : session_(session), wish_(wish) {}
+    ExtractionPlanning(const Session& session, const ExtractionWish& wish) : session_(session), wish_(wish) {}
 
     PlannedTexture plan(std::int16_t index) {
         const TextureRecord& texture = textureOf(session_.archive, index);
@@ -87,7 +87,7 @@ private:
 
 Plan planExtraction(const Session& session, const std::vector<std::int16_t>& textures,
                     const ExtractionWish& wish) {
-    Planning planning{session, wish};
+    ExtractionPlanning planning{session, wish};
     Plan plan;
     for (const std::int16_t texture : textures) {
         plan.push_back(planning.plan(texture));

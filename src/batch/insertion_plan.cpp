@@ -15,9 +15,9 @@ namespace pelrath::batch {
 
 namespace {
 
-class Planning {
+class InsertionPlanning {
 public:
-    Planning(const Session& session, const InsertionWish& wish)
+    InsertionPlanning(const Session& session, const InsertionWish& wish)
         : session_(session), wish_(wish), names_(session.archive) {}
 
     void add(const std::string& fileOrFolder) try {
@@ -114,7 +114,7 @@ private:
 
 Plan planInsertion(const Session& session, const std::vector<std::string>& filesAndFolders,
                    const InsertionWish& wish) {
-    Planning planning{session, wish};
+    InsertionPlanning planning{session, wish};
     for (const std::string& path : filesAndFolders) {
         planning.add(path);
     }

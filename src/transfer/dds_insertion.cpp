@@ -3,14 +3,11 @@
 #include "platform/posix/files.hpp"
 #include "transfer/image_file_name.hpp"
 #include "transfer/insertion_choice.hpp"
+#include "transfer/summary_text.hpp"
 
 #include <algorithm>
 
 namespace pelrath {
-
-namespace {
-constexpr const char* lineBreak = "\r\n";
-} // namespace
 
 DdsInsertion::DdsInsertion(const Controls& controls, const Session& session, const TransferState& state,
                            ImageInsertion& images, BazarTempCopy& bazarTemp)
@@ -20,7 +17,7 @@ void DdsInsertion::insertFromDdsFiles(InsertionRun& run) {
     const bool intoArchive = c_.chkDestination[ToArchive].checked();
     std::optional<FolderLock> folder;
     if (nothingChosen()) {
-        run.say(std::string{"No mipmap selected."} + lineBreak + "0 mipmap(s) inserted." + lineBreak);
+        run.say("No mipmap selected.\r\n0 mipmap(s) inserted.\r\n");
     } else if (run.begin([&] { check(run, folder); }) && intoArchive) {
         insertIntoArchive(run);
     }

@@ -4,14 +4,9 @@
 #include "platform/posix/leftovers.hpp"
 #include "transfer/image_file_name.hpp"
 #include "transfer/picture_levels.hpp"
+#include "transfer/summary_text.hpp"
 
 namespace pelrath {
-
-namespace {
-
-constexpr const char* lineBreak = "\r\n";
-
-} // namespace
 
 ImageInsertion::ImageInsertion(const Controls& controls, MessageBoxes& boxes, const Session& session,
                                const TransferState& state, const TransferImaging& imaging)
@@ -32,7 +27,7 @@ void ImageInsertion::insertImage(ImageFileKind kind, InsertionRun& run) {
     if (const std::optional<LevelWish> wish = choose()) {
         insertChosen(kind, *wish, run, writer);
     } else {
-        run.say(std::string{"No mipmap selected."} + lineBreak);
+        run.say("No mipmap selected.\r\n");
     }
     run.say(std::to_string(writer.written()) + " mipmaps(s) inserted.");
 }

@@ -3,13 +3,9 @@
 #include "platform/posix/files.hpp"
 #include "transfer/failure_report.hpp"
 #include "transfer/numbered_copy.hpp"
+#include "transfer/summary_text.hpp"
 
 namespace pelrath {
-
-namespace {
-
-constexpr const char* lineBreak = "\r\n";
-} // namespace
 
 bool SafeCopy::makeSafeCopy(HeldArchive& archive, std::string& summary) {
     if (state_.safeCopyDone) return true; // what is about to be written is safe already

@@ -4,13 +4,13 @@
 #include "platform/posix/leftovers.hpp"
 #include "transfer/failure_report.hpp"
 #include "transfer/image_file_name.hpp"
+#include "transfer/summary_text.hpp"
 
 namespace pelrath {
 
 namespace {
 
 constexpr FailureWords failureWords{"SelectImage Error Number: ", "ImageSave Error : "};
-constexpr const char* lineBreak = "\r\n";
 
 } // namespace
 

@@ -8,11 +8,11 @@
 namespace pelrath::test {
 namespace {
 
-constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
 
 TEST(Listing, HeaderLines) {
-    EXPECT_EQ(listing::headerLine(records::Header0C{2, 1, -2, 3, most}),
+    EXPECT_EQ(listing::headerLine(records::Header0C{2, 1, -2, 3, largest}),
               "      2          1         -2          3  2147483647 ");
     EXPECT_EQ(listing::headerLine(records::HeaderCdds{1, 32767, 3, 4, 5, 6, least}),
               "         1      32767          3          4          5          6 -2147483648 ");

@@ -11,7 +11,6 @@ namespace fs = std::filesystem;
 
 constexpr int losses = 8;     // of one compression, in a channel
 constexpr int softened = 100; // of the two colours where they meet in a smaller level
-constexpr auto cdds = CddsType::TypeCdds;
 
 // What is put back of levels one by one is replayed in fuzz/dialog_fuzz.cpp.
 TEST(Insertion, PutsBackWhatWasExtractedByteForByteWhereverItLies) {

@@ -11,6 +11,8 @@
 namespace pelrath::test {
 
 /// What the user does in the dialog, one thing after another.
+constexpr auto cdds = CddsType::TypeCdds;
+
 using Step = std::function<void(TransferControls&)>;
 using Steps = std::vector<Step>;
 

@@ -7,8 +7,6 @@ namespace {
 namespace fs = std::filesystem;
 using Boxes = std::vector<ShownBox>;
 
-constexpr auto cdds = CddsType::TypeCdds;
-
 // Lines of a summary.
 const std::string writable = "CDDS Attributes changed to Read Write|",
                   readOnly = "CDDS Attributes changed to Read Only|";

@@ -14,8 +14,7 @@ namespace pelrath {
 
 namespace {
 
-constexpr std::string_view prefix = ".pelrath-";
-constexpr int attempts = 100;
+constexpr std::string_view hiddenPrefix = ".pelrath-";
 
 int outcome(int result) { return result == 0 ? 0 : errno; }
 
@@ -28,7 +27,7 @@ bool refusesLinks(int error) {
 
 } // namespace
 
-bool isHiddenName(std::string_view name) { return isUniqueName(name, prefix); }
+bool isHiddenName(std::string_view name) { return isUniqueName(name, hiddenPrefix); }
 
 NewFile::NewFile(NewFile&& other) noexcept
     : folder_(std::move(other.folder_)), file_(std::move(other.file_)),
@@ -58,8 +57,8 @@ int NewFile::create(const std::string& folder, Start start) {
 }
 
 int NewFile::createHidden() {
-    for (int i = 0; i < attempts; ++i) {
-        const std::string name = uniqueName(prefix);
+    for (int i = 0; i < uniqueNameAttempts; ++i) {
+        const std::string name = uniqueName(hiddenPrefix);
         file_ = FileHandle{
             ::openat(folder_.get(), name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600)};
         if (!file_ && errno != EEXIST) return errno;
@@ -101,8 +100,8 @@ int NewFile::replace(const std::string& name) {
         int error = link(name);
         if (error != EEXIST) return error;
         (void)tryLock(file_.get(), LockKind::Exclusive); // nobody has seen it yet
-        for (int i = 0; error == EEXIST && i < attempts; ++i) {
-            hidden_ = uniqueName(prefix);
+        for (int i = 0; error == EEXIST && i < uniqueNameAttempts; ++i) {
+            hidden_ = uniqueName(hiddenPrefix);
             error = link(hidden_);
         }
         if (error != 0) {

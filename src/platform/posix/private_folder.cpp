@@ -14,14 +14,13 @@ namespace pelrath {
 
 namespace {
 
-constexpr std::string_view prefix = "pelrath-";
-constexpr int attempts = 100;
+constexpr std::string_view folderPrefix = "pelrath-";
 
 bool isPicture(std::string_view name) { return name.ends_with(".png"); }
 
 } // namespace
 
-bool isPrivateFolderName(std::string_view name) { return isUniqueName(name, prefix); }
+bool isPrivateFolderName(std::string_view name) { return isUniqueName(name, folderPrefix); }
 
 int emptyPrivateFolder(int folder) {
     for (const char* name : temporaryNames) {
@@ -49,8 +48,8 @@ void PrivateFolder::make() {
     path_.clear();
     std::error_code none;
     const std::string temporary = std::filesystem::temp_directory_path(none).string();
-    for (int i = 0; !none && i < attempts; ++i) {
-        std::string path = joinPath(temporary, uniqueName(prefix));
+    for (int i = 0; !none && i < uniqueNameAttempts; ++i) {
+        std::string path = joinPath(temporary, uniqueName(folderPrefix));
         if (::mkdir(path.c_str(), 0700) != 0 && errno == EEXIST) continue;
         folder_ = openFolderToRead(path);
         if (!folder_) return;

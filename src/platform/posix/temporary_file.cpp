@@ -13,21 +13,20 @@ namespace pelrath {
 
 namespace {
 
-constexpr std::string_view prefix = "~pelrath-";
-constexpr int attempts = 100;
+constexpr std::string_view temporaryPrefix = "~pelrath-";
 
 } // namespace
 
 bool TemporaryFile::isName(std::string_view name) {
-    return isUniqueName(name.substr(0, name.find('.')), prefix);
+    return isUniqueName(name.substr(0, name.find('.')), temporaryPrefix);
 }
 
 TemporaryFile::TemporaryFile(std::string_view extension) {
     std::error_code noFolder;
     const std::string folder = std::filesystem::temp_directory_path(noFolder);
     const std::string end = extension.empty() ? "" : "." + std::string{extension};
-    for (int i = 0; !noFolder && i < attempts; ++i) {
-        std::string path = joinPath(folder, uniqueName(prefix) + end);
+    for (int i = 0; !noFolder && i < uniqueNameAttempts; ++i) {
+        std::string path = joinPath(folder, uniqueName(temporaryPrefix) + end);
         file_ = FileHandle{::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600)};
         if (!file_ && errno != EEXIST) return;
         // Whoever clears up may have taken it for a dead program's before it was locked.

@@ -6,6 +6,9 @@
 /// Names that nothing else has: a prefix and six letters or digits.
 namespace pelrath {
 
+/// How many names are tried before none is taken to be free.
+inline constexpr int uniqueNameAttempts = 100;
+
 /// Likely free; whoever takes it makes sure of that.
 [[nodiscard]] std::string uniqueName(std::string_view prefix);
 
