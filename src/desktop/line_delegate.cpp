@@ -2,7 +2,6 @@
 
 #include "desktop/whole_frames.hpp"
 
-#include <QFontInfo>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStyleOptionViewItem>
@@ -39,7 +38,7 @@ class LinePen {
 public:
     LinePen(QPainter& painter, const QRect& place)
         : painter_(painter), metrics_(painter.font()), column_(metrics_.horizontalAdvance('0')),
-          fixed_(QFontInfo{painter.font()}.fixedPitch()), x_(place.left()),
+          fixed_(metrics_.horizontalAdvance('i') == metrics_.horizontalAdvance('W')), x_(place.left()),
           baseline_(place.top() + (place.height() - QFontMetrics{painter.font()}.height()) / 2 +
                     QFontMetrics{painter.font()}.ascent()) {}
 
@@ -92,7 +91,7 @@ private:
     QPainter& painter_;
     QFontMetricsF metrics_;
     double column_;
-    bool fixed_;
+    bool fixed_; // as measured: some fixed fonts are not marked so, for the sake of their wide letters
     double x_;
     double baseline_;
 };
