@@ -1,5 +1,6 @@
 #include "desktop/line_delegate.hpp"
 
+#include "desktop/units.hpp"
 #include "desktop/whole_frames.hpp"
 
 #include <QFontMetrics>
@@ -33,14 +34,18 @@ bool isShapeless(char32_t c) {
     }
 }
 
+// On a whole pixel, as the letters are.
+int baselineIn(const QRect& place, const QFontMetrics& metrics) {
+    return place.top() + (place.height() - metrics.height()) / 2 + metrics.ascent();
+}
+
 // Draws a line from left to right, in the order of its characters.
 class LinePen {
 public:
     LinePen(QPainter& painter, const QRect& place)
         : painter_(painter), metrics_(painter.font()), column_(metrics_.horizontalAdvance('0')),
-          fixed_(metrics_.horizontalAdvance('i') == metrics_.horizontalAdvance('W')), x_(place.left()),
-          baseline_(place.top() + (place.height() - QFontMetrics{painter.font()}.height()) / 2 +
-                    QFontMetrics{painter.font()}.ascent()) {}
+          fixed_(isFixedPitch(metrics_)), x_(place.left()),
+          baseline_(baselineIn(place, QFontMetrics{painter.font()})) {}
 
     void draw(const QString& text) {
         if (std::all_of(text.begin(), text.end(), [](QChar c) { return isPlain(c.unicode()); })) {
@@ -91,7 +96,7 @@ private:
     QPainter& painter_;
     QFontMetricsF metrics_;
     double column_;
-    bool fixed_; // as measured: some fixed fonts are not marked so, for the sake of their wide letters
+    bool fixed_;
     double x_;
     double baseline_;
 };

@@ -1,7 +1,6 @@
 #include "desktop/units.hpp"
 
 #include <QFontDatabase>
-#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QScreen>
@@ -33,12 +32,16 @@ int unitsOfCharacters(const QString& text, std::size_t characters) {
     return static_cast<int>(i);
 }
 
+bool isFixedPitch(const QFontMetricsF& metrics) {
+    return metrics.horizontalAdvance('i') == metrics.horizontalAdvance('W');
+}
+
 namespace {
 
 // A desktop may call a proportional font its fixed-pitch one; columns need a true one.
 QFont listingFont() {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    if (!QFontInfo{font}.fixedPitch()) {
+    if (!isFixedPitch(QFontMetricsF{font})) {
         font = QFont{"monospace"};
         font.setStyleHint(QFont::Monospace);
         font.setFixedPitch(true);

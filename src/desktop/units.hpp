@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+class QFontMetricsF;
 class QWidget;
 
 namespace pelrath::desktop {
@@ -19,6 +20,9 @@ namespace pelrath::desktop {
 /// Positions in characters and in the UTF-16 units that Qt counts.
 [[nodiscard]] std::size_t charactersBefore(const QString& text, qsizetype units);
 [[nodiscard]] int unitsOfCharacters(const QString& text, std::size_t characters);
+
+/// As measured: some fixed-pitch fonts are not marked so, for the sake of their wide letters.
+[[nodiscard]] bool isFixedPitch(const QFontMetricsF& metrics);
 
 /// The primary screen's measures, and the fixed-pitch font of the listing. Lengths come out as at 96 dots an
 /// inch where there are fewer: texts do not shrink as far as places would.
